@@ -1,0 +1,58 @@
+// Reading goes through plain descriptors: a FIFO must not hold up the caller, so open never waits.
+#include "platform/files.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+#include "platform/paths.h"
+
+FileHandle& FileHandle::operator=(FileHandle&& other) noexcept {
+    if (this != &other) {
+        if (m_descriptor >= 0) close(m_descriptor);
+        m_descriptor = other.Release();
+    }
+    return *this;
+}
+
+FileHandle::~FileHandle() {
+    if (m_descriptor >= 0) close(m_descriptor);
+}
+
+int FileHandle::Release() {
+    return std::exchange(m_descriptor, -1);
+}
+
+FileHandle OpenForReading(const std::string& pathBytes) {
+    FileHandle file(open(pathBytes.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    struct stat facts {};
+    if (!file || fstat(file.Descriptor(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
+    return file;
+}
+
+FileHandle OpenForReading(TextView path) {
+    const std::optional<std::string> found = FindPath(path);
+    return found ? OpenForReading(*found) : FileHandle();
+}
+
+std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit) {
+    const FileHandle file = OpenForReading(path);
+    struct stat facts {};
+    if (!file || fstat(file.Descriptor(), &facts) != 0) return std::nullopt;
+    if (facts.st_size < 0 || static_cast<std::size_t>(facts.st_size) > limit) return std::nullopt;
+    std::string bytes(static_cast<std::size_t>(facts.st_size) + 1, '\0');
+    std::size_t filled = 0;
+    for (;;) {
+        const ssize_t count = read(file.Descriptor(), bytes.data() + filled, bytes.size() - filled);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return std::nullopt;
+        filled += static_cast<std::size_t>(count);
+        if (count == 0) break;
+        if (filled > limit) return std::nullopt;
+        if (filled == bytes.size()) bytes.resize(bytes.size() * 2);
+    }
+    bytes.resize(filled);
+    return bytes;
+}

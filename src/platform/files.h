@@ -1,0 +1,37 @@
+// The one opener for all that is read, and the reading of a whole file.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+
+#include "platform/text.h"
+
+/// An open file of this machine; closed with the object.
+class FileHandle {
+public:
+    FileHandle() = default;
+    explicit FileHandle(int descriptor) : m_descriptor(descriptor) {}
+    FileHandle(FileHandle&& other) noexcept : m_descriptor(other.Release()) {}
+    FileHandle& operator=(FileHandle&& other) noexcept;
+    ~FileHandle();
+
+    [[nodiscard]] explicit operator bool() const { return m_descriptor >= 0; }
+    [[nodiscard]] int Descriptor() const { return m_descriptor; }
+    /// Gives the descriptor away; the object is empty then.
+    int Release();
+
+private:
+    int m_descriptor = -1;
+};
+
+/// Opens a plain file for reading by a path of this machine. Doesn't wait on a FIFO and takes nothing but
+/// plain files; empty if that fails.
+[[nodiscard]] FileHandle OpenForReading(const std::string& pathBytes);
+
+/// The same by the system's text, through `FindPath`.
+[[nodiscard]] FileHandle OpenForReading(TextView path);
+
+/// All bytes of the plain file that `path` names. Nothing if it isn't there, can't be read, or holds more
+/// than `limit` bytes. A file that shrinks or grows meanwhile gives what was there.
+[[nodiscard]] std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit);

@@ -1,0 +1,38 @@
+// Only what is up is compared and noted, as a real window would.
+#include "platform/null/null_window.h"
+
+void NullWindow::ShowFirst() {
+    IsUp = true;
+    m_journal.Note("ShowFirst");
+    if (m_form) Shown = SceneOf(*m_form);
+}
+
+void NullWindow::Present() {
+    if (!IsUp || !m_form) return;
+    Scene now = SceneOf(*m_form);
+    if (now.Caption != Shown.Caption) m_journal.Note("Caption " + Utf8(now.Caption));
+    if (now.Client != Shown.Client)
+        m_journal.Note("Size " + std::to_string(now.Client.Right) + " x " +
+                       std::to_string(now.Client.Bottom));
+    if (now.Region != Shown.Region) m_journal.Note("Region");
+    if (now.State != Shown.State) m_journal.Note("State " + std::to_string(static_cast<int>(now.State)));
+    Damage = DamageBetween(Shown, now);
+    Shown = std::move(now);
+}
+
+void NullWindow::BeginMove(Integer button) {
+    m_journal.Note("BeginMove " + std::to_string(button));
+    if (WhileOpen) WhileOpen();
+}
+
+std::size_t NullWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {
+    m_journal.Note("PopupMenu");
+    MenuRows.clear();
+    for (std::size_t index = root + 1; index < menu.size() && menu[index].Level > menu[root].Level; ++index)
+        if (menu[index].Level == menu[root].Level + 1 && menu[index].Visible)
+            MenuRows.push_back(menu[index].Caption);
+    if (WhileOpen) WhileOpen();
+    for (std::size_t index = root + 1; index < menu.size(); ++index)
+        if (menu[index].Name == MenuChoice) return index;
+    return root;
+}

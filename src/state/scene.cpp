@@ -1,0 +1,76 @@
+// A scene copies what a figure's look depends on: the records may change under the one that is shown.
+#include "state/scene.h"
+
+#include <algorithm>
+
+namespace {
+
+void FillFigure(Figure& figure, const PictureBox& box, const Form& form) {
+    figure.Picture = box.Picture;
+    figure.Ground = &box == &form.picBackground;
+}
+
+void FillFigure(Figure& figure, const Label& label) {
+    figure.Caption = label.Caption;
+    figure.FontPx = label.FontPx;
+    figure.Colour = label.ForeColour;
+}
+
+void FillFigure(Figure& figure, const Shape& shape) {
+    figure.Form = shape.Form;
+    figure.Colour = shape.FillColour;
+    figure.BorderColour = shape.BorderColour;
+}
+
+bool ShowsNothing(const Figure& figure) {
+    if (Intersection(figure.Place, figure.Clip).IsEmpty()) return true;
+    if (figure.Kind == ControlKind::PictureBox) return !figure.Picture && !figure.Ground;
+    return figure.Kind == ControlKind::Label && figure.Caption.empty();
+}
+
+} // namespace
+
+Scene SceneOf(const Form& form) {
+    Scene scene{form.Caption, ClientArea(form), form.State, form.Region, {}};
+    for (const StackedControl& row : ControlStack(form)) {
+        Figure figure{};
+        figure.Kind = row.Kind;
+        figure.Source = row.Source;
+        figure.Place = row.Place;
+        figure.Clip = row.Clip;
+        switch (row.Kind) {
+        case ControlKind::PictureBox:
+            FillFigure(figure, static_cast<const PictureBox&>(*row.Source), form);
+            break;
+        case ControlKind::Label:
+            FillFigure(figure, static_cast<const Label&>(*row.Source));
+            break;
+        case ControlKind::Shape:
+            FillFigure(figure, static_cast<const Shape&>(*row.Source));
+            break;
+        case ControlKind::Scope:
+            figure.Bars = form.VFmp3scope1.Bars;
+            break;
+        }
+        if (!ShowsNothing(figure)) scene.Figures.push_back(std::move(figure));
+    }
+    return scene;
+}
+
+std::vector<Rect> DamageBetween(const Scene& shown, const Scene& now) {
+    std::vector<Rect> damage;
+    const auto add = [&](const Figure& figure) { damage.push_back(Intersection(figure.Place, figure.Clip)); };
+    const auto find = [](const Scene& scene, const Control* source) {
+        return std::find_if(scene.Figures.begin(), scene.Figures.end(),
+                            [&](const Figure& figure) { return figure.Source == source; });
+    };
+    for (const Figure& figure : now.Figures) {
+        const auto before = find(shown, figure.Source);
+        if (before != shown.Figures.end() && *before == figure) continue;
+        if (before != shown.Figures.end()) add(*before);
+        add(figure);
+    }
+    for (const Figure& figure : shown.Figures)
+        if (find(now, figure.Source) == now.Figures.end()) add(figure);
+    return damage;
+}

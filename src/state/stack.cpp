@@ -1,0 +1,60 @@
+// Places are sums of numbers out of skin files, so they are worked out wide and clamped.
+#include "state/stack.h"
+
+#include <limits>
+
+namespace {
+
+constexpr PictureBox Form::*kSurfaceBoxes[] = {&Form::picVolume,   &Form::picPlay,    &Form::picPause,
+                                               &Form::picBackward, &Form::picForward, &Form::picPlaylist,
+                                               &Form::picEject};
+
+std::int32_t Clamp(std::int64_t number) {
+    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::clamp(number, -kMost, kMost));
+}
+
+// The rectangle of `control`, with its container's corner at (`left`, `top`). No control has a size below 0.
+Rect PlaceOf(const Control& control, std::int64_t left, std::int64_t top) {
+    const std::int64_t right = left + control.Left + std::max(control.Width, Long{0});
+    const std::int64_t bottom = top + control.Top + std::max(control.Height, Long{0});
+    return {Clamp(left + control.Left), Clamp(top + control.Top), Clamp(right), Clamp(bottom)};
+}
+
+} // namespace
+
+Rect ClientArea(const Form& form) {
+    const std::int64_t widthPx = PixelsOfTwips(form.Width) - kFrameLeftPx - kFrameRightPx;
+    const std::int64_t heightPx = PixelsOfTwips(form.Height) - kFrameTopPx - kFrameBottomPx;
+    return {0, 0, Clamp(std::max<std::int64_t>(widthPx, 1)), Clamp(std::max<std::int64_t>(heightPx, 1))};
+}
+
+std::vector<StackedControl> ControlStack(const Form& form) {
+    std::vector<StackedControl> stack;
+    const PictureBox& surface = form.picBackground;
+    if (!surface.Visible) return stack;
+    const Rect place = PlaceOf(surface, 0, 0);
+    const Rect clip = Intersection(place, ClientArea(form));
+    stack.reserve(32);
+    stack.push_back({ControlKind::PictureBox, &surface, place, clip});
+    const auto add = [&](ControlKind kind, const Control& control) {
+        if (control.Visible)
+            stack.push_back({kind, &control, PlaceOf(control, surface.Left, surface.Top), clip});
+    };
+    add(ControlKind::Label, form.lblFilescroll);
+    add(ControlKind::Label, form.lblStatusLabel);
+    for (std::size_t index = form.shpPercent.size(); index-- > 0;)
+        if (form.shpPercent[index].Exists) add(ControlKind::Shape, form.shpPercent[index]);
+    add(ControlKind::Scope, form.VFmp3scope1);
+    for (std::size_t index = std::size(kSurfaceBoxes); index-- > 0;)
+        add(ControlKind::PictureBox, form.*kSurfaceBoxes[index]);
+    return stack;
+}
+
+const Control* ControlAt(const Form& form, int xPx, int yPx) {
+    const std::vector<StackedControl> stack = ControlStack(form);
+    for (auto row = stack.rbegin(); row != stack.rend(); ++row)
+        if (row->Kind != ControlKind::Shape && row->Place.Holds(xPx, yPx) && row->Clip.Holds(xPx, yPx))
+            return row->Source;
+    return nullptr;
+}

@@ -1,0 +1,44 @@
+// The schedule is kept beside the records: enabling a timer is only a write to its record.
+#include "state/timers.h"
+
+#include <algorithm>
+
+std::array<const Timer*, 3> TimersOf(const Form& form) {
+    return {&form.tmrSeekBackward, &form.tmrSeekForward, &form.tmrScrollFiletitle};
+}
+
+bool TimerCanAct(const Form& form, const Timer& timer) {
+    if (!timer.Enabled || timer.IntervalMs <= 0) return false;
+    return &timer != &form.tmrScrollFiletitle || !form.lblFilescroll.Caption.empty();
+}
+
+void TimerSchedule::Follow(const Form& form, std::int64_t nowMs) {
+    const auto timers = TimersOf(form);
+    for (std::size_t index = 0; index < timers.size(); ++index) {
+        if (!TimerCanAct(form, *timers[index]))
+            m_dueMs[index].reset();
+        else if (!m_dueMs[index])
+            m_dueMs[index] = nowMs + timers[index]->IntervalMs;
+    }
+}
+
+std::optional<std::int64_t> TimerSchedule::NextDue(const Form& form, std::int64_t nowMs) {
+    Follow(form, nowMs);
+    std::optional<std::int64_t> next;
+    for (const auto& dueMs : m_dueMs)
+        if (dueMs && (!next || *dueMs < *next)) next = dueMs;
+    if (next) next = std::max(*next, nowMs);
+    return next;
+}
+
+const Timer* TimerSchedule::TakeDue(const Form& form, std::int64_t nowMs) {
+    Follow(form, nowMs);
+    const auto timers = TimersOf(form);
+    for (std::size_t index = 0; index < timers.size(); ++index) {
+        if (!m_dueMs[index] || *m_dueMs[index] > nowMs) continue;
+        const std::int64_t intervalMs = timers[index]->IntervalMs;
+        *m_dueMs[index] += ((nowMs - *m_dueMs[index]) / intervalMs + 1) * intervalMs;
+        return timers[index];
+    }
+    return nullptr;
+}

@@ -1,0 +1,83 @@
+// Everything that the system knows, on one page: the form, the shared variables, the lists, and the parts
+// of the platform that it works with. Procedures take `Velora&` first.
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "platform/dialogs.h"
+#include "platform/loop.h"
+#include "platform/picture.h"
+#include "platform/player.h"
+#include "platform/scope.h"
+#include "platform/system.h"
+#include "platform/window.h"
+#include "state/form.h"
+#include "state/records.h"
+
+/// What the player is doing.
+enum class PlayerState : Long { Stopped, Playing, Paused, SeekingForward, SeekingBackward };
+
+/// The platform's parts, made by main, or by a test.
+struct PlatformParts {
+    ::Window& Window;
+    ::Dialogs& Dialogs;
+    ::Loop& Loop;
+    ::Pictures& Pictures;
+    ::System& System;
+    ::Player& Player;
+    ::Scope& Scope;
+};
+
+struct Velora {
+    explicit Velora(const PlatformParts& parts)
+        : Window(parts.Window), Dialogs(parts.Dialogs), Loop(parts.Loop), Pictures(parts.Pictures),
+          System(parts.System), VFmp3player1(parts.Player), VFmp3scope(parts.Scope) {}
+
+    ::Window& Window;
+    ::Dialogs& Dialogs;
+    ::Loop& Loop;
+    ::Pictures& Pictures;
+    ::System& System;
+    ::Player& VFmp3player1;
+    ::Scope& VFmp3scope;
+
+    Form frmMain;
+
+    ::PlayerState PlayerState = ::PlayerState::Stopped;
+
+    // Set once at start-up.
+    Text SettingsIni;
+    Text PlaylistsIni;
+    Text SkinsIni;
+    Integer MediaLimit = 0;
+    std::vector<FilterRow> MediaFilter;
+    std::vector<FilterRow> PlaylistFilter;
+    std::vector<FilterRow> SkinFilter;
+
+    // What the player's events said last; never cleared.
+    Integer TrackBitrate = 0;
+    Long TrackSampleRate = 0;
+    Text TrackTitle;
+    Text TrackArtist;
+    Long TrackLength = 0;
+
+    Integer CurrentTrack = 0; ///< The entry started last, 0 before the first.
+    Integer SeekOffset = 0;   ///< Seconds to seek by, collected while a seek button is held.
+
+    // The media list: element 0 is never filled, `Count` is the last entry.
+    std::array<MediaEntry, 2501> MediaList;
+    Integer Count = 0;
+
+    // The catalogue of playlists: element 0 is never filled.
+    std::array<PlaylistRecord, 501> Playlists;
+    Integer PlaylistCount = 0;
+
+    // The skins: slot 0 is never filled, a slot is filled once.
+    std::array<SkinRecord, 16> Skins;
+    Integer SkinCount = 0;
+    Integer CurrentSkin = 0;   ///< The slot now shown, 0 for none.
+    Integer LastSkin = 0;      ///< The slot that start-up has to show.
+    Integer RegionOffsetX = 0; ///< Pixels added to a region's `X1` and `X2`.
+    Integer RegionOffsetY = 0; ///< Pixels added to a region's `Y1` and `Y2`.
+};
