@@ -1,0 +1,26 @@
+#!/usr/bin/python3
+"""Draws the skins that Velora comes with, and writes their files, all anew.
+
+Needs the packages python3-numpy and python3-pil. The same files come out
+each time: nothing here is left to chance.
+"""
+import sys
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).parent))
+from skinlib import daybreak, output, plain  # noqa: E402
+
+HOME = Path(__file__).resolve().parent.parent / 'app' / 'VELORA_MAIN'
+
+
+def main():
+    home = Path(sys.argv[1]) if len(sys.argv) > 1 else HOME
+    home.mkdir(parents=True, exist_ok=True)
+    output.write_lights(home)
+    for skin in (daybreak.STANDARD, daybreak.SMALL):
+        output.write_skin(skin, home)
+    plain.write_plain(home)
+
+
+if __name__ == '__main__':
+    main()

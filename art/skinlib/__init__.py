@@ -1,0 +1,1 @@
+"""The parts that the skins' pictures are drawn with."""
