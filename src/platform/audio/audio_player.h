@@ -1,0 +1,71 @@
+// The real player: libmpg123 for the files, libpulse for the sound, each on threads of their own.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/audio/sample_ring.h"
+#include "platform/files.h"
+#include "platform/loop.h"
+#include "platform/player.h"
+
+class AudioEngine;
+class EventRelay;
+
+/// Opens a file of the media list for reading, or gives an empty handle. Called on threads of the player's,
+/// may take any time.
+using MediaOpener = std::function<FileHandle(const Text& path)>;
+
+/// What a test changes about the player; the program takes it as it is.
+struct AudioSettings {
+    MediaOpener Open = [](const Text& path) { return OpenForReading(TextView(path)); };
+    bool UseServer = true; ///< Without, everything plays on the silent clock.
+    std::string Server;    ///< A sound server's address; empty for the user's own.
+    double ClockSpeed = 1; ///< How much faster than real time the silent clock runs.
+};
+
+/// Every operation leaves a note for the player's own thread and returns; no file and no server is ever
+/// touched by the caller. Events come back through `Loop::Post`, one in each posted task.
+class AudioPlayer : public Player {
+public:
+    /// Starts no thread and opens nothing. `loop` and the ring that `Ring` gives outlive what is told here.
+    explicit AudioPlayer(Loop& loop, AudioSettings settings = {});
+    /// Ends the sound. Waits for the player's own thread, which never waits itself, but for no reader of a
+    /// file; must not run while `loop` runs one of this player's tasks.
+    ~AudioPlayer() override;
+    AudioPlayer(const AudioPlayer&) = delete;
+    AudioPlayer& operator=(const AudioPlayer&) = delete;
+
+    /// Who is told; until then events are dropped. `events` must stay as long as the player.
+    void Attach(PlayerEvents& events);
+
+    /// Begins the connection to the sound server, so that it stands when the first track comes. Optional;
+    /// returns at once.
+    void Prepare();
+
+    /// Where the player puts the samples for the scope, and where the window layer says whether it is seen.
+    [[nodiscard]] SampleRing& Ring() { return *m_ring; }
+
+    void LookIn(const std::vector<Text>& directories) override;
+    void TrackFile(const Text& path) override;
+    void Play() override;
+    void Stop() override;
+    void TogglePause() override;
+    void Seek(Long seconds) override;
+    void SetVolume(Integer& percent) override;
+
+private:
+    AudioEngine& Engine();
+
+    AudioSettings m_settings;
+    std::shared_ptr<SampleRing> m_ring;
+    std::shared_ptr<EventRelay> m_relay;
+    std::unique_ptr<AudioEngine> m_engine;
+    std::vector<Text> m_directories;
+    Text m_path;
+    int m_track = 0;       ///< Of the newest `Play` or `Stop`.
+    bool m_loaded = false; ///< Whether the newest of the two was `Play`.
+    Integer m_percent = 100;
+};
