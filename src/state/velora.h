@@ -9,6 +9,7 @@
 #include "platform/loop.h"
 #include "platform/picture.h"
 #include "platform/player.h"
+#include "platform/regions.h"
 #include "platform/scope.h"
 #include "platform/system.h"
 #include "platform/window.h"
@@ -80,4 +81,5 @@ struct Velora {
     Integer LastSkin = 0;      ///< The slot that start-up has to show.
     Integer RegionOffsetX = 0; ///< Pixels added to a region's `X1` and `X2`.
     Integer RegionOffsetY = 0; ///< Pixels added to a region's `Y1` and `Y2`.
+    RegionTable Regions;       ///< The region objects behind the skins' handles.
 };
