@@ -13,7 +13,9 @@
 #include "platform/scope.h"
 #include "platform/system.h"
 #include "platform/window.h"
+#include "state/capture.h"
 #include "state/form.h"
+#include "state/media_index.h"
 #include "state/records.h"
 
 /// What the player is doing.
@@ -44,6 +46,7 @@ struct Velora {
     ::Scope& VFmp3scope;
 
     Form frmMain;
+    MouseCapture Capture; ///< Which control has the mouse.
 
     ::PlayerState PlayerState = ::PlayerState::Stopped;
 
@@ -69,6 +72,7 @@ struct Velora {
     // The media list: element 0 is never filled, `Count` is the last entry.
     std::array<MediaEntry, 2501> MediaList;
     Integer Count = 0;
+    MediaIndex MediaNames; ///< Only `FindMedia` uses it.
 
     // The catalogue of playlists: element 0 is never filled.
     std::array<PlaylistRecord, 501> Playlists;

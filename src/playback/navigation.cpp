@@ -1,0 +1,93 @@
+// The index of a step is settled before the wait, so that impatient clicks don't add up.
+#include "playback/navigation.h"
+
+#include <algorithm>
+
+#include "display/characters.h"
+#include "display/progress.h"
+#include "platform/paths.h"
+#include "playlist/media_list.h"
+
+namespace {
+
+constexpr double kSecondsBetweenTracks = 0.2;
+constexpr int kSuffixCharacters = 4;
+
+// Whether the entry may be started.
+bool IsPlayable(const Velora& velora, Integer Index) {
+    if (Index < 1 || static_cast<std::size_t>(Index) >= velora.MediaList.size()) return false;
+    const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(Index)];
+    if (entry.Type != kMp1Media && entry.Type != kMp2Media && entry.Type != kMp3Media) return false;
+    return entry.Enabled && !(entry.Path.empty() && entry.File.empty());
+}
+
+void Step(Velora& velora, std::optional<Integer> target) {
+    if (!target) return;
+    velora.VFmp3player1.Stop();
+    ResetDisplay(velora);
+    Delay(velora.Loop, kSecondsBetweenTracks);
+    StartTrack(velora, *target);
+}
+
+} // namespace
+
+Text DisplayName(TextView fileName) {
+    TextView name = fileName;
+    for (int cut = 0; cut < kSuffixCharacters; ++cut) {
+        if (name.empty()) return Text(fileName);
+        name = WithoutLastCharacter(name);
+    }
+    return Text(name) + u" ... ";
+}
+
+std::vector<Text> LookInDirectories(const Velora& velora) {
+    std::vector<Text> directories;
+    const auto add = [&](Text directory) {
+        if (!directory.ends_with(u'\\')) directory += u'\\';
+        if (std::find(directories.begin(), directories.end(), directory) == directories.end())
+            directories.push_back(std::move(directory));
+    };
+    add(velora.System.CurrentDirectory());
+    for (const PlaylistRecord& record : velora.Playlists)
+        if (record.Enabled) add(record.Path);
+    return directories;
+}
+
+void StartTrack(Velora& velora, Integer Index) {
+    if (!IsPlayable(velora, Index)) return;
+    Form& form = velora.frmMain;
+    const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(Index)];
+    const Text path = entry.Path + entry.File;
+    velora.VFmp3player1.Stop();
+    velora.VFmp3player1.LookIn(LookInDirectories(velora));
+    velora.VFmp3player1.TrackFile(path);
+    velora.VFmp3player1.Play();
+    form.VFmp3scope1.Visible = true;
+    SetPicture(form.picPlay, form.picStop1.Picture);
+    velora.PlayerState = PlayerState::Playing;
+    form.lblFilescroll.Caption = DisplayName(GetFileName(path));
+    form.tmrScrollFiletitle.Enabled = true;
+    form.lblStatusLabel.Caption = u"Playing";
+    velora.CurrentTrack = Index;
+}
+
+std::optional<Integer> IndexAfter(Integer current, Integer count) {
+    if (count == 0 || count == 1) return std::nullopt;
+    if (current == count || current == 0) return Integer{1};
+    return static_cast<Integer>(current + 1);
+}
+
+std::optional<Integer> IndexBefore(Integer current, Integer count) {
+    if (count == 0) return std::nullopt;
+    if (current == count) return static_cast<Integer>(current - 1);
+    if (current == 1 || current == 0) return count;
+    return static_cast<Integer>(current - 1);
+}
+
+void NextTrack(Velora& velora) {
+    Step(velora, IndexAfter(velora.CurrentTrack, velora.Count));
+}
+
+void PreviousTrack(Velora& velora) {
+    Step(velora, IndexBefore(velora.CurrentTrack, velora.Count));
+}

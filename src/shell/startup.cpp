@@ -1,0 +1,42 @@
+// The order of the steps matters: the skins need the filters, the command line needs the lists.
+#include "shell/startup.h"
+
+#include "display/characters.h"
+#include "platform/paths.h"
+#include "playback/navigation.h"
+#include "playlist/media_list.h"
+#include "shell/window_behaviour.h"
+
+namespace {
+
+constexpr Integer kMediaLimit = 2500;
+constexpr Integer kCommandLineFlag = 1;
+
+void StartFromCommandLine(Velora& velora) {
+    CommandLineFile file = FileOfCommandLine(velora.System.CommandLine());
+    if (file.Directory.empty()) return;
+    const Integer index = AddMedia(velora, kCommandLineFlag, file.Directory, file.FileName);
+    if (index != 0) StartTrack(velora, index);
+}
+
+} // namespace
+
+CommandLineFile FileOfCommandLine(TextView commandLine) {
+    const TextView path = WithoutFirstCharacter(WithoutLastCharacter(commandLine));
+    const Text fileName = GetFileName(path);
+    return {Text(path.substr(0, path.size() - fileName.size())), fileName};
+}
+
+void Form_Load(Velora& velora) {
+    ResetObjects(velora);
+    InitialiseApplication(velora);
+    StartFromCommandLine(velora);
+    SetPicture(velora.frmMain.picPlay, velora.frmMain.picPlay1.Picture);
+}
+
+void InitialiseApplication(Velora& velora) {
+    velora.MediaLimit = kMediaLimit;
+    velora.PlaylistsIni = velora.System.IniFile(u"\\velplaylists.ini");
+    velora.SettingsIni = velora.System.IniFile(u"\\velsettings.ini");
+    velora.SkinsIni = velora.System.IniFile(u"\\velskins.ini");
+}
