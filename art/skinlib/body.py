@@ -9,7 +9,8 @@ from .region import shape
 
 OUTLINE = linear('#150b06')
 # Colour of the sky by the distance from the sun in pixels.
-DAWN = [(16, '#ffbe78'), (32, '#e88a5c'), (50, '#b25060'), (74, '#6b3570'), (100, '#37306f'), (128, '#1c2b66'), (165, '#0d1a45')]
+DAWN = [(16, '#ffbe78'), (32, '#e88a5c'), (50, '#b25060'), (74, '#6b3570'),
+        (100, '#37306f'), (128, '#1c2b66'), (165, '#0d1a45')]
 DEEP = [(0, '#1f5f7a'), (60, '#17446a'), (150, '#0c2048')]
 
 

@@ -66,7 +66,7 @@ SMALL = Skin(
         ('knob left', rgn(ELLIPSE, 0, 38, 13, 51, **join(OR, 1, 4))),
         ('knob right', rgn(ELLIPSE, 299, 38, 312, 51, **join(OR, 1, 5))),
     ],
-    sun=(AXIS, 43.5), sun_r=12.5, ray_reach=0.8, flames=19.5,
+    sun=(AXIS, 43.5), sun_r=12.5, ray_reach=0.8, flames=23,
     caps={'playlist': (76.5, 51.5), 'pause': (100.5, 47.5), 'backward': (126.5, 45.5),
           'forward': (185.5, 45.5), 'eject': (211.5, 47.5)},
     cap_r=9, cap_size=3.6, sun_size=5.6,

@@ -1,5 +1,4 @@
 """Writes a skin's pictures, its shape file and its skin file."""
-import numpy as np
 from PIL import Image
 
 from .daybreak import LIGHT_SIZE, lights

@@ -3,9 +3,9 @@ import numpy as np
 from PIL import Image
 
 from . import body, caps, moon, symbols
-from .canvas import Canvas, cover, linear
+from .canvas import Canvas
 from .daybreak import LIGHT_SIZE, lights
-from .geometry import disc, slab
+from .geometry import slab
 from .region import mask
 from .skinfile import regions as numbered
 

@@ -31,7 +31,8 @@ def background():
 
 def signs(draw, name, x, y, r):
     """The symbol of a button around x, y."""
-    right, left = [(x - r + 1, y - r), (x + r - 1, y), (x - r + 1, y + r)], [(x + r - 1, y - r), (x - r + 1, y), (x + r - 1, y + r)]
+    right = [(x - r + 1, y - r), (x + r - 1, y), (x - r + 1, y + r)]
+    left = [(x + r - 1, y - r), (x - r + 1, y), (x + r - 1, y + r)]
     box = (x - r, y - r, x + r, y + r)
     if name == 'play':
         draw.polygon(right, SIGN)
@@ -86,10 +87,10 @@ def skin_text():
                    filename2=f'{FOLDER}\\{name}_down.gif') for name, kind, (x, y) in BUTTONS]
     steps = {f'y{i}': row * TWIPS for i, row in enumerate(STEP_ROWS, 1)}
     things += [dict(name='visualisation', type=8, left=190, top=15, width=44, height=18),
-               dict(name='title', type=9, left=79, top=37, width=154, height=9),
+               dict(name='title', type=9, left=77, top=37, width=156, height=9),
                dict(name='volume', type=11, left=242, top=14, filename=f'{FOLDER}\\volume.gif',
                     filename2=f'{FOLDER}\\volume.gif', **steps),
-               dict(name='status', type=12, left=79, top=46, width=66, height=11),
+               dict(name='status', type=12, left=77, top=46, width=66, height=11),
                dict(name='lights', type=13, filename=f'{FOLDER}\\lights.ini')]
     objects = [(f'object{n}', dict(enabled=True, **keys)) for n, keys in enumerate(things, 1)]
     return [('Settings', settings), *regions, *objects]
@@ -105,7 +106,7 @@ def write_plain(home):
             button(name, size, r, pressed).save(folder / f'{name}{end}.gif')
     for step in range(8):
         volume(step).save(folder / f"volume{step or ''}.gif")
-    rows = [(str(i), dict(left=140 + 7 * i, top=48, width=6, height=7, shape=0,
+    rows = [(str(i), dict(left=136 + 7 * i, top=48, width=6, height=7, shape=0,
                           backcolor='vbRed', bordercolor='vbBlack')) for i in range(1, 14)]
     write_text(folder / 'lights.ini', rows)
     write_text(home / 'plain.vs4', skin_text())
