@@ -1,0 +1,68 @@
+// The event leaves the queue before its handler runs, so a handler that waits doesn't hold up or repeat any.
+#include "platform/audio/event_relay.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+template<typename... Calls>
+struct Overloaded : Calls... {
+    using Calls::operator()...;
+};
+
+bool IsPassing(const PlayerEvent& event) {
+    return std::holds_alternative<VisEvent>(event) || std::holds_alternative<PositionEvent>(event);
+}
+
+void Tell(PlayerEvents& events, const PlayerEvent& event) {
+    std::visit(Overloaded{
+                   [&](const TagEvent& told) {
+                       const TrackTags& tags = told.Tags;
+                       events.OnTagInfo(tags.Title, tags.Artist, tags.Album, tags.Year, tags.Comment,
+                                        tags.Genre);
+                   },
+                   [&](const StreamEvent& told) {
+                       events.OnStreamInfo(told.Bitrate, told.SampleRate, told.Channels);
+                   },
+                   [&](const LengthEvent& told) { events.OnTrackLength(told.LengthMs); },
+                   [&](const VisEvent& told) { events.OnVisData(told.Frame); },
+                   [&](const PositionEvent& told) { events.OnPosition(told.PositionMs); },
+               },
+               event);
+}
+
+} // namespace
+
+void EventRelay::Raise(const EventStamp& stamp, PlayerEvent event) {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (IsPassing(event)) {
+            const auto same = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Waiting& waiting) {
+                return waiting.Stamp.Track == stamp.Track && waiting.Event.index() == event.index();
+            });
+            if (same != m_waiting.end()) {
+                *same = {stamp, std::move(event)};
+                return;
+            }
+        }
+        m_waiting.push_back({stamp, std::move(event)});
+    }
+    m_loop.Post([relay = shared_from_this()] { relay->DeliverOne(); });
+}
+
+bool EventRelay::IsWanted(const Waiting& waiting) const {
+    if (!m_events || waiting.Stamp.Track != m_expected.Track) return false;
+    return !IsPassing(waiting.Event) || waiting.Stamp.Command == m_expected.Command;
+}
+
+void EventRelay::DeliverOne() {
+    std::optional<Waiting> first;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_waiting.empty()) return;
+        first = std::move(m_waiting.front());
+        m_waiting.pop_front();
+    }
+    if (IsWanted(*first)) Tell(*m_events, first->Event);
+}

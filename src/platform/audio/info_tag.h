@@ -1,0 +1,18 @@
+// What an encoder wrote about the whole file into the frame before the first sound.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+class MediaFile;
+
+/// Read from a Xing, Info or VBRI tag; 0 for a number that isn't there.
+struct InfoTag {
+    std::int64_t Frames = 0; ///< MPEG frames.
+    std::int64_t Bytes = 0;  ///< Of all of them.
+    std::int64_t At = 0;     ///< Where in the file the tag's frame begins.
+    bool IsVbri = false;     ///< This kind the decoder doesn't know: it plays the frame as sound.
+};
+
+/// The tag beside the frame that begins at `framePosition`, the first that the decoder takes for sound.
+[[nodiscard]] std::optional<InfoTag> FindInfoTag(MediaFile& file, std::int64_t framePosition);

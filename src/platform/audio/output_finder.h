@@ -1,0 +1,25 @@
+// Which output a track gets: the sound server's if there is one, else the silent clock.
+#pragma once
+
+#include "platform/audio/clock_output.h"
+#include "platform/audio/pulse_output.h"
+#include "platform/audio/pulse_server.h"
+
+class OutputFinder : public OutputChooser {
+public:
+    /// Without `useServer` the clock is the only output.
+    OutputFinder(PulseServer& server, bool useServer, double clockSpeed)
+        : m_server(server), m_useServer(useServer), m_pulse(server), m_clock(clockSpeed) {}
+
+    void Begin(std::int64_t nowUs) override;
+    [[nodiscard]] SoundOutput* Choose(bool mustSound, std::int64_t nowUs) override;
+    void NoteLost(std::int64_t nowUs) override;
+    [[nodiscard]] std::optional<std::int64_t> DueUs() const override;
+
+private:
+    PulseServer& m_server;
+    bool m_useServer;
+    PulseOutput m_pulse;
+    ClockOutput m_clock;
+    std::optional<std::int64_t> m_retryAtUs; ///< Until then the server isn't tried again.
+};

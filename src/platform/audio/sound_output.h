@@ -1,0 +1,71 @@
+// Where decoded sound goes: a stream of a sound server, or a clock that only counts.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "platform/audio/sound_format.h"
+
+enum class OutputState {
+    Closed,
+    Opening, ///< Asked for; takes nothing yet.
+    Running,
+    Lost ///< Ended from outside, or never came about.
+};
+
+/// How much is queued ahead of what is heard.
+constexpr int kAheadMs = 1000;
+
+/// One stream of sound. All calls come from the player's thread, return at once, and are given the time in
+/// microseconds on a clock that never jumps. Frames are counted from 0 at `Open` and again at each `Drop`.
+class SoundOutput {
+public:
+    virtual ~SoundOutput() = default;
+
+    /// Begins a stream. `title` is what a desktop's mixer shows.
+    virtual void Open(const SoundFormat& format, const std::string& title, std::int64_t nowUs) = 0;
+    /// Ends it: silence at once. Harmless when closed.
+    virtual void Close() = 0;
+    [[nodiscard]] virtual OutputState State() const = 0;
+
+    /// Whether a person could hear it.
+    [[nodiscard]] virtual bool Sounds() const = 0;
+
+    /// How many frames `Write` should be given now.
+    [[nodiscard]] virtual std::int64_t WritableFrames(std::int64_t nowUs) = 0;
+    /// Queues whole frames behind those written before.
+    virtual void Write(std::span<const std::int16_t> samples, std::int64_t nowUs) = 0;
+    /// Puts `samples` in the place of the last ones written, as many as they are. What has been heard
+    /// meanwhile stays so.
+    virtual void Rewrite(std::span<const std::int16_t> samples) = 0;
+
+    /// Silence at once with everything kept, or on from the same place.
+    virtual void Hold(bool held, std::int64_t nowUs) = 0;
+    /// Forgets what is queued; the next frame written is heard next, and is frame 0.
+    virtual void Drop(std::int64_t nowUs) = 0;
+
+    /// The number of frames heard so far: never goes back, never above what was written.
+    [[nodiscard]] virtual std::int64_t HeardFrames(std::int64_t nowUs) = 0;
+
+    /// When the output wants the next call of any kind by itself, beside what the server sends.
+    [[nodiscard]] virtual std::optional<std::int64_t> DueUs() const = 0;
+    virtual void Poll(std::int64_t nowUs) = 0;
+};
+
+/// Finds the output for a track.
+class OutputChooser {
+public:
+    virtual ~OutputChooser() = default;
+
+    /// A track begins: forgets that a server couldn't be reached before.
+    virtual void Begin(std::int64_t nowUs) = 0;
+    /// The output to open, or the null pointer while that isn't decided. With `mustSound`, for a track that
+    /// was heard already, never the silent clock, however long the server stays away.
+    [[nodiscard]] virtual SoundOutput* Choose(bool mustSound, std::int64_t nowUs) = 0;
+    /// The output that was chosen last has been lost: it isn't chosen again for about a second.
+    virtual void NoteLost(std::int64_t nowUs) = 0;
+    /// When to ask again, if nothing else happens before.
+    [[nodiscard]] virtual std::optional<std::int64_t> DueUs() const = 0;
+};
