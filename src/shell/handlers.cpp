@@ -2,6 +2,8 @@
 #include "shell/handlers.h"
 
 #include "display/ticker.h"
+#include "playback/seeking.h"
+#include "shell/mouse.h"
 #include "shell/window_behaviour.h"
 
 namespace {
@@ -12,12 +14,16 @@ struct TimerRow {
 };
 
 constexpr TimerRow kTimers[] = {
+    {&Form::tmrSeekBackward, tmrSeekBackward_Timer},
+    {&Form::tmrSeekForward, tmrSeekForward_Timer},
     {&Form::tmrScrollFiletitle, tmrScrollFiletitle_Timer},
 };
 
 } // namespace
 
-void FormHandlers::OnPointer(const PointerEvent&) {}
+void FormHandlers::OnPointer(const PointerEvent& event) {
+    HandlePointer(m_velora, event);
+}
 
 void FormHandlers::OnTimer(const Timer& timer) {
     for (const TimerRow& row : kTimers)

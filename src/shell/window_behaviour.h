@@ -24,11 +24,11 @@ void lblStatusLabel_MouseDown(Velora& velora, const MouseEvent& event);
 
 void mnuMinimize_Click(Velora& velora);
 
-/// Ends the process without a word to the player.
-[[noreturn]] void mnuExitVelora_Click(Velora& velora);
+/// Ends the process without a word to the player. Doesn't return.
+void mnuExitVelora_Click(Velora& velora);
 
 /// Starts the encoder beside the program, or tells that it isn't there.
 void mnuRunPressdeck_Click(Velora& velora);
 
-/// The platform closes the window: the player stops, the process ends.
-[[noreturn]] void Form_Unload(Velora& velora);
+/// The platform closes the window: the player stops, the process ends. Doesn't return.
+void Form_Unload(Velora& velora);
