@@ -1,1 +1,88 @@
-int main() {}
+// Puts the real parts together and runs the loop.
+#include <QApplication>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "platform/audio/audio_player.h"
+#include "platform/audio/audio_scope.h"
+#include "platform/machine.h"
+#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_loop.h"
+#include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_signals.h"
+#include "platform/qt/qt_system.h"
+#include "platform/qt/qt_window.h"
+#include "playback/player_events.h"
+#include "shell/handlers.h"
+#include "shell/startup.h"
+#include "state/velora.h"
+
+namespace {
+
+// What has to be settled before the application object exists.
+void PrepareToolkit() {
+    // A sound server that goes away in the middle of a message must not end the program.
+    std::signal(SIGPIPE, SIG_IGN);
+    // Shared memory shows a small window sooner and with less of it than a graphics library would.
+    setenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm", 0);
+    QApplication::setDesktopSettingsAware(false);
+}
+
+void PrepareApplication() {
+    QApplication::setQuitOnLastWindowClosed(false);
+    // The volume compares positions exactly, so no motion may be merged away. Set before the application
+    // object exists, this would be lost.
+    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    QGuiApplication::setDesktopFileName(QStringLiteral("velora"));
+}
+
+// The state, and the scope that draws into its form: each knows the other.
+struct Logic {
+    Logic(QtWindow& window, QtDialogs& dialogs, QtLoop& loop, QtPictures& pictures, QtSystem& machine,
+          AudioPlayer& player)
+        : State({window, dialogs, loop, pictures, machine, player, Scope}),
+          Scope(player.Ring(), State.frmMain.VFmp3scope1.Bars) {}
+
+    Velora State;
+    AudioScope Scope;
+};
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const Text commandLine =
+        CommandLineText(std::vector<std::string>(arguments + 1, arguments + count), ProcessDirectory());
+    PrepareToolkit();
+
+    QtLoop loop;
+    AudioPlayer player(loop);
+    // The way to the sound begins beside the window, not behind it.
+    if (!commandLine.empty()) player.Prepare();
+
+    // The toolkit takes no argument away from the command line, since it sees none.
+    int toolkitCount = 1;
+    QApplication application(toolkitCount, arguments);
+    PrepareApplication();
+
+    QtWindow window(loop);
+    QtDialogs dialogs(window);
+    QtPictures pictures;
+    QtSystem machine(commandLine, [](const Text&) { return false; });
+    Logic logic(window, dialogs, loop, pictures, machine, player);
+    Velora& velora = logic.State;
+    FormHandlers formHandlers(velora);
+    PlayerHandlers playerHandlers(velora);
+
+    machine.Attach(window);
+    player.Attach(playerHandlers);
+    window.Attach(velora.frmMain, formHandlers, [&](bool seen) { player.Ring().SetSeen(seen); });
+    loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
+    if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
+
+    Form_Load(velora);
+    window.ShowFirst();
+    loop.Run();
+    machine.EndProcess();
+}

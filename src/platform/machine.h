@@ -1,0 +1,22 @@
+// Where the process is and what it was started with, as the system's texts.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/text.h"
+
+/// The directory of the program's file, links resolved, without a trailing backslash.
+[[nodiscard]] Text ProgramDirectory();
+
+/// The directory in which the process was started, without a trailing backslash but for the root's.
+[[nodiscard]] Text ProcessDirectory();
+
+/// The command line's text behind the program's name: each argument made absolute (`directory`, a backslash,
+/// the argument; links kept), in quotation marks, joined by blanks. Empty arguments are left out.
+[[nodiscard]] Text CommandLineText(const std::vector<std::string>& arguments, const Text& directory);
+
+/// The path of one of the three ini files; `name` begins with a backslash. It is beside the program unless
+/// that directory can't be written, as in an installation for all users: then a file in `velora` below the
+/// user's data directory goes first, and is the one that is written.
+[[nodiscard]] Text IniPlace(const Text& programDirectory, const Text& name);

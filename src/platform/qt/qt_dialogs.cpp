@@ -1,0 +1,74 @@
+// Each dialog runs a loop of the toolkit's own, in which everything else goes on.
+#include "platform/qt/qt_dialogs.h"
+
+#include <QFile>
+#include <QInputDialog>
+#include <QMessageBox>
+
+#include "platform/paths.h"
+#include "platform/qt/qt_text.h"
+
+namespace {
+
+constexpr char kApplicationName[] = "Velora";
+
+// A row as the toolkit wants it: the label, and behind it the pattern, which is then hidden. All files are
+// `*` there; `*.*` would leave out those without a point.
+QString NameFilter(const FilterRow& row) {
+    const QString pattern = row.Pattern == u"*.*" ? QStringLiteral("*") : ToQString(row.Pattern);
+    return ToQString(row.Label) + QStringLiteral(" (") + pattern + QStringLiteral(")");
+}
+
+} // namespace
+
+// A dialog that belongs to a window which never came up would not be centred on anything.
+QWidget* QtDialogs::Owner() const {
+    return m_owner.isVisible() ? &m_owner : nullptr;
+}
+
+MessageAnswer QtDialogs::MessageBox(const Text& text, MessageButtons buttons, MessageIcon icon) {
+    QMessageBox box(Owner());
+    box.setWindowTitle(QString::fromLatin1(kApplicationName));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQString(text));
+    box.setIcon(icon == MessageIcon::Question ? QMessageBox::Question : QMessageBox::NoIcon);
+    if (buttons == MessageButtons::Ok) {
+        box.setStandardButtons(QMessageBox::Ok);
+    } else {
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setEscapeButton(QMessageBox::No);
+    }
+    const int answer = box.exec();
+    if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
+    return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+Text QtDialogs::InputBox(const Text& prompt, const Text& title) {
+    QInputDialog box(Owner());
+    box.setWindowTitle(ToQString(title));
+    box.setLabelText(ToQString(prompt));
+    return box.exec() == QDialog::Accepted ? ToText(box.textValue()) : Text();
+}
+
+Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) {
+    if (!m_chooser) {
+        m_chooser = new QFileDialog;
+        m_chooser->setFileMode(QFileDialog::ExistingFile);
+        m_chooser->setAcceptMode(QFileDialog::AcceptOpen);
+        m_chooser->setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails |
+                              QFileDialog::ReadOnly);
+    }
+    m_chooser->setParent(Owner(), m_chooser->windowFlags());
+    m_chooser->setWindowTitle(ToQString(title));
+    QStringList filters;
+    for (const FilterRow& row : rows)
+        filters.append(NameFilter(row));
+    m_chooser->setNameFilters(filters);
+    if (!filters.isEmpty()) m_chooser->selectNameFilter(filters.first());
+    if (const std::optional<std::string> found = FindPath(directory))
+        m_chooser->setDirectory(QFile::decodeName(found->c_str()));
+    m_chooser->selectFile(QString());
+    if (m_chooser->exec() != QDialog::Accepted || m_chooser->selectedFiles().isEmpty()) return {};
+    const QByteArray path = QFile::encodeName(m_chooser->selectedFiles().constFirst());
+    return PathText(std::string_view(path.constData(), static_cast<std::size_t>(path.size())));
+}

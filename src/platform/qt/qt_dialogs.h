@@ -1,0 +1,23 @@
+// The modal dialogs, on the toolkit's own.
+#pragma once
+
+#include <QFileDialog>
+
+#include "platform/dialogs.h"
+
+class QtDialogs : public Dialogs {
+public:
+    /// `owner` is the window that the dialogs block once it shows.
+    explicit QtDialogs(QWidget& owner) : m_owner(owner) {}
+
+    MessageAnswer MessageBox(const Text& text, MessageButtons buttons, MessageIcon icon) override;
+    [[nodiscard]] Text InputBox(const Text& prompt, const Text& title) override;
+    [[nodiscard]] Text ChooseFile(const Text& title, const Text& directory,
+                                  const std::vector<FilterRow>& rows) override;
+
+private:
+    [[nodiscard]] QWidget* Owner() const;
+
+    QWidget& m_owner;
+    QFileDialog* m_chooser = nullptr; ///< Made once and never destroyed: its end would write a settings file.
+};

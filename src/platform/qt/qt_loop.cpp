@@ -1,0 +1,120 @@
+// A timer of the toolkit does not fire again while its own slot runs, so a tick is only posted from there.
+#include "platform/qt/qt_loop.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace {
+
+const auto kTaskEvent = static_cast<QEvent::Type>(QEvent::User + 1);
+const auto kTickEvent = static_cast<QEvent::Type>(QEvent::User + 2);
+
+} // namespace
+
+QtLoop::QtLoop() {
+    m_tick.setSingleShot(true);
+    m_tick.setTimerType(Qt::PreciseTimer);
+    connect(&m_tick, &QTimer::timeout, this, [this] {
+        m_tickDueMs = -1;
+        QCoreApplication::postEvent(this, new QEvent(kTickEvent));
+    });
+}
+
+void QtLoop::Attach(const Form& form, FormEvents& events, std::function<void()> afterEvent) {
+    m_form = &form;
+    m_events = &events;
+    m_afterEvent = std::move(afterEvent);
+}
+
+void QtLoop::Run() {
+    ScheduleTick();
+    QCoreApplication::exec();
+}
+
+void QtLoop::Wait(double seconds) {
+    if (m_afterEvent) m_afterEvent();
+    ScheduleTick();
+    if (seconds <= 0) {
+        Turn();
+        return;
+    }
+    QEventLoop waiting;
+    QTimer end;
+    end.setSingleShot(true);
+    end.setTimerType(Qt::PreciseTimer);
+    connect(&end, &QTimer::timeout, &waiting, &QEventLoop::quit);
+    end.start(std::chrono::milliseconds(static_cast<std::int64_t>(seconds * 1000 + 0.5)));
+    waiting.exec();
+}
+
+void QtLoop::Turn() {
+    QCoreApplication::processEvents();
+}
+
+std::int64_t QtLoop::NowMs() const {
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+}
+
+void QtLoop::Post(std::function<void()> task) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_tasks.push_back(std::move(task));
+    }
+    QCoreApplication::postEvent(this, new QEvent(kTaskEvent));
+}
+
+void QtLoop::Handle(const std::function<void()>& handler) {
+    handler();
+    if (m_afterEvent) m_afterEvent();
+    ScheduleTick();
+}
+
+bool QtLoop::event(QEvent* event) {
+    if (event->type() == kTaskEvent) {
+        RunOneTask();
+        return true;
+    }
+    if (event->type() == kTickEvent) {
+        TickDueTimers();
+        return true;
+    }
+    return QObject::event(event);
+}
+
+void QtLoop::RunOneTask() {
+    std::function<void()> task;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_tasks.empty()) return;
+        task = std::move(m_tasks.front());
+        m_tasks.pop_front();
+    }
+    Handle(task);
+}
+
+void QtLoop::TickDueTimers() {
+    if (!m_form) return;
+    while (const Timer* timer = m_schedule.TakeDue(*m_form, NowMs())) {
+        // The next tick is set before the handler: one that waits must not hold up the other timers.
+        ScheduleTick();
+        Handle([&] { m_events->OnTimer(*timer); });
+    }
+    ScheduleTick();
+}
+
+void QtLoop::ScheduleTick() {
+    if (!m_form) return;
+    const std::int64_t nowMs = NowMs();
+    const std::optional<std::int64_t> dueMs = m_schedule.NextDue(*m_form, nowMs);
+    if (dueMs.value_or(-1) == m_tickDueMs && m_tick.isActive() == dueMs.has_value()) return;
+    m_tickDueMs = dueMs.value_or(-1);
+    if (dueMs)
+        m_tick.start(std::chrono::milliseconds(std::max<std::int64_t>(*dueMs - nowMs, 0)));
+    else
+        m_tick.stop();
+}

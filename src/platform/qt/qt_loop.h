@@ -1,0 +1,50 @@
+// The loop on the toolkit's: tasks from any thread, the form's timers, waits that nest.
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <mutex>
+
+#include "platform/loop.h"
+#include "state/form_events.h"
+#include "state/timers.h"
+
+/// Lives as long as the application object. Each posted task and each tick is an event of its own, so that a
+/// nested loop goes on with the next one while a handler waits.
+class QtLoop : public QObject, public Loop {
+public:
+    QtLoop();
+
+    /// The form whose timers tick and who is told. `afterEvent` shows the form: it is called after each task
+    /// and tick, and before each wait.
+    void Attach(const Form& form, FormEvents& events, std::function<void()> afterEvent);
+
+    void Run() override;
+    void Wait(double seconds) override;
+    void Turn() override;
+    [[nodiscard]] std::int64_t NowMs() const override;
+    void Post(std::function<void()> task) override;
+
+    /// Has `handler` run now, then shows the form and looks at the timers. Whatever calls into the system
+    /// from an event of the toolkit goes through here.
+    void Handle(const std::function<void()>& handler);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void RunOneTask();
+    void TickDueTimers();
+    void ScheduleTick();
+
+    const Form* m_form = nullptr;
+    FormEvents* m_events = nullptr;
+    std::function<void()> m_afterEvent;
+    TimerSchedule m_schedule;
+    QTimer m_tick;
+    std::int64_t m_tickDueMs = -1;
+    std::mutex m_mutex;
+    std::deque<std::function<void()>> m_tasks;
+};

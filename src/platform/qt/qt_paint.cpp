@@ -1,0 +1,140 @@
+// Pictures keep hard pixels at whole scales; texts, lights and bars use the screen's own resolution.
+#include "platform/qt/qt_paint.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_text.h"
+
+namespace {
+
+constexpr int kBarPitchPx = 4;
+
+QRect ToQRect(const Rect& rect) {
+    return QRect(QPoint(rect.Left, rect.Top), QPoint(rect.Right - 1, rect.Bottom - 1));
+}
+
+// A colour number has its red in the low byte.
+QColor ToColour(Long colour) {
+    return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+}
+
+void PaintPicture(QPainter& painter, const Figure& figure) {
+    if (figure.Ground) painter.fillRect(ToQRect(figure.Place), Qt::black);
+    if (!figure.Picture) return;
+    const double scale = painter.device()->devicePixelRatioF();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
+    const auto& picture = static_cast<const QtPicture&>(*figure.Picture);
+    painter.drawImage(QPoint(figure.Place.Left, figure.Place.Top), picture.Image);
+}
+
+// What is laid out: no more characters than the label has pixels, control characters as blanks.
+QString ShownText(const Figure& figure) {
+    Text text = figure.Caption.substr(0, static_cast<std::size_t>(figure.Place.Right - figure.Place.Left));
+    for (char16_t& letter : text) {
+        if (letter < 0x20 || (letter >= 0x7F && letter < 0xA0) || letter == 0x2028 || letter == 0x2029)
+            letter = u' ';
+        if (letter == 0xF05C) letter = u'\\';
+    }
+    return ToQString(text);
+}
+
+void PaintText(QPainter& painter, QtFonts& fonts, const Figure& figure) {
+    painter.setFont(fonts.FontOf(figure.FontPx));
+    painter.setPen(ToColour(figure.Colour));
+    painter.setLayoutDirection(Qt::LeftToRight);
+    const int baselinePx = figure.FontPx <= 9 ? 7 : 9;
+    painter.drawText(QPointF(figure.Place.Left, figure.Place.Top + baselinePx), ShownText(figure));
+}
+
+// The rectangle that a form fills: square forms keep their sides equal, centred.
+QRectF FormRect(const Figure& figure) {
+    QRectF rect(ToQRect(figure.Place));
+    const bool square = figure.Form == ShapeForm::Square || figure.Form == ShapeForm::Circle ||
+                        figure.Form == ShapeForm::RoundedSquare;
+    if (!square) return rect;
+    const double side = std::min(rect.width(), rect.height());
+    return QRectF(rect.center().x() - side / 2, rect.center().y() - side / 2, side, side);
+}
+
+void PaintShape(QPainter& painter, const Figure& figure) {
+    constexpr double kHalfBorder = 0.5;
+    const QRectF rect = FormRect(figure).adjusted(kHalfBorder, kHalfBorder, -kHalfBorder, -kHalfBorder);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(ToColour(figure.BorderColour), 1));
+    painter.setBrush(ToColour(figure.Colour));
+    const double corner = std::min(rect.width() + 1, rect.height() + 1) / 8;
+    switch (figure.Form) {
+    case ShapeForm::Rectangle:
+    case ShapeForm::Square:
+        painter.drawRect(rect);
+        break;
+    case ShapeForm::Oval:
+    case ShapeForm::Circle:
+        painter.drawEllipse(rect);
+        break;
+    case ShapeForm::RoundedRectangle:
+    case ShapeForm::RoundedSquare:
+        painter.drawRoundedRect(rect, corner, corner);
+        break;
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+// The highest of the bands that fall into bar `bar` of `bars`.
+float HighestOf(const std::array<float, ScopeBars::kCount>& bands, int bar, int bars) {
+    const int first = bar * ScopeBars::kCount / bars;
+    const int last = std::max(first + 1, (bar + 1) * ScopeBars::kCount / bars);
+    return *std::max_element(bands.begin() + first, bands.begin() + last);
+}
+
+void PaintBars(QPainter& painter, const Figure& figure) {
+    painter.fillRect(ToQRect(figure.Place), Qt::black);
+    const int widthPx = figure.Place.Right - figure.Place.Left;
+    const int heightPx = figure.Place.Bottom - figure.Place.Top;
+    const int bars = std::clamp(widthPx / kBarPitchPx, 1, ScopeBars::kCount);
+    for (int bar = 0; bar < bars; ++bar) {
+        const int left = figure.Place.Left + bar * widthPx / bars;
+        const int right = figure.Place.Left + (bar + 1) * widthPx / bars;
+        const int barWidth = std::max(right - left - 1, 1);
+        const double level = HighestOf(figure.Bars.Level, bar, bars) * heightPx;
+        const double peak = HighestOf(figure.Bars.Peak, bar, bars) * heightPx;
+        painter.fillRect(QRectF(left, figure.Place.Bottom - level, barWidth, level), Qt::yellow);
+        if (peak >= 1) painter.fillRect(QRectF(left, figure.Place.Bottom - peak, barWidth, 1), Qt::white);
+    }
+}
+
+void PaintFigure(QPainter& painter, QtFonts& fonts, const Figure& figure) {
+    switch (figure.Kind) {
+    case ControlKind::PictureBox:
+        PaintPicture(painter, figure);
+        break;
+    case ControlKind::Label:
+        PaintText(painter, fonts, figure);
+        break;
+    case ControlKind::Shape:
+        PaintShape(painter, figure);
+        break;
+    case ControlKind::Scope:
+        PaintBars(painter, figure);
+        break;
+    }
+}
+
+} // namespace
+
+QColor FormColour() {
+    return QColor(58, 110, 165);
+}
+
+void PaintScene(QPainter& painter, QtFonts& fonts, const Scene& scene, const Rect& damage) {
+    for (const Figure& figure : scene.Figures) {
+        const Rect visible = Intersection(Intersection(figure.Place, figure.Clip), damage);
+        if (visible.IsEmpty()) continue;
+        painter.save();
+        painter.setClipRect(ToQRect(visible), Qt::IntersectClip);
+        PaintFigure(painter, fonts, figure);
+        painter.restore();
+    }
+}

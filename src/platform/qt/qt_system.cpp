@@ -1,0 +1,49 @@
+// The process leaves at once: nothing here is destroyed, and nothing may depend on it.
+#include "platform/qt/qt_system.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QProcess>
+#include <QWidget>
+#include <unistd.h>
+#include <utility>
+
+#include "platform/machine.h"
+#include "platform/paths.h"
+#include "platform/qt/qt_text.h"
+
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#include <sanitizer/lsan_interface.h>
+#define VELORA_CHECK_LEAKS() __lsan_do_leak_check()
+#endif
+#endif
+#ifndef VELORA_CHECK_LEAKS
+#define VELORA_CHECK_LEAKS() static_cast<void>(0)
+#endif
+
+QtSystem::QtSystem(Text commandLine, std::function<bool(const Text&)> playSound)
+    : m_directory(ProgramDirectory()), m_commandLine(std::move(commandLine)), m_current(ProcessDirectory()),
+      m_playSound(std::move(playSound)) {}
+
+Text QtSystem::IniFile(const Text& name) const {
+    return IniPlace(m_directory, name);
+}
+
+void QtSystem::StartProgram(const Text& path) {
+    const std::optional<std::string> found = FindPath(path);
+    if (found) QProcess::startDetached(QFile::decodeName(found->c_str()), {});
+}
+
+void QtSystem::PlaySoundAndWait(const Text& path) {
+    if (!m_playSound(path)) QApplication::beep();
+}
+
+void QtSystem::EndProcess() {
+    if (m_window) {
+        m_window->hide();
+        QGuiApplication::sync();
+    }
+    VELORA_CHECK_LEAKS();
+    _exit(0);
+}

@@ -1,0 +1,34 @@
+// The machine as the system asks for it, and the end of the process.
+#pragma once
+
+#include <functional>
+
+#include "platform/system.h"
+
+class QWidget;
+
+class QtSystem : public System {
+public:
+    /// `arguments` is the command line behind the program's name. `playSound` plays a sound to its end and
+    /// says whether it could.
+    QtSystem(Text commandLine, std::function<bool(const Text&)> playSound);
+
+    /// The window that goes before the process does.
+    void Attach(QWidget& window) { m_window = &window; }
+
+    [[nodiscard]] Text ApplicationDirectory() const override { return m_directory; }
+    [[nodiscard]] Text IniFile(const Text& name) const override;
+    [[nodiscard]] Text CommandLine() const override { return m_commandLine; }
+    [[nodiscard]] Text CurrentDirectory() const override { return m_current; }
+    void SetCurrentDirectory(const Text& directory) override { m_current = directory; }
+    void StartProgram(const Text& path) override;
+    void PlaySoundAndWait(const Text& path) override;
+    [[noreturn]] void EndProcess() override;
+
+private:
+    Text m_directory;
+    Text m_commandLine;
+    Text m_current;
+    std::function<bool(const Text&)> m_playSound;
+    QWidget* m_window = nullptr;
+};

@@ -1,0 +1,66 @@
+// The one window: shows scenes of the form's records and reports the pointer.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_loop.h"
+#include "platform/window.h"
+#include "state/form_events.h"
+#include "state/scene.h"
+
+class QHelpEvent;
+
+/// The client area of frmMain on a real display. All is painted on this one surface.
+class QtWindow : public QWidget, public Window {
+public:
+    explicit QtWindow(QtLoop& loop);
+
+    /// The form that the window shows and who is told. `scopeSeen` is called whenever the visualisation
+    /// begins or ceases to be on the screen.
+    void Attach(Form& form, FormEvents& events, std::function<void(bool)> scopeSeen);
+
+    void Present() override;
+    void ShowFirst() override;
+    void BeginMove(Integer button) override;
+    std::size_t PopupMenu(std::span<const MenuEntry> menu, std::size_t root) override;
+
+    /// Shows what differs from what was shown last; what has to be painted is left to the toolkit's next
+    /// turn. The loop calls it after each event.
+    void ShowChanges();
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    [[nodiscard]] QRegion TakeDamage(const Scene& now);
+    void ShowFrame(const Scene& now);
+    void ShowShape(const Scene& now);
+    void ShowSize(const Scene& now);
+    void ShowCaption(const Scene& now);
+    void TellScopeSeen(const Scene& now);
+    void ShowToolTip(QHelpEvent& event);
+    void Report(PointerKind kind, const QMouseEvent& event, Integer button);
+    [[nodiscard]] bool FollowPointer(const QMouseEvent& event);
+    void CentreOnScreen();
+
+    QtLoop& m_loop;
+    QtFonts m_fonts;
+    Form* m_form = nullptr;
+    FormEvents* m_events = nullptr;
+    std::function<void(bool)> m_scopeSeen;
+    bool m_wasScopeSeen = false;
+    Scene m_shown;
+    QRegion m_shape; ///< The region in client pixels; used only while one is set.
+    bool m_isUp = false;
+    Integer m_movingButton = kNoButton; ///< The button whose release ends a move made by ourselves.
+    QPoint m_moveFrom;
+};
