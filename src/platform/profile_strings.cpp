@@ -1,0 +1,61 @@
+// Texts become bytes and bytes become texts here; what an ini file is stands in ini_text.
+#include "platform/profile_strings.h"
+
+#include "platform/ini_write.h"
+#include "platform/paths.h"
+
+namespace {
+
+constexpr std::size_t kMostValueBytes = 254;
+
+// The longest start of `value` that comes back. In a value of UTF-8 it ends between two letters.
+std::string_view CutToLimit(std::string_view value) {
+    if (value.size() <= kMostValueBytes) return value;
+    std::size_t length = kMostValueBytes;
+    const auto goesOn = [&](std::size_t at) {
+        return (static_cast<unsigned char>(value[at]) & 0xC0) == 0x80;
+    };
+    if (IsUtf8(value))
+        while (goesOn(length))
+            --length;
+    return value.substr(0, length);
+}
+
+} // namespace
+
+Text ProfileReader::Read(TextView Section, TextView Key, TextView Default) {
+    LookAtFile();
+    if (!m_file) return Text(Default);
+    const auto value = m_file->Content.Find(Utf8(Section), Utf8(Key));
+    if (!value || value->empty()) return Text(Default);
+    const std::string_view cut = CutToLimit(*value);
+    return TextFromBytes(cut.substr(0, cut.find('\0')));
+}
+
+void ProfileReader::LookAtFile() {
+    if (m_file && IsUnchanged(*m_file, m_foundPath)) return;
+    m_file.reset();
+    const std::optional<std::string> found = FindPath(m_path);
+    if (!found) return;
+    m_foundPath = *found;
+    m_file = OpenIniFile(m_foundPath);
+}
+
+Text ReadProfileString(TextView File, TextView Section, TextView Key, TextView Default) {
+    return ProfileReader(File).Read(Section, Key, Default);
+}
+
+void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value) {
+    const std::optional<std::string> path = FindPathForWriting(File);
+    if (path) static_cast<void>(WriteIniValue(*path, Utf8(Section), Utf8(Key), Utf8(Value)));
+}
+
+bool ReadsBackWhole(TextView Value) {
+    return Value.find_first_of(TextView(u"\0\r\n", 3)) == TextView::npos &&
+           Utf8(Value).size() <= kMostValueBytes;
+}
+
+void ReadProfileBoolean(ProfileReader& reader, TextView Section, TextView Key, TextView Default,
+                        Boolean& field) {
+    if (const auto truth = TruthValue(reader.Read(Section, Key, Default))) field = *truth;
+}

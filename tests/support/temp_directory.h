@@ -1,0 +1,35 @@
+// A directory of a test's own, gone with the object.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/text.h"
+
+class TempDirectory {
+public:
+    TempDirectory();
+    TempDirectory(const TempDirectory&) = delete;
+    TempDirectory& operator=(const TempDirectory&) = delete;
+    ~TempDirectory();
+
+    /// The path of a file in it, for this machine.
+    [[nodiscard]] std::string Path(std::string_view name = {}) const;
+
+    /// The same as the system writes it; `PathText()` ends in a backslash.
+    [[nodiscard]] Text PathText(std::string_view name = {}) const;
+
+    /// Writes a file and the directories that it needs; gives `PathText` of it.
+    Text Put(std::string_view name, std::string_view bytes) const;
+
+    /// The bytes of a file, or nothing if it isn't there.
+    [[nodiscard]] std::optional<std::string> Get(std::string_view name) const;
+
+    /// The names of all that is in it, sorted.
+    [[nodiscard]] std::vector<std::string> Names() const;
+
+private:
+    std::string m_path;
+};
