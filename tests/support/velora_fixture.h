@@ -53,6 +53,13 @@ protected:
         handlers.OnPointer({PointerKind::Lost, 0, 0, kNoButton, 0, 0});
     }
 
+    /// What the player was asked since the journal was last taken.
+    Lines TakePlayerLines() {
+        Lines lines = journal.Take();
+        std::erase_if(lines, [](const std::string& line) { return !line.starts_with("Player."); });
+        return lines;
+    }
+
     /// A picture of a button that no other control has.
     static PicturePtr NewPicture() { return std::make_shared<LoadedPicture>(30, 20); }
 
