@@ -35,8 +35,8 @@ struct AudioEngine::Parts {
     [[nodiscard]] int SleepUs() const {
         const std::int64_t nowUs = NowUs();
         std::optional<std::int64_t> due = Track.DueUs(nowUs);
-        if (const std::optional<std::int64_t> limit = Server.DueUs(); limit && (!due || *limit < *due))
-            due = limit;
+        for (const std::optional<std::int64_t> other : {Server.DueUs(), Outputs.RestDueUs()})
+            if (other && (!due || *other < *due)) due = other;
         if (!due) return -1;
         return static_cast<int>(std::clamp<std::int64_t>(*due - nowUs, 0, kLongestSleepUs));
     }
@@ -81,7 +81,7 @@ bool AudioEngine::Carry(Parts& parts, AudioCommand& command) {
     const std::int64_t nowUs = NowUs();
     switch (command.What) {
     case AudioCommand::Kind::Quit:
-        parts.Track.Stop();
+        parts.Track.Stop(nowUs);
         return false;
     case AudioCommand::Kind::Prepare:
         if (m_settings.UseServer) parts.Server.Connect(nowUs);
@@ -94,7 +94,7 @@ bool AudioEngine::Carry(Parts& parts, AudioCommand& command) {
         break;
     }
     case AudioCommand::Kind::Stop:
-        parts.Track.Stop();
+        parts.Track.Stop(nowUs);
         break;
     case AudioCommand::Kind::TogglePause:
         parts.Track.TogglePause(command.Stamp.Command, nowUs);
@@ -121,6 +121,7 @@ void AudioEngine::Run() {
                 if (goesOn) goesOn = Carry(parts, command);
             if (!goesOn) break;
             parts.Server.Poll(NowUs());
+            parts.Outputs.PollRest(NowUs());
             parts.Track.Pump(NowUs());
             // A bell that rings from here on ends the sleep at once, so nothing can be missed.
             if (pa_mainloop_prepare(loop, parts.SleepUs()) < 0 || pa_mainloop_poll(loop) < 0) break;

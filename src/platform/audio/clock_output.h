@@ -9,7 +9,7 @@ public:
     explicit ClockOutput(double speed) : m_speed(speed) {}
 
     void Open(const SoundFormat& format, const std::string& title, std::int64_t nowUs) override;
-    void Close() override { m_state = OutputState::Closed; }
+    void Close(std::int64_t) override { m_state = OutputState::Closed; }
     [[nodiscard]] OutputState State() const override { return m_state; }
     [[nodiscard]] bool Sounds() const override { return false; }
     [[nodiscard]] std::int64_t WritableFrames(std::int64_t nowUs) override;

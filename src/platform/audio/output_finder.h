@@ -16,6 +16,10 @@ public:
     void NoteLost(std::int64_t nowUs) override;
     [[nodiscard]] std::optional<std::int64_t> DueUs() const override;
 
+    /// Lets go of a stream that no track has used for some time, and when that is.
+    void PollRest(std::int64_t nowUs) { m_pulse.PollRest(nowUs); }
+    [[nodiscard]] std::optional<std::int64_t> RestDueUs() const { return m_pulse.RestDueUs(); }
+
 private:
     PulseServer& m_server;
     bool m_useServer;

@@ -19,6 +19,7 @@ constexpr std::int64_t kAskAgainUs = 200'000;
 constexpr std::int64_t kAskUs = 1'000'000;
 /// A question that is nearly due goes along with whatever woke the thread.
 constexpr std::int64_t kAskEarlyUs = 150'000;
+constexpr std::int64_t kRestUs = 5'000'000;
 constexpr int kRequestMs = 250;
 
 void Forget(pa_operation* operation) {
@@ -32,7 +33,12 @@ std::int64_t BytesOfMs(const SoundFormat& format, int ms) {
 } // namespace
 
 void PulseOutput::Open(const SoundFormat& format, const std::string& title, std::int64_t nowUs) {
-    Close();
+    if (TakeRested(format, title)) {
+        m_held = false;
+        Drop(nowUs);
+        return;
+    }
+    Disconnect();
     m_format = format;
     m_openLimitUs = nowUs + kOpenLimitUs;
     m_held = m_uncorkAtWrite = false;
@@ -62,7 +68,30 @@ bool PulseOutput::Connect(pa_stream* stream) {
            0;
 }
 
-void PulseOutput::Close() {
+void PulseOutput::Close(std::int64_t nowUs) {
+    if (m_restUntilUs) return;
+    if (State() != OutputState::Running) {
+        Disconnect();
+        return;
+    }
+    Drop(nowUs);
+    m_restUntilUs = nowUs + kRestUs;
+}
+
+bool PulseOutput::TakeRested(const SoundFormat& format, const std::string& title) {
+    if (!m_restUntilUs) return false;
+    m_restUntilUs.reset();
+    if (format != m_format || State() != OutputState::Running) return false;
+    Forget(pa_stream_set_name(m_stream, title.c_str(), nullptr, nullptr));
+    return true;
+}
+
+void PulseOutput::PollRest(std::int64_t nowUs) {
+    if (m_restUntilUs && (nowUs >= *m_restUntilUs || StreamState() != OutputState::Running)) Disconnect();
+}
+
+void PulseOutput::Disconnect() {
+    m_restUntilUs.reset();
     m_tooSlow = false;
     m_asked.clear();
     if (!m_stream) return;
@@ -74,6 +103,10 @@ void PulseOutput::Close() {
 }
 
 OutputState PulseOutput::State() const {
+    return m_restUntilUs ? OutputState::Closed : StreamState();
+}
+
+OutputState PulseOutput::StreamState() const {
     if (m_tooSlow) return OutputState::Lost;
     if (!m_stream) return OutputState::Closed;
     switch (pa_stream_get_state(m_stream)) {

@@ -10,16 +10,18 @@
 struct pa_operation;
 struct pa_stream;
 
+/// A stream that was closed rests for some seconds, silent, and is taken again by the next track if it fits:
+/// that one then starts at once, and what the user has set for the stream in the desktop's mixer stays.
 /// Its callbacks come from the loop of the player's thread and only note what the server said.
 class PulseOutput : public SoundOutput {
 public:
     explicit PulseOutput(PulseServer& server) : m_server(server) {}
-    ~PulseOutput() override { Close(); }
+    ~PulseOutput() override { Disconnect(); }
     PulseOutput(const PulseOutput&) = delete;
     PulseOutput& operator=(const PulseOutput&) = delete;
 
     void Open(const SoundFormat& format, const std::string& title, std::int64_t nowUs) override;
-    void Close() override;
+    void Close(std::int64_t nowUs) override;
     [[nodiscard]] OutputState State() const override;
     [[nodiscard]] bool Sounds() const override { return true; }
     [[nodiscard]] std::int64_t WritableFrames(std::int64_t nowUs) override;
@@ -30,6 +32,11 @@ public:
     [[nodiscard]] std::int64_t HeardFrames(std::int64_t nowUs) override;
     [[nodiscard]] std::optional<std::int64_t> DueUs() const override;
     void Poll(std::int64_t nowUs) override;
+
+    /// Ends a rest that has been long enough.
+    void PollRest(std::int64_t nowUs);
+    /// When that is; nothing if no stream rests.
+    [[nodiscard]] std::optional<std::int64_t> RestDueUs() const { return m_restUntilUs; }
 
 private:
     /// What the server last said about the place in the stream; frames are counted from its creation.
@@ -43,6 +50,9 @@ private:
     static void OnTiming(pa_stream* stream, int success, void* self);
     static void OnChange(pa_stream* stream, void* self);
     bool Connect(pa_stream* stream);
+    void Disconnect();
+    bool TakeRested(const SoundFormat& format, const std::string& title);
+    [[nodiscard]] OutputState StreamState() const;
     void Cork(bool corked);
     void AskTiming(bool afterDrop);
     void TakeTiming(bool afterDrop);
@@ -52,6 +62,7 @@ private:
     PulseServer& m_server;
     pa_stream* m_stream = nullptr;
     SoundFormat m_format;
+    std::optional<std::int64_t> m_restUntilUs; ///< While the stream rests.
     std::int64_t m_openLimitUs = 0;
     bool m_tooSlow = false;
     bool m_held = false;

@@ -27,7 +27,7 @@ public:
     /// Begins a stream. `title` is what a desktop's mixer shows.
     virtual void Open(const SoundFormat& format, const std::string& title, std::int64_t nowUs) = 0;
     /// Ends it: silence at once. Harmless when closed.
-    virtual void Close() = 0;
+    virtual void Close(std::int64_t nowUs) = 0;
     [[nodiscard]] virtual OutputState State() const = 0;
 
     /// Whether a person could hear it.

@@ -29,15 +29,15 @@ Transport::Transport(OutputChooser& outputs, EventRelay& relay, SampleRing& ring
 
 void Transport::Start(std::shared_ptr<TrackSession> session, const EventStamp& stamp, std::string fileName,
                       std::int64_t nowUs) {
-    Stop();
+    Stop(nowUs);
     m_session = std::move(session);
     m_stamp = stamp;
     m_streamName = std::move(fileName);
     m_outputs.Begin(nowUs);
 }
 
-void Transport::Stop() {
-    if (m_output) m_output->Close();
+void Transport::Stop(std::int64_t nowUs) {
+    if (m_output) m_output->Close(nowUs);
     if (m_session) m_session->Quit();
     m_output = nullptr;
     m_session = nullptr;
@@ -124,7 +124,7 @@ void Transport::TakeSeekResult(std::int64_t nowUs) {
 }
 
 void Transport::JumpToEnd(std::int64_t nowUs) {
-    if (m_output) m_output->Close();
+    if (m_output) m_output->Close(nowUs);
     m_output = nullptr;
     m_seekTo.reset();
     m_place = m_length.value_or(m_sent);
@@ -202,7 +202,7 @@ void Transport::ManageOutput(std::int64_t nowUs) {
     if (m_output) {
         if (m_ended && nowUs >= m_closeAtUs) {
             m_place = HeardFrame(nowUs);
-            m_output->Close();
+            m_output->Close(nowUs);
             m_output = nullptr;
             return;
         }
@@ -221,7 +221,7 @@ void Transport::ManageOutput(std::int64_t nowUs) {
 void Transport::LoseOutput(std::int64_t nowUs) {
     // What was queued lies in the history still, so the next output goes on with it.
     m_place = std::clamp(HeardFrame(nowUs), m_history.Begin(), m_history.End());
-    m_output->Close();
+    m_output->Close(nowUs);
     m_output = nullptr;
     m_outputs.NoteLost(nowUs);
 }

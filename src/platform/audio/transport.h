@@ -23,7 +23,7 @@ public:
     /// Plays what a reader brings into `session`. `fileName` names the stream of a track without a title.
     void Start(std::shared_ptr<TrackSession> session, const EventStamp& stamp, std::string fileName,
                std::int64_t nowUs);
-    void Stop();
+    void Stop(std::int64_t nowUs);
     void TogglePause(int command, std::int64_t nowUs);
     void Seek(Long seconds, int command, std::int64_t nowUs);
     void SetVolume(int percent, std::int64_t nowUs);
