@@ -5,6 +5,7 @@
 #include "playback/buttons.h"
 #include "playback/navigation.h"
 #include "playback/seeking.h"
+#include "playlist/catalogue.h"
 #include "playlist/media_list.h"
 
 namespace {
@@ -57,7 +58,13 @@ void SelectMediaFile(Velora& velora) {
     if (const Integer index = AskForMedia(velora)) StartTrack(velora, index);
 }
 
-void SelectPlaylist(Velora&) {}
+void SelectPlaylist(Velora& velora) {
+    ForgetCapture(velora.Capture);
+    const Text directory = velora.System.CurrentDirectory();
+    const Text file = velora.Dialogs.ChooseFile(u"Select Playlist ...", directory, velora.PlaylistFilter);
+    if (file.empty()) return;
+    AddPlaylist(velora, velora.Dialogs.InputBox(u"Name of playlist:", u"Velora"), file);
+}
 
 void picBackward_MouseDown(Velora& velora, const MouseEvent& event) {
     ButtonDown(event.Button, velora.frmMain.picBackward, velora.frmMain.picBackward2);

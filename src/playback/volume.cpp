@@ -3,6 +3,8 @@
 
 #include <cstdlib>
 
+#include "platform/profile_strings.h"
+
 std::optional<Integer> VolumeStepAt(Single y, std::span<const Integer, 10> volumeY) {
     for (Integer step = 1; step <= kVolumeSteps; ++step)
         if (static_cast<Single>(volumeY[static_cast<std::size_t>(step)]) == y) return step;
@@ -36,4 +38,16 @@ void ShowVolumeStep(Velora& velora, Integer step) {
 void SendVolume(Velora& velora, Integer& Value) {
     Value = Value == 1 ? Integer{0} : FitInto<Integer>(Value * 10).value_or(Value);
     velora.VFmp3player1.SetVolume(Value);
+}
+
+void RestoreVolume(Velora& velora) {
+    const auto read = [&](TextView otherwise) {
+        return ReadProfileString(velora.SettingsIni, u"Settings", u"Volume", otherwise);
+    };
+    const std::optional<Integer> step = FlooredNumber<Integer>(read(u"2"));
+    // The default is not a wish of the user's: only a file that has the key is followed.
+    if (read(u"").empty() || !step || *step < 1 || *step > kVolumeSteps) return;
+    if (velora.frmMain.lCurVol != 0) ShowVolumeStep(velora, *step);
+    Integer value = VolumeValue(*step);
+    SendVolume(velora, value);
 }

@@ -28,3 +28,7 @@ void ShowVolumeStep(Velora& velora, Integer step);
 
 /// Makes a percentage of `Value`, 0 of 1 and ten times as much of any other, and sends it to the player.
 void SendVolume(Velora& velora, Integer& Value);
+
+/// Applies the volume that the settings file holds, a number from 1 to 7, as if the user had dragged to that
+/// step; without one nothing is sent. It shows only on a skin that has a volume object.
+void RestoreVolume(Velora& velora);

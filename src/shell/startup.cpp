@@ -4,6 +4,8 @@
 #include "display/characters.h"
 #include "platform/paths.h"
 #include "playback/navigation.h"
+#include "playback/volume.h"
+#include "playlist/catalogue.h"
 #include "playlist/media_list.h"
 #include "shell/window_behaviour.h"
 
@@ -39,4 +41,6 @@ void InitialiseApplication(Velora& velora) {
     velora.PlaylistsIni = velora.System.IniFile(u"\\velplaylists.ini");
     velora.SettingsIni = velora.System.IniFile(u"\\velsettings.ini");
     velora.SkinsIni = velora.System.IniFile(u"\\velskins.ini");
+    LoadPlaylistCatalogue(velora);
+    RestoreVolume(velora);
 }

@@ -1,0 +1,89 @@
+// One lock is held over the reading of the count and all writes, so that two runs never take one number.
+#include "playlist/catalogue.h"
+
+#include <algorithm>
+
+#include "platform/directory_lock.h"
+#include "platform/paths.h"
+#include "platform/profile_strings.h"
+#include "playlist/playlist_file.h"
+#include "state/messages.h"
+
+namespace {
+
+enum class Refusal { None, Full, TooLong };
+
+// The number of the record that was entered, or why none was.
+struct Entering {
+    Refusal Why = Refusal::None;
+    Integer Number = 0;
+};
+
+Integer LastRecord(const Velora& velora) {
+    return static_cast<Integer>(velora.Playlists.size() - 1);
+}
+
+void LoadRecord(Velora& velora, ProfileReader& reader, Integer number) {
+    PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(number)];
+    const Text section = Decimal(number);
+    ReadProfileBoolean(reader, section, u"Enabled", u"False", record.Enabled);
+    if (!record.Enabled) return;
+    record.Name = reader.Read(section, u"Name", u"");
+    record.File = reader.Read(section, u"File", u"");
+    record.Path = reader.Read(section, u"Path", u"");
+    if (!record.Path.ends_with(u'\\')) record.Path += u'\\';
+    LoadPlaylistFile(velora, number);
+}
+
+// Other runs may have added since the last look.
+void RaiseCount(Velora& velora) {
+    ProfileReader reader(velora.PlaylistsIni);
+    Integer inFile = 0;
+    ReadProfileNumber(reader, u"Settings", u"Count", u"0", inFile);
+    velora.PlaylistCount = std::max({velora.PlaylistCount, inFile, Integer{0}});
+}
+
+void WriteRecord(const Velora& velora, Integer number) {
+    const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(number)];
+    const Text section = Decimal(number);
+    WriteProfileString(velora.PlaylistsIni, section, u"Enabled", u"True");
+    WriteProfileString(velora.PlaylistsIni, section, u"Name", record.Name);
+    WriteProfileString(velora.PlaylistsIni, section, u"File", record.File);
+    WriteProfileString(velora.PlaylistsIni, section, u"Path", record.Path);
+    WriteProfileString(velora.PlaylistsIni, u"Settings", u"Count", Decimal(number));
+}
+
+Entering Enter(Velora& velora, const PlaylistRecord& record) {
+    const Text& ini = velora.PlaylistsIni;
+    const std::size_t nameLength = GetFileName(ini).size();
+    const DirectoryLock lock(velora.Loop, TextView(ini).substr(0, ini.size() - nameLength));
+    RaiseCount(velora);
+    if (velora.PlaylistCount >= LastRecord(velora)) return {Refusal::Full, 0};
+    if (!ReadsBackWhole(record.Name) || !ReadsBackWhole(record.File) || !ReadsBackWhole(record.Path))
+        return {Refusal::TooLong, 0};
+    ++velora.PlaylistCount;
+    velora.Playlists[static_cast<std::size_t>(velora.PlaylistCount)] = record;
+    WriteRecord(velora, velora.PlaylistCount);
+    return {Refusal::None, velora.PlaylistCount};
+}
+
+} // namespace
+
+void LoadPlaylistCatalogue(Velora& velora) {
+    ProfileReader reader(velora.PlaylistsIni);
+    ReadProfileNumber(reader, u"Settings", u"Count", u"0", velora.PlaylistCount);
+    const Integer last = std::min(velora.PlaylistCount, LastRecord(velora));
+    for (Integer number = 1; number <= last; ++number)
+        LoadRecord(velora, reader, number);
+}
+
+Integer AddPlaylist(Velora& velora, const Text& Name, const Text& File) {
+    if (Name.empty()) return 0;
+    const Text fileName = GetFileName(File);
+    const Text directory = File.substr(0, File.size() - fileName.size());
+    const Entering entering = Enter(velora, {true, Name, fileName, directory});
+    // The lock is free again: a message can stand as long as the user likes.
+    if (entering.Why == Refusal::Full) ShowMessage(velora, u"Playlist Limit reached");
+    if (entering.Why == Refusal::TooLong) ShowMessage(velora, u"That path is too long for Velora");
+    return entering.Number;
+}

@@ -1,0 +1,127 @@
+// The rules are those of a reader that cuts its text down line by line; here a view moves over the bytes, so
+// that a file of any form costs time in proportion to its size.
+#include "playlist/playlist_file.h"
+
+#include <algorithm>
+
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "playlist/media_list.h"
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr char kLineFeed = '\n', kReturn = '\r';
+
+bool EndsLine(char byte) {
+    return byte == kLineFeed || byte == kReturn;
+}
+
+std::string_view TrimByteBlanks(std::string_view bytes) {
+    const std::size_t first = bytes.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return bytes.substr(first, bytes.find_last_not_of(' ') - first + 1);
+}
+
+std::string_view TrimLineEnds(std::string_view line) {
+    while (!line.empty() && EndsLine(line.front()))
+        line.remove_prefix(1);
+    while (!line.empty() && EndsLine(line.back()))
+        line.remove_suffix(1);
+    return line;
+}
+
+// How many bytes the last character takes, in a line that is UTF-8 or isn't.
+std::size_t LastCharacterBytes(std::string_view bytes, bool utf8) {
+    std::size_t length = 1;
+    if (utf8)
+        while (length < bytes.size() && (bytes[bytes.size() - length] & 0xC0) == 0x80)
+            ++length;
+    return std::min(length, bytes.size());
+}
+
+// The text of `path`'s file, or nothing of it.
+std::string ReadWholeFile(TextView Path) {
+    return ReadFileBytes(Path, kMostPlaylistBytes).value_or(std::string());
+}
+
+// Adds one line; false if the reading ends with it.
+bool AddLine(Velora& velora, std::string_view bytes, Integer Index) {
+    const Text line = TextFromBytes(bytes);
+    Text name = GetFileName(line);
+    if (name.empty() || FindMedia(velora, name) != 0) return false;
+    Text path = line.substr(0, line.size() - name.size());
+    return AppendMedia(velora, std::move(path), std::move(name), Index) != 0;
+}
+
+} // namespace
+
+std::string_view PlaylistContent(std::string_view bytes) {
+    if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+    // The two characters can belong to two lines, each with an encoding of its own.
+    for (int cut = 0; cut < 2; ++cut) {
+        const std::size_t lineStart = bytes.rfind(kLineFeed) + 1;
+        const bool plain = bytes.empty() || static_cast<unsigned char>(bytes.back()) < 0x80;
+        const bool utf8 = !plain && IsUtf8(bytes.substr(lineStart));
+        bytes.remove_suffix(LastCharacterBytes(bytes, utf8));
+    }
+    return bytes;
+}
+
+std::optional<std::string_view> TextBetween(std::string_view text, char start, char stop) {
+    const std::size_t first = text.find(start), last = text.find(stop);
+    if (first == std::string_view::npos || last == std::string_view::npos || last <= first)
+        return std::nullopt;
+    return text.substr(first + 1, last - first - 1);
+}
+
+PlaylistLines::PlaylistLines(std::string_view content)
+    : m_text(TrimByteBlanks(content)), m_end(m_text.size()), m_lineFeedsEnd(m_text.size()) {}
+
+bool PlaylistLines::HoldsLineFeed() {
+    m_lineFeedsEnd = std::min(m_lineFeedsEnd, m_end);
+    while (m_lineFeedsEnd > m_at && m_text[m_lineFeedsEnd - 1] != kLineFeed)
+        --m_lineFeedsEnd;
+    return m_lineFeedsEnd > m_at;
+}
+
+std::string_view PlaylistLines::TakeLastLine() {
+    const std::string_view line = TrimByteBlanks(m_text.substr(m_at, m_end - m_at));
+    m_at = m_end;
+    return line;
+}
+
+std::optional<std::string_view> PlaylistLines::Next() {
+    while (m_at < m_end) {
+        if (!HoldsLineFeed()) {
+            if (m_end - m_at < 2) return std::nullopt;
+            return TrimLineEnds(TakeLastLine());
+        }
+        if (EndsLine(m_text[m_at])) {
+            ++m_at;
+        } else if (EndsLine(m_text[m_end - 1])) {
+            --m_end;
+        } else {
+            const std::string_view rest = m_text.substr(m_at, m_end - m_at);
+            const auto behindFirst = TextBetween(rest, rest.front(), kLineFeed);
+            const std::size_t length = 1 + behindFirst.value_or(std::string_view()).size();
+            m_at += length;
+            return TrimLineEnds(rest.substr(0, length));
+        }
+    }
+    return std::nullopt;
+}
+
+void LoadPlaylistFile(Velora& velora, Integer Index) {
+    if (Index < 1 || static_cast<std::size_t>(Index) >= velora.Playlists.size()) return;
+    const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(Index)];
+    const Text path = record.Path + record.File;
+    if (!FileExists(path)) return;
+    const std::string bytes = ReadWholeFile(path);
+    PlaylistLines lines(PlaylistContent(bytes));
+    while (velora.Count < velora.MediaLimit) {
+        const std::optional<std::string_view> line = lines.Next();
+        if (!line || !AddLine(velora, *line, Index)) return;
+        velora.Loop.Turn();
+    }
+}
