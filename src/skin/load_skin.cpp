@@ -1,0 +1,106 @@
+// One procedure for each kind of section. Keys are read in the order in which skin files have always been
+// read.
+#include "skin/load_skin.h"
+
+#include <algorithm>
+
+#include "platform/paths.h"
+#include "platform/profile_strings.h"
+#include "state/messages.h"
+
+namespace {
+
+// A section of a skin file, with the kinds of value that it can hold.
+class SkinSection {
+public:
+    SkinSection(ProfileReader& file, Text name) : m_file(file), m_name(std::move(name)) {}
+
+    [[nodiscard]] Text String(TextView key) { return m_file.Read(m_name, key, {}); }
+    template<typename Whole>
+    void Number(TextView key, TextView otherwise, Whole& field) {
+        ReadProfileNumber(m_file, m_name, key, otherwise, field);
+    }
+    void Truth(TextView key, TextView otherwise, Boolean& field) {
+        ReadProfileBoolean(m_file, m_name, key, otherwise, field);
+    }
+
+private:
+    ProfileReader& m_file;
+    Text m_name;
+};
+
+void ReadSettings(ProfileReader& file, SkinRecord& skin) {
+    SkinSection settings(file, u"Settings");
+    settings.Number(u"Width", u"200", skin.Width);
+    settings.Number(u"Height", u"200", skin.Height);
+    settings.Number(u"Left", u"200", skin.Left);
+    settings.Number(u"Top", u"200", skin.Top);
+    skin.Graphic = skin.Directory + settings.String(u"Graphic");
+    skin.Name = settings.String(u"Name");
+    settings.Number(u"ShapeCount", u"0", skin.ShapeCount);
+    settings.Number(u"ObjectCount", u"0", skin.ObjectCount);
+    skin.Author = settings.String(u"Author");
+    settings.Number(u"Type", u"1", skin.Type);
+    skin.Playlist = settings.String(u"Playlist");
+    if (!skin.Playlist.empty()) skin.Playlist = skin.Directory + skin.Playlist;
+}
+
+void ReadRegion(SkinSection section, SkinRegionRecord& region) {
+    section.Truth(u"enabled", u"", region.Enabled);
+    if (!region.Enabled) return;
+    region.Name = section.String(u"name");
+    section.Number(u"destrgn", u"0", region.DestRgn);
+    section.Number(u"srcrgn1", u"0", region.SrcRgn1);
+    section.Number(u"srcrgn2", u"0", region.SrcRgn2);
+    section.Number(u"combinemode", u"0", region.CombineMode);
+    section.Number(u"x1", u"0", region.X1);
+    section.Number(u"x2", u"0", region.X2);
+    section.Number(u"x3", u"0", region.X3);
+    section.Number(u"y1", u"0", region.Y1);
+    section.Number(u"y2", u"0", region.Y2);
+    section.Number(u"y3", u"0", region.Y3);
+    section.Number(u"type", u"1", region.Type);
+}
+
+void ReadObject(SkinSection section, const Text& directory, SkinObjectRecord& object) {
+    section.Truth(u"enabled", u"False", object.Enabled);
+    if (!object.Enabled) return;
+    object.Name = section.String(u"name");
+    object.FileName = directory + section.String(u"filename");
+    object.FileName2 = directory + section.String(u"filename2");
+    section.Number(u"height", u"0", object.Height);
+    section.Number(u"width", u"0", object.Width);
+    section.Number(u"left", u"0", object.Left);
+    section.Number(u"top", u"0", object.Top);
+    section.Number(u"type", u"0", object.Type);
+}
+
+// The last element that a count reaches, in an array whose element 0 is never filled.
+std::size_t LastElement(Integer count, std::size_t arraySize) {
+    return std::min(static_cast<std::size_t>(std::max(count, Integer{0})), arraySize - 1);
+}
+
+} // namespace
+
+Integer LoadSkinFile(Velora& velora, const Text& Path) {
+    if (!FileExists(Path)) {
+        ShowMessage(velora, u"Skin " + Path + u" not found");
+        return 0;
+    }
+    if (static_cast<std::size_t>(velora.SkinCount) + 1 >= velora.Skins.size()) return 0;
+    const Integer slot = ++velora.SkinCount;
+    SkinRecord& skin = velora.Skins[static_cast<std::size_t>(slot)];
+    skin.Loaded = true;
+    skin.FileName = GetFileName(Path);
+    skin.Directory = Path.substr(0, Path.size() - skin.FileName.size());
+    if (!skin.Directory.ends_with(u'\\')) skin.Directory += u'\\';
+
+    ProfileReader file(Path);
+    ReadSettings(file, skin);
+    for (std::size_t number = 1; number <= LastElement(skin.ShapeCount, skin.Regions.size()); ++number)
+        ReadRegion(SkinSection(file, u"rgn" + Decimal(static_cast<Long>(number))), skin.Regions[number]);
+    for (std::size_t number = 1; number <= LastElement(skin.ObjectCount, skin.Objects.size()); ++number)
+        ReadObject(SkinSection(file, u"object" + Decimal(static_cast<Long>(number))), skin.Directory,
+                   skin.Objects[number]);
+    return slot;
+}

@@ -1,0 +1,51 @@
+// All pictures are read here, so that a drag over the volume never waits for a disk.
+#include "skin/volume_object.h"
+
+#include <algorithm>
+
+#include "platform/profile_strings.h"
+#include "skin/layout.h"
+
+namespace {
+
+constexpr std::size_t kVolumeSteps = 7;
+constexpr std::size_t kSuffixLength = 4;
+
+// An element is a copy of element 0; one that exists stays.
+void MakeElement(Form& form, std::size_t step) {
+    if (form.picVolumeArrayExists[step]) return;
+    form.picVolumeArray[step] = form.picVolumeArray[0];
+    form.picVolumeArray[step].Visible = false;
+    form.picVolumeArrayExists[step] = true;
+}
+
+void ReadMousePositions(SkinRecord& skin, Integer objectIndex) {
+    ProfileReader file(skin.Directory + skin.FileName);
+    const Text section = u"object" + Decimal(objectIndex);
+    for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
+        const Text number = Decimal(static_cast<Long>(step));
+        ReadProfileNumber(file, section, u"x" + number, u"", skin.VolumeX[step]);
+        ReadProfileNumber(file, section, u"y" + number, u"", skin.VolumeY[step]);
+    }
+}
+
+} // namespace
+
+void LoadVolumeObject(Velora& velora, Integer ObjectIndex, Long Left, Long Top, const Text& FileName,
+                      const Text& FileName2) {
+    if (FileName.empty() || FileName2.empty()) return;
+    Form& form = velora.frmMain;
+    SkinRecord& skin = velora.Skins[static_cast<std::size_t>(velora.CurrentSkin)];
+    const Text base = FileName2.substr(0, FileName2.size() - std::min(FileName2.size(), kSuffixLength));
+    LoadPictureInto(velora, form.picVolume, FileName);
+    for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
+        const Text path = base + Decimal(static_cast<Long>(step)) + u".gif";
+        MakeElement(form, step);
+        LoadPictureInto(velora, form.picVolumeArray[step], path);
+        skin.VolumeImages[step] = path;
+    }
+    ReadMousePositions(skin, ObjectIndex);
+    form.picVolume.Left = Left;
+    form.picVolume.Top = Top;
+    form.lCurVol = 1;
+}
