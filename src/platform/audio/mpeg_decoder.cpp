@@ -72,13 +72,17 @@ bool MpegDecoder::CanBelieve(std::int64_t mpegFrames, std::int64_t bytes, std::i
 }
 
 void MpegDecoder::CollectFacts() {
-    mpg123_frameinfo2 frame{};
-    if (mpg123_info2(m_handle, &frame) == MPG123_OK) m_facts.BitrateKbps = frame.bitrate;
     m_facts.Tags = ReadTags(m_handle);
+    mpg123_frameinfo2 frame{};
+    if (mpg123_info2(m_handle, &frame) != MPG123_OK) return;
+    const int samplesPerFrame = mpg123_spf(m_handle);
+    m_facts.BitrateKbps = frame.bitrate;
+    // A free format names no rate; its frames still have a size.
+    if (frame.bitrate <= 0 && samplesPerFrame > 0)
+        m_facts.BitrateKbps = static_cast<int>(frame.framesize * 8 * frame.rate / samplesPerFrame / 1000);
     const std::int64_t framePosition = mpg123_framepos(m_handle);
     const std::optional<InfoTag> tag = FindInfoTag(m_file, framePosition);
     if (!tag || !CanBelieve(tag->Frames, tag->Bytes, tag->At)) return;
-    const int samplesPerFrame = mpg123_spf(m_handle);
     if (samplesPerFrame < 1 || frame.rate < 1) return;
     if (frame.vbr != MPG123_CBR || tag->IsVbri) {
         const double seconds =

@@ -18,5 +18,5 @@ struct TrackTags {
 };
 
 /// The tags that the decoder has met so far: ID3v2 before ID3v1, field by field. Of two texts of one kind
-/// the first.
+/// the decoder keeps the last.
 [[nodiscard]] TrackTags ReadTags(mpg123_handle_struct* decoder);

@@ -1,0 +1,56 @@
+// A sound server of a test's own, with one silent sink, and a recorder of what that sink gets.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+/// A `pulseaudio` process in a temporary directory. Its sink takes 16 bits at 44,100 Hz, so what a player
+/// sends in that format arrives bit for bit.
+class PrivatePulseServer {
+public:
+    /// Makes the directory and starts the server; `IsRunning` tells whether that worked.
+    PrivatePulseServer();
+    /// Kills the server and removes the directory.
+    ~PrivatePulseServer();
+    PrivatePulseServer(const PrivatePulseServer&) = delete;
+    PrivatePulseServer& operator=(const PrivatePulseServer&) = delete;
+
+    /// Whether the programs are there; a test without them is skipped.
+    [[nodiscard]] static bool CanRun();
+
+    /// Starts it (again) and waits until it listens. False if it doesn't within ten seconds.
+    bool Start();
+    /// Ends it as a crash would.
+    void Kill();
+    [[nodiscard]] bool IsRunning() const { return m_process > 0; }
+    /// What `PULSE_SERVER` is to be.
+    [[nodiscard]] std::string Address() const { return "unix:" + m_directory + "/native"; }
+    [[nodiscard]] const std::string& Directory() const { return m_directory; }
+    /// What a run of `pactl` with these arguments prints.
+    [[nodiscard]] std::string Ask(const std::string& arguments) const;
+
+private:
+    std::string m_directory;
+    pid_t m_process = -1;
+};
+
+/// Records both channels of the sink from the moment that the constructor returns. It asks for a short
+/// latency, which makes the server wake everybody more often than it would by itself.
+class SoundRecorder {
+public:
+    explicit SoundRecorder(const PrivatePulseServer& server);
+    ~SoundRecorder();
+    SoundRecorder(const SoundRecorder&) = delete;
+    SoundRecorder& operator=(const SoundRecorder&) = delete;
+
+    /// All interleaved samples so far.
+    [[nodiscard]] std::vector<std::int16_t> Samples() const;
+    /// Ends the recording.
+    void Stop();
+
+private:
+    std::string m_file;
+    pid_t m_process = -1;
+};
