@@ -9,7 +9,8 @@ std::array<const Timer*, 3> TimersOf(const Form& form) {
 
 bool TimerCanAct(const Form& form, const Timer& timer) {
     if (!timer.Enabled || timer.IntervalMs <= 0) return false;
-    return &timer != &form.tmrScrollFiletitle || !form.lblFilescroll.Caption.empty();
+    if (&timer != &form.tmrScrollFiletitle) return true;
+    return !form.lblFilescroll.Caption.empty() && form.State == WindowState::Normal;
 }
 
 void TimerSchedule::Follow(const Form& form, std::int64_t nowMs) {

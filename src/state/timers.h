@@ -10,7 +10,8 @@
 /// The form's timers in a fixed order.
 [[nodiscard]] std::array<const Timer*, 3> TimersOf(const Form& form);
 
-/// Whether a tick of `timer` could do anything: it is enabled, and the title timer has a text to move.
+/// Whether a tick of `timer` could do anything that somebody notices: it is enabled, and the title timer has
+/// a text to move in a window that isn't minimised.
 [[nodiscard]] bool TimerCanAct(const Form& form, const Timer& timer);
 
 /// Follows the timers of one form. A timer that begins to be able to act ticks one interval later; late ticks

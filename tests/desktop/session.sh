@@ -37,7 +37,7 @@ start_display() {
 
 start_sound() {
   # A sink that the recordings are made from: CD quality, no sound card needed.
-  pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 --disable-shm=yes \
+  pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
     -L "module-null-sink sink_name=out format=s16le rate=44100 channels=2" \
     -L "module-native-protocol-unix socket=$session_dir/native auth-anonymous=1" \
     >"$session_dir/pulse.log" 2>&1 &
@@ -87,5 +87,10 @@ take_picture() {
 
 # find_window: the id of Velora's window, once it is mapped.
 find_window() {
-  xdotool search --onlyvisible --class velora | head -1
+  xdotool search --onlyvisible --class velora 2>/dev/null | head -1
+}
+
+# find_velora: true once the window is mapped.
+find_velora() {
+  [ -n "$(find_window)" ]
 }

@@ -11,6 +11,9 @@ TEST(TimerSchedule, NothingIsDueWhileNoTimerCanAct) {
     EXPECT_EQ(schedule.NextDue(form, 0), std::nullopt) << "an empty title needs no tick";
     form.lblFilescroll.Caption = u"abc";
     EXPECT_EQ(schedule.NextDue(form, 50), 150);
+    form.State = WindowState::Minimised;
+    EXPECT_EQ(schedule.NextDue(form, 60), std::nullopt) << "nobody sees a minimised title move";
+    form.State = WindowState::Normal;
     form.lblFilescroll.Caption.clear();
     EXPECT_EQ(schedule.NextDue(form, 120), std::nullopt);
     form.lblFilescroll.Caption = u"abc";

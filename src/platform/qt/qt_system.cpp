@@ -40,10 +40,8 @@ void QtSystem::PlaySoundAndWait(const Text& path) {
 }
 
 void QtSystem::EndProcess() {
-    if (m_window) {
-        m_window->hide();
-        QGuiApplication::sync();
-    }
+    // The toolkit's own sync would let events in; hiding sends what it says by itself.
+    if (m_window) m_window->hide();
     VELORA_CHECK_LEAKS();
     _exit(0);
 }

@@ -63,7 +63,7 @@ QtWindow::QtWindow(QtLoop& loop) : m_loop(loop) {
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint);
+                   Qt::WindowCloseButtonHint);
 }
 
 void QtWindow::Attach(Form& form, FormEvents& events, std::function<void(bool)> scopeSeen) {
@@ -90,9 +90,9 @@ void QtWindow::Present() {
     Scene now = SceneOf(*m_form);
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
-    // Waiting damage of earlier turns is painted along by the same call.
+    // Painting at once also sends it; the toolkit's sync would let events in. Damage that still waits from
+    // earlier turns is painted along by the same call.
     if (!damage.isEmpty()) repaint(damage);
-    QGuiApplication::sync();
 }
 
 void QtWindow::ShowChanges() {

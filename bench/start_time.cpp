@@ -1,0 +1,128 @@
+// Starts a program and measures, until its first window is mapped and its first sample is at the sink:
+// the time, the processor time of the process, its memory. Prints one line of numbers:
+//   milliseconds to the mapped window, milliseconds of processor time to that point, PSS in kilobytes half a
+//   second later, milliseconds to the first sample (-1 without --sound).
+// Usage: start_time [--sound] PROGRAM [ARGUMENT...]; the display and the sound server are the environment's.
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <pulse/simple.h>
+#include <string>
+#include <sys/wait.h>
+#include <thread>
+#include <time.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+namespace {
+
+double NowMs() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+double ProcessorMs(pid_t process) {
+    clockid_t clock{};
+    timespec spent{};
+    if (clock_getcpuclockid(process, &clock) != 0 || clock_gettime(clock, &spent) != 0) return -1;
+    return static_cast<double>(spent.tv_sec) * 1e3 + static_cast<double>(spent.tv_nsec) / 1e6;
+}
+
+long PssKb(pid_t process) {
+    std::ifstream rollup("/proc/" + std::to_string(process) + "/smaps_rollup");
+    std::string word;
+    long kilobytes = -1;
+    while (rollup >> word)
+        if (word == "Pss:" && rollup >> kilobytes) break;
+    return kilobytes;
+}
+
+// Reads what the sink plays in pieces of 2 ms; gives the time of the first sample that isn't 0.
+class SinkListener {
+public:
+    bool Start() {
+        const pa_sample_spec format{PA_SAMPLE_S16LE, 44100, 2};
+        const pa_buffer_attr pieces{~0u, ~0u, ~0u, ~0u, kPieceBytes};
+        m_stream = pa_simple_new(nullptr, "bench", PA_STREAM_RECORD, "out.monitor", "bench", &format, nullptr,
+                                 &pieces, nullptr);
+        if (!m_stream) return false;
+        Read();
+        m_thread = std::thread([this] {
+            while (FirstMs < 0 && !Quit)
+                Read();
+        });
+        return true;
+    }
+    void Stop() {
+        Quit = true;
+        if (m_thread.joinable()) m_thread.join();
+    }
+    std::atomic<double> FirstMs{-1};
+    std::atomic<bool> Quit{false};
+
+private:
+    static constexpr unsigned kPieceBytes = 88 * 4;
+
+    void Read() {
+        std::int16_t piece[kPieceBytes / 2];
+        if (pa_simple_read(m_stream, piece, sizeof piece, nullptr) < 0) {
+            Quit = true;
+            return;
+        }
+        const double endMs = NowMs();
+        for (unsigned at = 0; at < kPieceBytes / 2; ++at)
+            if (piece[at] != 0) {
+                FirstMs = endMs - (kPieceBytes / 2 - at) / 88.2;
+                return;
+            }
+    }
+
+    pa_simple* m_stream = nullptr;
+    std::thread m_thread;
+};
+
+// Waits for a top window of more than a few pixels; toolkits map nothing smaller, but make such windows.
+void WaitForMap(xcb_connection_t* display) {
+    while (xcb_generic_event_t* event = xcb_wait_for_event(display)) {
+        const bool mapped = (event->response_type & 0x7F) == XCB_MAP_NOTIFY;
+        std::free(event);
+        if (mapped) return;
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const bool sound = count > 1 && std::strcmp(arguments[1], "--sound") == 0;
+    char** command = arguments + (sound ? 2 : 1);
+    if (!*command) return 2;
+    SinkListener listener;
+    if (sound && !listener.Start()) return 1;
+    xcb_connection_t* display = xcb_connect(nullptr, nullptr);
+    if (xcb_connection_has_error(display)) return 1;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
+    const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(display, root, XCB_CW_EVENT_MASK, &mask);
+    std::free(xcb_get_input_focus_reply(display, xcb_get_input_focus(display), nullptr));
+
+    const double startMs = NowMs();
+    const pid_t process = fork();
+    if (process == 0) {
+        execv(command[0], command);
+        _exit(127);
+    }
+    WaitForMap(display);
+    const double mappedMs = NowMs() - startMs;
+    const double processorMs = ProcessorMs(process);
+    usleep(500'000);
+    const long pssKb = PssKb(process);
+    listener.Stop();
+    const double firstMs = listener.FirstMs < 0 ? -1 : listener.FirstMs - startMs;
+    kill(process, SIGKILL);
+    waitpid(process, nullptr, 0);
+    std::printf("%.1f %.1f %ld %.1f\n", mappedMs, processorMs, pssKb, firstMs);
+}
