@@ -48,7 +48,9 @@ start_sound() {
 }
 
 start_window_manager() {
-  openbox --config-file /dev/null >/dev/null 2>&1 &
+  # Without a file of its own it would complain in a window.
+  echo '<openbox_config xmlns="http://openbox.org/3.4/rc"/>' >"$session_dir/openbox.xml"
+  openbox --config-file "$session_dir/openbox.xml" >/dev/null 2>&1 &
   session_pids+=($!)
   wait_for 'the window manager' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
 }
