@@ -2,11 +2,13 @@
 #include "playback/transport.h"
 
 #include "display/progress.h"
+#include "platform/file_dialogs.h"
 #include "playback/buttons.h"
 #include "playback/navigation.h"
 #include "playback/seeking.h"
 #include "playlist/catalogue.h"
 #include "playlist/media_list.h"
+#include "skin/catalogue.h"
 
 namespace {
 
@@ -61,7 +63,8 @@ void SelectMediaFile(Velora& velora) {
 void SelectPlaylist(Velora& velora) {
     ForgetCapture(velora.Capture);
     const Text directory = velora.System.CurrentDirectory();
-    const Text file = velora.Dialogs.ChooseFile(u"Select Playlist ...", directory, velora.PlaylistFilter);
+    const Text file = OpenFileDialog(velora.Dialogs, velora.System, velora.PlaylistFilter,
+                                     u"Select Playlist ...", directory);
     if (file.empty()) return;
     AddPlaylist(velora, velora.Dialogs.InputBox(u"Name of playlist:", u"Velora"), file);
 }
@@ -121,6 +124,7 @@ void picForward_MouseUp(Velora& velora, const MouseEvent& event) {
 void picPlaylist_MouseUp(Velora& velora, const MouseEvent& event) {
     Form& form = velora.frmMain;
     ButtonUp(velora, event.Button, form.picPlaylist, form.picPlaylist1, form.picPlaylist2);
+    if (ShowsPictureOf(form.picPlaylist, form.picPlaylist1)) ShowCompanionSkin(velora);
 }
 
 void picEject_MouseUp(Velora& velora, const MouseEvent& event) {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/file_dialogs.h"
 #include "platform/paths.h"
 #include "state/messages.h"
 
@@ -64,7 +65,7 @@ void CatchUp(Velora& velora) {
 Text ChosenPath(Velora& velora, const Text& directory, const Text& fileName) {
     if (!fileName.empty()) return directory + fileName;
     ForgetCapture(velora.Capture);
-    return velora.Dialogs.ChooseFile(u"Select Media ...", directory, velora.MediaFilter);
+    return OpenFileDialog(velora.Dialogs, velora.System, velora.MediaFilter, u"Select Media ...", directory);
 }
 
 } // namespace

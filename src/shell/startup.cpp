@@ -2,12 +2,14 @@
 #include "shell/startup.h"
 
 #include "display/characters.h"
+#include "platform/file_dialogs.h"
 #include "platform/paths.h"
 #include "playback/navigation.h"
 #include "playback/volume.h"
 #include "playlist/catalogue.h"
 #include "playlist/media_list.h"
 #include "shell/window_behaviour.h"
+#include "skin/catalogue.h"
 
 namespace {
 
@@ -37,10 +39,12 @@ void Form_Load(Velora& velora) {
 }
 
 void InitialiseApplication(Velora& velora) {
+    InitialiseFilters(velora.MediaFilter, velora.PlaylistFilter, velora.SkinFilter);
     velora.MediaLimit = kMediaLimit;
     velora.PlaylistsIni = velora.System.IniFile(u"\\velplaylists.ini");
     velora.SettingsIni = velora.System.IniFile(u"\\velsettings.ini");
     velora.SkinsIni = velora.System.IniFile(u"\\velskins.ini");
     LoadPlaylistCatalogue(velora);
+    LoadSkinCatalogue(velora);
     RestoreVolume(velora);
 }

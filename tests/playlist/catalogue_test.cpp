@@ -157,8 +157,8 @@ TEST_F(Catalogue, AFileThatCannotBeWrittenLeavesTheRecordForThisRun) {
 }
 
 TEST_F(Catalogue, EjectWithAModifierAsksForFileAndName) {
-    velora.System.SetCurrentDirectory(u"\\here");
     for (const Integer shift : {1, 2, 4, 7}) {
+        machine.Current = u"\\here";
         dialogs.Files = {Native("a.m3u")};
         Click(form.picEject, kLeftButton, shift);
         EXPECT_EQ(velora.PlaylistCount, 0) << "the input box was cancelled";

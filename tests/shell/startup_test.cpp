@@ -25,7 +25,102 @@ protected:
     }
 };
 
+// A whole start with the product's own skins, in a directory of their own.
+class WholeStart : public VeloraTest {
+protected:
+    WholeStart() {
+        namespace fs = std::filesystem;
+        m_directory = fs::temp_directory_path() /
+                      ("velora-start-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+        fs::create_directories(m_directory);
+        fs::create_directory_symlink(VELORA_SOURCE_DIR "/app/VELORA_MAIN", m_directory / "VELORA_MAIN");
+        for (const auto& entry : fs::recursive_directory_iterator(m_directory / "VELORA_MAIN" / ""))
+            pictures.Known[PathText(entry.path().string())] =
+                entry.path().stem() == "background" ? NullPictures::Size{500, 300} : NullPictures::Size{8, 8};
+        machine.Directory = PathText(m_directory.string());
+        velora.MediaLimit = 0;
+    }
+    ~WholeStart() override { std::filesystem::remove_all(m_directory); }
+
+    /// The names of what lies beside the program.
+    [[nodiscard]] std::size_t FilesBeside() const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_directory),
+                                                      std::filesystem::directory_iterator()));
+    }
+
+    std::filesystem::path m_directory;
+};
+
 } // namespace
+
+TEST_F(WholeStart, WithoutACommandLineShowsASkinAtRest) {
+    Form_Load(velora);
+    EXPECT_EQ(TakePlayerLines(), Lines{});
+    EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
+    EXPECT_EQ(velora.CurrentSkin, 1);
+    EXPECT_EQ(velora.MediaLimit, 2500);
+    EXPECT_EQ(velora.SettingsIni, machine.Directory + u"\\velsettings.ini");
+    EXPECT_EQ(velora.PlaylistsIni, machine.Directory + u"\\velplaylists.ini");
+    EXPECT_EQ(velora.SkinsIni, machine.Directory + u"\\velskins.ini");
+    EXPECT_EQ(velora.MediaFilter.size(), 9U);
+    EXPECT_EQ(form.lblStatusLabel.Caption, u"Ready");
+    EXPECT_EQ(form.lblFilescroll.Caption, u"");
+    EXPECT_NE(form.picPlay1.Picture, nullptr);
+    EXPECT_EQ(form.picPlay.Picture, form.picPlay1.Picture);
+    EXPECT_EQ(FilesBeside(), 1U) << "nothing was written";
+}
+
+TEST_F(WholeStart, ByTheCommandLineShowsPlayWhilePlaying) {
+    machine.Arguments = u"\"C:\\Music\\a.mp3\"";
+    Form_Load(velora);
+    EXPECT_EQ(TakePlayerLines(), (Lines{"Player.Stop", "Player.TrackFile C:\\Music\\a.mp3", "Player.Play"}));
+    EXPECT_EQ(velora.PlayerState, PlayerState::Playing);
+    EXPECT_EQ(form.picPlay.Picture, form.picPlay1.Picture);
+}
+
+TEST_F(WholeStart, ARefusedFileGivesItsMessageAndNoTrack) {
+    machine.Arguments = u"\"C:\\Music\\a.txt\"";
+    Form_Load(velora);
+    EXPECT_EQ(journal.Take(), Lines{"MessageBox That file format is not supported by Velora"});
+    EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
+}
+
+TEST_F(WholeStart, ThePlaylistsComeInFrontOfTheCommandLine) {
+    std::ofstream(m_directory / "velplaylists.ini")
+        << "[Settings]\nCount=1\n[1]\nEnabled=True\nFile=l.m3u\nPath=" << Utf8(machine.Directory) << "\n";
+    std::ofstream(m_directory / "l.m3u") << "one.mp3\r\ntwo.mp3\r\n";
+    machine.Arguments = u"\"C:\\Music\\a.mp3\"";
+    Form_Load(velora);
+    EXPECT_EQ(velora.CurrentTrack, 3);
+    EXPECT_EQ(player.Directories, (std::vector<Text>{u"\\home\\", machine.Directory + u"\\"}));
+}
+
+TEST_F(WholeStart, RefusingToLookForASkinEndsTheProcess) {
+    std::filesystem::remove(m_directory / "VELORA_MAIN");
+    EXPECT_THROW(Form_Load(velora), ProcessEnded);
+    EXPECT_EQ(journal.Take(), (Lines{"Question Unable to locate skin, find yourself?", "EndProcess"}));
+}
+
+TEST_F(WholeStart, AStoredVolumeShowsOnTheSkin) {
+    std::ofstream(m_directory / "velsettings.ini") << "[Settings]\nVolume=4\n";
+    Form_Load(velora);
+    EXPECT_EQ(TakePlayerLines(), Lines{"Player.SetVolume 60"});
+    EXPECT_EQ(form.lCurVol, 4);
+}
+
+TEST_F(WholeStart, TheCompanionSkinLeavesThePlayerAloneAndPicPlayUsable) {
+    machine.Arguments = u"\"C:\\Music\\a.mp3\"";
+    Form_Load(velora);
+    (void)journal.Take();
+    Click(form.picPlaylist);
+    EXPECT_EQ(velora.CurrentSkin, 2);
+    EXPECT_EQ(velora.PlayerState, PlayerState::Playing);
+    EXPECT_EQ(form.picPlay.Picture, form.picStop1.Picture);
+    Click(form.picPlay);
+    EXPECT_EQ(TakePlayerLines(), Lines{"Player.Stop"});
+    Click(form.picPlaylist, kRightButton);
+    EXPECT_EQ(velora.CurrentSkin, 2) << "a right click on the fresh button does nothing";
+}
 
 TEST(CommandLine, LosesItsFirstAndItsLastCharacterWhateverTheyAre) {
     struct Row {
