@@ -31,8 +31,10 @@ bool ShowsNothing(const Figure& figure) {
 } // namespace
 
 Scene SceneOf(const Form& form) {
-    Scene scene{form.Caption, ClientArea(form), form.State, form.Region, {}};
-    for (const StackedControl& row : ControlStack(form)) {
+    Scene scene{form.Caption, ClientArea(form), form.State, form.Region, {}, {}};
+    const std::vector<StackedControl> stack = ControlStack(form);
+    scene.Figures.reserve(stack.size());
+    for (const StackedControl& row : stack) {
         Figure figure{};
         figure.Kind = row.Kind;
         figure.Source = row.Source;
@@ -49,7 +51,7 @@ Scene SceneOf(const Form& form) {
             FillFigure(figure, static_cast<const Shape&>(*row.Source));
             break;
         case ControlKind::Scope:
-            figure.Bars = form.VFmp3scope1.Bars;
+            scene.Bars = form.VFmp3scope1.Bars;
             break;
         }
         if (!ShowsNothing(figure)) scene.Figures.push_back(std::move(figure));
@@ -60,17 +62,29 @@ Scene SceneOf(const Form& form) {
 std::vector<Rect> DamageBetween(const Scene& shown, const Scene& now) {
     std::vector<Rect> damage;
     const auto add = [&](const Figure& figure) { damage.push_back(Intersection(figure.Place, figure.Clip)); };
-    const auto find = [](const Scene& scene, const Control* source) {
-        return std::find_if(scene.Figures.begin(), scene.Figures.end(),
+    const auto find = [](const Scene& scene, std::size_t from, const Control* source) {
+        const auto begin = scene.Figures.begin() + static_cast<std::ptrdiff_t>(from);
+        return std::find_if(begin, scene.Figures.end(),
                             [&](const Figure& figure) { return figure.Source == source; });
     };
+    // Both lists follow the one order of the controls, so a figure's partner is the next one or isn't there.
+    std::size_t at = 0;
     for (const Figure& figure : now.Figures) {
-        const auto before = find(shown, figure.Source);
-        if (before != shown.Figures.end() && *before == figure) continue;
-        if (before != shown.Figures.end()) add(*before);
-        add(figure);
+        const auto before = find(shown, at, figure.Source);
+        if (before == shown.Figures.end()) {
+            add(figure);
+            continue;
+        }
+        const auto place = static_cast<std::size_t>(before - shown.Figures.begin());
+        for (; at < place; ++at)
+            add(shown.Figures[at]);
+        ++at;
+        const bool sameBars = figure.Kind != ControlKind::Scope || shown.Bars == now.Bars;
+        if (sameBars && *before == figure) continue;
+        add(*before);
+        if (before->Place != figure.Place || before->Clip != figure.Clip) add(figure);
     }
-    for (const Figure& figure : shown.Figures)
-        if (find(now, figure.Source) == now.Figures.end()) add(figure);
+    for (; at < shown.Figures.size(); ++at)
+        add(shown.Figures[at]);
     return damage;
 }

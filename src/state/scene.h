@@ -23,7 +23,6 @@ struct Figure {
     Long Colour = 0; ///< Of the text, or the fill of a shape.
     Long BorderColour = 0;
     ShapeForm Form = ShapeForm::Oval;
-    ScopeBars Bars;
 
     bool operator==(const Figure&) const = default;
 };
@@ -34,6 +33,7 @@ struct Scene {
     WindowState State = WindowState::Normal;
     std::shared_ptr<const ::Region> Region;
     std::vector<Figure> Figures; ///< From back to front.
+    ScopeBars Bars;              ///< What the visualisation shows, if it is among the figures.
 };
 
 [[nodiscard]] Scene SceneOf(const Form& form);

@@ -89,7 +89,7 @@ float HighestOf(const std::array<float, ScopeBars::kCount>& bands, int bar, int 
     return *std::max_element(bands.begin() + first, bands.begin() + last);
 }
 
-void PaintBars(QPainter& painter, const Figure& figure) {
+void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) {
     painter.fillRect(ToQRect(figure.Place), Qt::black);
     const int widthPx = figure.Place.Right - figure.Place.Left;
     const int heightPx = figure.Place.Bottom - figure.Place.Top;
@@ -98,14 +98,14 @@ void PaintBars(QPainter& painter, const Figure& figure) {
         const int left = figure.Place.Left + bar * widthPx / bars;
         const int right = figure.Place.Left + (bar + 1) * widthPx / bars;
         const int barWidth = std::max(right - left - 1, 1);
-        const double level = HighestOf(figure.Bars.Level, bar, bars) * heightPx;
-        const double peak = HighestOf(figure.Bars.Peak, bar, bars) * heightPx;
+        const double level = HighestOf(shown.Level, bar, bars) * heightPx;
+        const double peak = HighestOf(shown.Peak, bar, bars) * heightPx;
         painter.fillRect(QRectF(left, figure.Place.Bottom - level, barWidth, level), Qt::yellow);
         if (peak >= 1) painter.fillRect(QRectF(left, figure.Place.Bottom - peak, barWidth, 1), Qt::white);
     }
 }
 
-void PaintFigure(QPainter& painter, QtFonts& fonts, const Figure& figure) {
+void PaintFigure(QPainter& painter, QtFonts& fonts, const Scene& scene, const Figure& figure) {
     switch (figure.Kind) {
     case ControlKind::PictureBox:
         PaintPicture(painter, figure);
@@ -117,7 +117,7 @@ void PaintFigure(QPainter& painter, QtFonts& fonts, const Figure& figure) {
         PaintShape(painter, figure);
         break;
     case ControlKind::Scope:
-        PaintBars(painter, figure);
+        PaintBars(painter, figure, scene.Bars);
         break;
     }
 }
@@ -134,7 +134,7 @@ void PaintScene(QPainter& painter, QtFonts& fonts, const Scene& scene, const Rec
         if (visible.IsEmpty()) continue;
         painter.save();
         painter.setClipRect(ToQRect(visible), Qt::IntersectClip);
-        PaintFigure(painter, fonts, figure);
+        PaintFigure(painter, fonts, scene, figure);
         painter.restore();
     }
 }

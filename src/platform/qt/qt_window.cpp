@@ -97,6 +97,14 @@ void QtWindow::Present() {
 
 void QtWindow::ShowChanges() {
     if (!m_isUp) return;
+    if (m_form->State == WindowState::Minimised && m_shown.State == WindowState::Minimised) {
+        // Nothing else of a minimised window is seen; the rest is compared when it comes back.
+        if (m_form->Caption != m_shown.Caption) {
+            m_shown.Caption = m_form->Caption;
+            ShowCaption(m_shown);
+        }
+        return;
+    }
     Scene now = SceneOf(*m_form);
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
@@ -194,6 +202,7 @@ void QtWindow::changeEvent(QEvent* event) {
         m_form->State = isMinimized() ? WindowState::Minimised : WindowState::Normal;
         m_shown.State = m_form->State;
         TellScopeSeen(m_shown);
+        m_loop.Handle([] {});
     }
     QWidget::changeEvent(event);
 }
