@@ -11,7 +11,7 @@
 
 namespace {
 
-class Catalogue : public VeloraTest {
+class PlaylistCatalogue : public VeloraTest {
 protected:
     void SetUp() override {
         m_directory = std::filesystem::temp_directory_path() /
@@ -41,13 +41,13 @@ protected:
 
 } // namespace
 
-TEST_F(Catalogue, IsEmptyWithoutAFile) {
+TEST_F(PlaylistCatalogue, IsEmptyWithoutAFile) {
     LoadPlaylistCatalogue(velora);
     EXPECT_EQ(velora.PlaylistCount, 0);
     EXPECT_FALSE(std::filesystem::exists(m_directory / "velplaylists.ini"));
 }
 
-TEST_F(Catalogue, PoursTheEnabledPlaylistsIntoTheListInTheirOrder) {
+TEST_F(PlaylistCatalogue, PoursTheEnabledPlaylistsIntoTheListInTheirOrder) {
     Write("velplaylists.ini", "[Settings]\r\nCount=4\r\n" + Record("1", "one.m3u") +
                                   "[2]\r\nEnabled=maybe\r\nFile=one.m3u\r\n" + Record("4", "two.m3u"));
     Write("one.m3u", "a.mp3\r\nb.mp3\r\n");
@@ -62,7 +62,7 @@ TEST_F(Catalogue, PoursTheEnabledPlaylistsIntoTheListInTheirOrder) {
     EXPECT_EQ(velora.Playlists[2].File, u"") << "a disabled record stays empty";
 }
 
-TEST_F(Catalogue, ACountBeyondTheRecordsIsKeptAndOneThatIsNoNumberIsNone) {
+TEST_F(PlaylistCatalogue, ACountBeyondTheRecordsIsKeptAndOneThatIsNoNumberIsNone) {
     Write("velplaylists.ini",
           "[Settings]\r\nCount=32767\r\n" + Record("500", "a.m3u") + Record("501", "a.m3u"));
     LoadPlaylistCatalogue(velora);
@@ -74,13 +74,13 @@ TEST_F(Catalogue, ACountBeyondTheRecordsIsKeptAndOneThatIsNoNumberIsNone) {
     EXPECT_EQ(velora.PlaylistCount, 0);
 }
 
-TEST_F(Catalogue, AnEmptyPathBecomesABackslash) {
+TEST_F(PlaylistCatalogue, AnEmptyPathBecomesABackslash) {
     Write("velplaylists.ini", "[Settings]\r\nCount=1\r\n[1]\r\nEnabled=1\r\n");
     LoadPlaylistCatalogue(velora);
     EXPECT_EQ(velora.Playlists[1].Path, u"\\");
 }
 
-TEST_F(Catalogue, WhatIsAddedIsFoundAtTheNextStartAndNotBefore) {
+TEST_F(PlaylistCatalogue, WhatIsAddedIsFoundAtTheNextStartAndNotBefore) {
     Write("my list.m3u", "a.mp3\r\n");
     EXPECT_EQ(AddPlaylist(velora, u"First", Native("my list.m3u")), 1);
     EXPECT_EQ(AddPlaylist(velora, u" quoted ", Native("other.m3u")), 2);
@@ -96,12 +96,12 @@ TEST_F(Catalogue, WhatIsAddedIsFoundAtTheNextStartAndNotBefore) {
     EXPECT_EQ(next.Playlists[2].Name, u" quoted ");
 }
 
-TEST_F(Catalogue, WithoutANameNothingIsWritten) {
+TEST_F(PlaylistCatalogue, WithoutANameNothingIsWritten) {
     EXPECT_EQ(AddPlaylist(velora, u"", Native("a.m3u")), 0);
     EXPECT_FALSE(std::filesystem::exists(m_directory / "velplaylists.ini"));
 }
 
-TEST_F(Catalogue, TwoRunsThatAddKeepBothEntries) {
+TEST_F(PlaylistCatalogue, TwoRunsThatAddKeepBothEntries) {
     Velora other({window, dialogs, loop, pictures, machine, player, scope});
     other.PlaylistsIni = velora.PlaylistsIni;
     EXPECT_EQ(AddPlaylist(velora, u"Mine", Native("a.m3u")), 1);
@@ -111,7 +111,7 @@ TEST_F(Catalogue, TwoRunsThatAddKeepBothEntries) {
     EXPECT_EQ(InFile(u"Settings", u"Count"), "3");
 }
 
-TEST_F(Catalogue, ALockThatIsNotGivenUpHoldsUpForASecondOnly) {
+TEST_F(PlaylistCatalogue, ALockThatIsNotGivenUpHoldsUpForASecondOnly) {
     NullLoop otherLoop;
     const DirectoryLock lock(otherLoop, Native(""));
     ASSERT_TRUE(lock);
@@ -119,7 +119,7 @@ TEST_F(Catalogue, ALockThatIsNotGivenUpHoldsUpForASecondOnly) {
     EXPECT_EQ(loop.NowMs(), 1000);
 }
 
-TEST_F(Catalogue, NoMessageStandsOnALock) {
+TEST_F(PlaylistCatalogue, NoMessageStandsOnALock) {
     bool free = false;
     dialogs.WhileOpen = [&] {
         NullLoop otherLoop;
@@ -130,7 +130,7 @@ TEST_F(Catalogue, NoMessageStandsOnALock) {
     EXPECT_TRUE(free);
 }
 
-TEST_F(Catalogue, LimitsAreToldAndEnterNothing) {
+TEST_F(PlaylistCatalogue, LimitsAreToldAndEnterNothing) {
     const Text longName(251, u'x');
     EXPECT_EQ(AddPlaylist(velora, u"fits", Native("") + longName.substr(0, 250) + u".m3u"), 1);
     EXPECT_EQ(AddPlaylist(velora, u"too long", Native("") + longName + u".m3u"), 0);
@@ -143,20 +143,20 @@ TEST_F(Catalogue, LimitsAreToldAndEnterNothing) {
     EXPECT_EQ(InFile(u"Settings", u"Count"), "500");
 }
 
-TEST_F(Catalogue, ACountBelowZeroIsZeroForTheNextRecord) {
+TEST_F(PlaylistCatalogue, ACountBelowZeroIsZeroForTheNextRecord) {
     Write("velplaylists.ini", "[Settings]\r\nCount=-5\r\n");
     LoadPlaylistCatalogue(velora);
     EXPECT_EQ(velora.PlaylistCount, -5);
     EXPECT_EQ(AddPlaylist(velora, u"x", Native("a.m3u")), 1);
 }
 
-TEST_F(Catalogue, AFileThatCannotBeWrittenLeavesTheRecordForThisRun) {
+TEST_F(PlaylistCatalogue, AFileThatCannotBeWrittenLeavesTheRecordForThisRun) {
     velora.PlaylistsIni = Native("gone\\velplaylists.ini");
     EXPECT_EQ(AddPlaylist(velora, u"x", Native("a.m3u")), 1);
     EXPECT_TRUE(velora.Playlists[1].Enabled);
 }
 
-TEST_F(Catalogue, EjectWithAModifierAsksForFileAndName) {
+TEST_F(PlaylistCatalogue, EjectWithAModifierAsksForFileAndName) {
     for (const Integer shift : {1, 2, 4, 7}) {
         machine.Current = u"\\here";
         dialogs.Files = {Native("a.m3u")};

@@ -115,7 +115,7 @@ TEST_F(PlaylistFiles, AMillionLinesStopAtTheLimit) {
         bytes += "C:\\Music\\Some Artist\\track " + std::to_string(line) + ".mp3\r\n";
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(Load(bytes).size(), 2500U);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
     EXPECT_EQ(journal.Take(), Lines{}) << "the limit is no message here";
 }
 
