@@ -17,6 +17,7 @@
 #include "playback/player_events.h"
 #include "shell/handlers.h"
 #include "shell/startup.h"
+#include "state/spoken.h"
 #include "state/velora.h"
 
 namespace {
@@ -51,6 +52,12 @@ struct Logic {
     AudioScope Scope;
 };
 
+// A press from a screen reader, through the same door as the mouse's.
+void PressAt(FormHandlers& handlers, int xPx, int yPx) {
+    handlers.OnPointer({PointerKind::Press, xPx, yPx, kLeftButton, kLeftButton, 0});
+    handlers.OnPointer({PointerKind::Release, xPx, yPx, kLeftButton, kNoButton, 0});
+}
+
 } // namespace
 
 int main(int count, char** arguments) {
@@ -81,6 +88,9 @@ int main(int count, char** arguments) {
     player.Attach(playerHandlers);
     window.Attach(velora.frmMain, formHandlers, [&](bool seen) { player.Ring().SetSeen(seen); });
     loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
+    window.LetSpeak(
+        {[&] { return SpokenControls(velora); },
+         [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(formHandlers, xPx, yPx); }); }});
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 
     Form_Load(velora);

@@ -1,11 +1,13 @@
 // Showing never changes a record, but for the window state, which the platform changes too.
 #include "platform/qt/qt_window.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QHelpEvent>
+#include <QIcon>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -72,6 +74,19 @@ void QtWindow::Attach(Form& form, FormEvents& events, std::function<void(bool)> 
     m_scopeSeen = std::move(scopeSeen);
 }
 
+void QtWindow::LetSpeak(SpokenSource source) {
+    m_spokenBy = std::move(source);
+    InstallAccessibility();
+}
+
+void QtWindow::Speak() {
+    if (!QAccessible::isActive() || !m_spokenBy.Controls) return;
+    std::vector<SpokenControl> now = m_spokenBy.Controls();
+    if (now == m_spoken) return;
+    AnnounceChanges(*this, m_spoken, now);
+    m_spoken = std::move(now);
+}
+
 void QtWindow::ShowFirst() {
     m_shown = SceneOf(*m_form);
     m_isUp = true;
@@ -83,6 +98,15 @@ void QtWindow::ShowFirst() {
     CentreOnScreen();
     show();
     TellScopeSeen(m_shown);
+    // The icon can come a moment later; the window need not wait for it.
+    m_loop.Post([this] { ShowIcon(); });
+}
+
+void QtWindow::ShowIcon() {
+    QIcon icon;
+    for (const int sizePx : {32, 64})
+        icon.addFile(QStringLiteral(":/icons/%1x%1/apps/velora.png").arg(sizePx));
+    setWindowIcon(icon);
 }
 
 void QtWindow::Present() {
@@ -109,6 +133,7 @@ void QtWindow::ShowChanges() {
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
     if (!damage.isEmpty()) update(damage);
+    Speak();
 }
 
 QRegion QtWindow::TakeDamage(const Scene& now) {

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "platform/qt/qt_accessible.h"
 #include "platform/qt/qt_fonts.h"
 #include "platform/qt/qt_loop.h"
 #include "platform/window.h"
@@ -20,6 +21,10 @@ public:
     /// The form that the window shows and who is told. `scopeSeen` is called whenever the visualisation
     /// begins or ceases to be on the screen.
     void Attach(Form& form, FormEvents& events, std::function<void(bool)> scopeSeen);
+
+    /// What screen readers are told, and how they press. Without it they see a window without content.
+    void LetSpeak(SpokenSource source);
+    [[nodiscard]] const SpokenSource& SpokenBy() const { return m_spokenBy; }
 
     void Present() override;
     void ShowFirst() override;
@@ -41,9 +46,11 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    void Speak();
     [[nodiscard]] QRegion TakeDamage(const Scene& now);
     void ShowFrame(const Scene& now);
     void ShowShape(const Scene& now);
+    void ShowIcon();
     void ShowSize(const Scene& now);
     void ShowCaption(const Scene& now);
     void TellScopeSeen(const Scene& now);
@@ -57,6 +64,8 @@ private:
     Form* m_form = nullptr;
     FormEvents* m_events = nullptr;
     std::function<void(bool)> m_scopeSeen;
+    SpokenSource m_spokenBy;
+    std::vector<SpokenControl> m_spoken; ///< As told last; empty while no screen reader listens.
     bool m_wasScopeSeen = false;
     Scene m_shown;
     QRegion m_shape; ///< The region in client pixels; used only while one is set.
