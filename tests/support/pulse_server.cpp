@@ -79,7 +79,7 @@ bool Listens(const std::string& path) {
 
 } // namespace
 
-PrivatePulseServer::PrivatePulseServer() {
+PrivatePulseServer::PrivatePulseServer(TestSink sink) : m_sink(sink) {
     std::string pattern = (std::filesystem::temp_directory_path() / "velora-sound-XXXXXX").string();
     if (mkdtemp(pattern.data())) m_directory = pattern;
     Start();
@@ -100,9 +100,13 @@ bool PrivatePulseServer::Start() {
     Kill();
     const std::string socket = m_directory + "/native";
     std::filesystem::remove(socket);
+    const std::string format = " sink_name=out format=s16le rate=44100 channels=2";
+    const std::string sink =
+        m_sink == TestSink::Null
+            ? "module-null-sink" + format
+            : "module-pipe-sink" + format + " use_system_clock_for_timing=yes file=" + m_directory + "/pipe";
     m_process = Spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--log-level=error", "-L",
-                       "module-null-sink sink_name=out format=s16le rate=44100 channels=2", "-L",
-                       "module-native-protocol-unix socket=" + socket + " auth-anonymous=1"},
+                       sink, "-L", "module-native-protocol-unix socket=" + socket + " auth-anonymous=1"},
                       EnvironmentIn(m_directory), m_directory + "/server.log");
     if (m_process > 0 && WaitFor([&] { return Listens(socket); })) return true;
     Kill();
@@ -126,9 +130,12 @@ std::string PrivatePulseServer::Ask(const std::string& arguments) const {
 
 SoundRecorder::SoundRecorder(const PrivatePulseServer& server)
     : m_file(server.Directory() + "/recording.raw") {
-    m_process = Spawn({"parec", "--raw", "--device=out.monitor", "--format=s16le", "--rate=44100",
-                       "--channels=2", "--latency-msec=10"},
-                      EnvironmentIn(server.Directory()), m_file);
+    if (server.Sink() == TestSink::Pipe)
+        m_process = Spawn({"cat", server.Directory() + "/pipe"}, EnvironmentIn(server.Directory()), m_file);
+    else
+        m_process = Spawn({"parec", "--raw", "--device=out.monitor", "--format=s16le", "--rate=44100",
+                           "--channels=2", "--latency-msec=10"},
+                          EnvironmentIn(server.Directory()), m_file);
     WaitFor([&] { return !Samples().empty(); });
 }
 

@@ -6,12 +6,17 @@
 #include <sys/types.h>
 #include <vector>
 
+/// `Null` behaves as a sound card does and takes back what it hasn't played yet, but a recording of it lacks
+/// the few milliseconds that were taken back and played anew. `Pipe` takes nothing back and shows every
+/// sample that the server played, so a pause or seek is heard late.
+enum class TestSink { Null, Pipe };
+
 /// A `pulseaudio` process in a temporary directory. Its sink takes 16 bits at 44,100 Hz, so what a player
 /// sends in that format arrives bit for bit.
 class PrivatePulseServer {
 public:
     /// Makes the directory and starts the server; `IsRunning` tells whether that worked.
-    PrivatePulseServer();
+    explicit PrivatePulseServer(TestSink sink = TestSink::Null);
     /// Kills the server and removes the directory.
     ~PrivatePulseServer();
     PrivatePulseServer(const PrivatePulseServer&) = delete;
@@ -28,10 +33,12 @@ public:
     /// What `PULSE_SERVER` is to be.
     [[nodiscard]] std::string Address() const { return "unix:" + m_directory + "/native"; }
     [[nodiscard]] const std::string& Directory() const { return m_directory; }
+    [[nodiscard]] TestSink Sink() const { return m_sink; }
     /// What a run of `pactl` with these arguments prints.
     [[nodiscard]] std::string Ask(const std::string& arguments) const;
 
 private:
+    TestSink m_sink;
     std::string m_directory;
     pid_t m_process = -1;
 };

@@ -61,7 +61,9 @@ bool PulseOutput::Connect(pa_stream* stream) {
     pa_buffer_attr buffer{};
     buffer.maxlength = static_cast<std::uint32_t>(-1);
     buffer.tlength = static_cast<std::uint32_t>(BytesOfMs(m_format, kAheadMs));
-    buffer.prebuf = 0;
+    // Not zero: the server's read place would then run on while the queue is empty, and what comes late be
+    // lost.
+    buffer.prebuf = static_cast<std::uint32_t>(2 * m_format.Channels);
     buffer.minreq = static_cast<std::uint32_t>(BytesOfMs(m_format, kRequestMs));
     buffer.fragsize = static_cast<std::uint32_t>(-1);
     return pa_stream_connect_playback(stream, nullptr, &buffer, PA_STREAM_ADJUST_LATENCY, nullptr, nullptr) ==

@@ -2,10 +2,12 @@
 #include "platform/audio/media_maker.h"
 
 #include <atomic>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <numbers>
 
 #include "platform/audio/mpeg_decoder.h"
 #include "platform/paths.h"
@@ -17,7 +19,7 @@ void PutLittle(std::string& bytes, std::uint32_t number, int count) {
         bytes.push_back(static_cast<char>(number >> 8 * i & 0xFF));
 }
 
-std::string NoiseWave(int rateHz, int channels, int ms) {
+std::string Wave(int rateHz, int channels, int ms, double toneHz) {
     const auto count = static_cast<std::uint32_t>(static_cast<std::int64_t>(rateHz) * ms / 1000 * channels);
     const auto rate = static_cast<std::uint32_t>(rateHz);
     const auto width = static_cast<std::uint32_t>(channels);
@@ -38,7 +40,9 @@ std::string NoiseWave(int rateHz, int channels, int ms) {
     for (std::uint32_t i = 0; i < count; ++i) {
         state = state * 1664525 + 1013904223;
         smooth = (smooth * 3 + static_cast<int>(state >> 17) - 16384) / 4;
-        PutLittle(wave, static_cast<std::uint32_t>(smooth), 2);
+        const double turns = toneHz * (i / width) / rateHz;
+        const int tone = static_cast<int>(26000 * std::sin(2 * std::numbers::pi * turns));
+        PutLittle(wave, static_cast<std::uint32_t>(toneHz > 0 ? tone : smooth), 2);
     }
     return wave;
 }
@@ -67,11 +71,12 @@ MediaMaker::~MediaMaker() {
     if (!m_directory.empty()) std::filesystem::remove_all(m_directory, ignored);
 }
 
-std::string MediaMaker::Encode(const std::string& encoder, int rateHz, int channels, int ms) const {
+std::string MediaMaker::Encode(const std::string& encoder, int rateHz, int channels, int ms,
+                               double toneHz) const {
     const std::string wave = m_directory + "/encode.wav";
     const std::string result = m_directory + "/encode.out";
     std::filesystem::remove(result);
-    Write("encode.wav", NoiseWave(rateHz, channels, ms));
+    Write("encode.wav", Wave(rateHz, channels, ms, toneHz));
     const std::string command = encoder + " '" + wave + "' '" + result + "' >/dev/null 2>&1";
     return std::system(command.c_str()) == 0 ? ReadAll(result) : std::string();
 }

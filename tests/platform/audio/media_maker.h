@@ -17,9 +17,10 @@ public:
 
     [[nodiscard]] const std::string& Directory() const { return m_directory; }
 
-    /// Noise of `ms` milliseconds, the same in each run, encoded by `lame` or `twolame` with these
-    /// arguments. The bytes of the file; none if the encoder fails.
-    [[nodiscard]] std::string Encode(const std::string& encoder, int rateHz, int channels, int ms) const;
+    /// Noise of `ms` milliseconds, the same in each run, or a tone of `toneHz`, encoded by `lame` or
+    /// `twolame` with these arguments. The bytes of the file; none if the encoder fails.
+    [[nodiscard]] std::string Encode(const std::string& encoder, int rateHz, int channels, int ms,
+                                     double toneHz = 0) const;
 
     /// Writes a file and gives the system's text for its path.
     Text Write(const std::string& name, const std::string& bytes) const;
