@@ -114,12 +114,6 @@ TEST_F(Transport, PauseHoldsAndGoesOnAndStopWorksInPaused) {
     EXPECT_EQ(form.lblStatusLabel.Caption, u"Ready");
 }
 
-TEST_F(Transport, PauseWhileStoppedOnlyClicks) {
-    Click(form.picPause);
-    EXPECT_EQ(journal.Take(), Lines{kClick});
-    EXPECT_EQ(velora.PlayerState, Stopped);
-}
-
 // What each mouse gesture on each button comes to: click C, command X, both CX, or nothing. The command is
 // seen by what the journal holds afterwards.
 TEST_F(Transport, GesturesByButton) {
@@ -195,13 +189,6 @@ TEST_F(Transport, StepsWorkFromPausedAndShiftInPausedIsAPlainStep) {
     Click(form.picBackward);
     EXPECT_EQ(velora.CurrentTrack, 1);
     EXPECT_EQ(velora.PlayerState, Playing);
-}
-
-TEST_F(Transport, NextInPausedWithOneEntryStaysPaused) {
-    StartOf(1);
-    Click(form.picPause);
-    Click(form.picForward);
-    EXPECT_EQ(velora.PlayerState, Paused);
 }
 
 TEST_F(Transport, EjectKeepsTheTrackUntilAFileIsChosen) {

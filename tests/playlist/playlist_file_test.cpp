@@ -2,28 +2,19 @@
 #include "playlist/playlist_file.h"
 
 #include <chrono>
-#include <filesystem>
-#include <fstream>
 #include <sys/stat.h>
 
 #include "platform/paths.h"
+#include "support/temp_directory.h"
 #include "support/velora_fixture.h"
 
 namespace {
 
 class PlaylistFiles : public VeloraTest {
 protected:
-    void SetUp() override {
-        m_directory = std::filesystem::temp_directory_path() /
-                      ("velora-lists-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + "-" +
-                       ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(m_directory);
-    }
-    void TearDown() override { std::filesystem::remove_all(m_directory); }
-
     /// The names that a playlist of `bytes` adds.
     std::vector<std::string> Load(const std::string& bytes) {
-        std::ofstream(m_directory / "list.m3u", std::ios::binary) << bytes;
+        directory.Put("list.m3u", bytes);
         const Integer before = velora.Count;
         LoadNamed("list.m3u");
         std::vector<std::string> names;
@@ -32,11 +23,11 @@ protected:
         return names;
     }
     void LoadNamed(const std::string& name) {
-        velora.Playlists[7] = {true, u"x", PathText(name), PathText((m_directory / "").string())};
+        velora.Playlists[7] = {true, u"x", PathText(name), directory.PathText()};
         LoadPlaylistFile(velora, 7);
     }
 
-    std::filesystem::path m_directory;
+    TempDirectory directory;
 };
 
 } // namespace
@@ -93,8 +84,8 @@ TEST_F(PlaylistFiles, BinaryContentIsOnlyLines) {
 }
 
 TEST_F(PlaylistFiles, WhatIsNoPlainFileAddsNothing) {
-    ASSERT_EQ(mkfifo((m_directory / "fifo.m3u").c_str(), 0600), 0);
-    std::filesystem::create_directories(m_directory / "folder.m3u");
+    ASSERT_EQ(mkfifo(directory.Path("fifo.m3u").c_str(), 0600), 0);
+    directory.Put("folder.m3u/inside", "a.mp3\r\n");
     for (const char* name : {"fifo.m3u", "folder.m3u", "missing.m3u", "", "*"})
         LoadNamed(name);
     LoadPlaylistFile(velora, 0);

@@ -2,10 +2,10 @@
 #include "shell/startup.h"
 
 #include <filesystem>
-#include <fstream>
 
 #include "platform/paths.h"
 #include "playback/volume.h"
+#include "support/temp_directory.h"
 #include "support/velora_fixture.h"
 
 namespace {
@@ -14,41 +14,29 @@ class StartUp : public VeloraTest {
 protected:
     /// The volume after a start with such a settings file.
     Lines Restore(const std::string& bytes) {
-        const auto path =
-            std::filesystem::temp_directory_path() /
-            ("velora-settings-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)) + ".ini");
-        std::ofstream(path, std::ios::binary) << bytes;
-        velora.SettingsIni = PathText(path.string());
+        velora.SettingsIni = directory.Put("velsettings.ini", bytes);
         RestoreVolume(velora);
-        std::filesystem::remove(path);
         return TakePlayerLines();
     }
+
+    TempDirectory directory;
 };
 
 // A whole start with the product's own skins, in a directory of their own.
 class WholeStart : public VeloraTest {
 protected:
     WholeStart() {
-        namespace fs = std::filesystem;
-        m_directory = fs::temp_directory_path() /
-                      ("velora-start-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
-        fs::create_directories(m_directory);
-        fs::create_directory_symlink(VELORA_SOURCE_DIR "/app/VELORA_MAIN", m_directory / "VELORA_MAIN");
-        for (const auto& entry : fs::recursive_directory_iterator(m_directory / "VELORA_MAIN" / ""))
+        const std::string skins = directory.Path("VELORA_MAIN");
+        std::filesystem::create_directory_symlink(VELORA_SOURCE_DIR "/app/VELORA_MAIN", skins);
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(skins + "/"))
             pictures.Known[PathText(entry.path().string())] =
                 entry.path().stem() == "background" ? NullPictures::Size{500, 300} : NullPictures::Size{8, 8};
-        machine.Directory = PathText(m_directory.string());
+        machine.Directory = WithoutBackslash(directory.PathText());
         velora.MediaLimit = 0;
     }
-    ~WholeStart() override { std::filesystem::remove_all(m_directory); }
+    static Text WithoutBackslash(const Text& path) { return path.substr(0, path.size() - 1); }
 
-    /// The names of what lies beside the program.
-    [[nodiscard]] std::size_t FilesBeside() const {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(m_directory),
-                                                      std::filesystem::directory_iterator()));
-    }
-
-    std::filesystem::path m_directory;
+    TempDirectory directory;
 };
 
 } // namespace
@@ -67,7 +55,7 @@ TEST_F(WholeStart, WithoutACommandLineShowsASkinAtRest) {
     EXPECT_EQ(form.lblFilescroll.Caption, u"");
     EXPECT_NE(form.picPlay1.Picture, nullptr);
     EXPECT_EQ(form.picPlay.Picture, form.picPlay1.Picture);
-    EXPECT_EQ(FilesBeside(), 1U) << "nothing was written";
+    EXPECT_EQ(directory.Names(), Lines{"VELORA_MAIN"}) << "nothing was written";
 }
 
 TEST_F(WholeStart, ByTheCommandLineShowsPlayWhilePlaying) {
@@ -86,9 +74,9 @@ TEST_F(WholeStart, ARefusedFileGivesItsMessageAndNoTrack) {
 }
 
 TEST_F(WholeStart, ThePlaylistsComeInFrontOfTheCommandLine) {
-    std::ofstream(m_directory / "velplaylists.ini")
-        << "[Settings]\nCount=1\n[1]\nEnabled=True\nFile=l.m3u\nPath=" << Utf8(machine.Directory) << "\n";
-    std::ofstream(m_directory / "l.m3u") << "one.mp3\r\ntwo.mp3\r\n";
+    directory.Put("velplaylists.ini",
+                  "[Settings]\nCount=1\n[1]\nEnabled=True\nFile=l.m3u\nPath=" + Utf8(machine.Directory));
+    directory.Put("l.m3u", "one.mp3\r\ntwo.mp3\r\n");
     machine.Arguments = u"\"C:\\Music\\a.mp3\"";
     Form_Load(velora);
     EXPECT_EQ(velora.CurrentTrack, 3);
@@ -96,13 +84,13 @@ TEST_F(WholeStart, ThePlaylistsComeInFrontOfTheCommandLine) {
 }
 
 TEST_F(WholeStart, RefusingToLookForASkinEndsTheProcess) {
-    std::filesystem::remove(m_directory / "VELORA_MAIN");
+    std::filesystem::remove(directory.Path("VELORA_MAIN"));
     EXPECT_THROW(Form_Load(velora), ProcessEnded);
     EXPECT_EQ(journal.Take(), (Lines{"Question Unable to locate skin, find yourself?", "EndProcess"}));
 }
 
 TEST_F(WholeStart, AStoredVolumeShowsOnTheSkin) {
-    std::ofstream(m_directory / "velsettings.ini") << "[Settings]\nVolume=4\n";
+    directory.Put("velsettings.ini", "[Settings]\nVolume=4\n");
     Form_Load(velora);
     EXPECT_EQ(TakePlayerLines(), Lines{"Player.SetVolume 60"});
     EXPECT_EQ(form.lCurVol, 4);
