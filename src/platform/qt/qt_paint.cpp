@@ -62,7 +62,7 @@ void PaintShape(QPainter& painter, const Figure& figure) {
     constexpr double kHalfBorder = 0.5;
     const QRectF rect = FormRect(figure).adjusted(kHalfBorder, kHalfBorder, -kHalfBorder, -kHalfBorder);
     painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(QPen(ToColour(figure.BorderColour), 1));
+    painter.setPen(QPen(ToColour(figure.BorderColour), 1, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.setBrush(ToColour(figure.Colour));
     const double corner = std::min(rect.width() + 1, rect.height() + 1) / 8;
     switch (figure.Form) {
