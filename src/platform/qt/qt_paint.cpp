@@ -59,26 +59,22 @@ QRectF FormRect(const Figure& figure) {
 }
 
 void PaintShape(QPainter& painter, const Figure& figure) {
-    constexpr double kHalfBorder = 0.5;
-    const QRectF rect = FormRect(figure).adjusted(kHalfBorder, kHalfBorder, -kHalfBorder, -kHalfBorder);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setPen(QPen(ToColour(figure.BorderColour), 1, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.setBrush(ToColour(figure.Colour));
-    const double corner = std::min(rect.width() + 1, rect.height() + 1) / 8;
-    switch (figure.Form) {
-    case ShapeForm::Rectangle:
-    case ShapeForm::Square:
-        painter.drawRect(rect);
-        break;
-    case ShapeForm::Oval:
-    case ShapeForm::Circle:
-        painter.drawEllipse(rect);
-        break;
-    case ShapeForm::RoundedRectangle:
-    case ShapeForm::RoundedSquare:
-        painter.drawRoundedRect(rect, corner, corner);
-        break;
+    constexpr double kBorder = 1;
+    const QRectF outer = FormRect(figure);
+    if (figure.Form == ShapeForm::Rectangle || figure.Form == ShapeForm::Square) {
+        painter.fillRect(outer, ToColour(figure.BorderColour));
+        painter.fillRect(outer.adjusted(kBorder, kBorder, -kBorder, -kBorder), ToColour(figure.Colour));
+        return;
     }
+    const QRectF middle = outer.adjusted(kBorder / 2, kBorder / 2, -kBorder / 2, -kBorder / 2);
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(ToColour(figure.BorderColour), kBorder));
+    painter.setBrush(ToColour(figure.Colour));
+    const double radius = std::min(outer.width(), outer.height()) / 8;
+    if (figure.Form == ShapeForm::Oval || figure.Form == ShapeForm::Circle)
+        painter.drawEllipse(middle);
+    else
+        painter.drawRoundedRect(middle, radius, radius);
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
