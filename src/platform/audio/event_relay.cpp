@@ -11,6 +11,10 @@ struct Overloaded : Calls... {
     using Calls::operator()...;
 };
 
+// Some compilers don't guess it for an aggregate.
+template<typename... Calls>
+Overloaded(Calls...) -> Overloaded<Calls...>;
+
 bool IsPassing(const PlayerEvent& event) {
     return std::holds_alternative<VisEvent>(event) || std::holds_alternative<PositionEvent>(event);
 }
