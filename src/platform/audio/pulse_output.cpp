@@ -1,4 +1,4 @@
-// The server's clock is asked about once a second and followed by our own in between: libpulse's automatic
+// The server's clock is asked every few seconds and followed by our own in between: libpulse's automatic
 // updates would wake the process for as long as the stream exists, held or not.
 #include "platform/audio/pulse_output.h"
 
@@ -16,11 +16,12 @@ namespace {
 constexpr std::int64_t kOpenLimitUs = 2'000'000;
 constexpr std::int64_t kAskSoonUs = 40'000;
 constexpr std::int64_t kAskAgainUs = 200'000;
-constexpr std::int64_t kAskUs = 1'000'000;
+constexpr std::int64_t kAskUs = 5'000'000;
 /// A question that is nearly due goes along with whatever woke the thread.
 constexpr std::int64_t kAskEarlyUs = 150'000;
 constexpr std::int64_t kRestUs = 5'000'000;
-constexpr int kRequestMs = 250;
+/// The server asks twice a second; each time wakes us.
+constexpr int kRequestMs = 500;
 
 void Forget(pa_operation* operation) {
     if (operation) pa_operation_unref(operation);
