@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <functional>
 #include <limits>
-#include <random>
 
 #include "platform/regions.h"
 
@@ -207,36 +206,6 @@ TEST(CombineRgn, ARegionThatAWindowHoldsStaysAsItWas) {
     ReleaseRegion(two.Table, two.First);
     EXPECT_EQ(*held, copy);
     EXPECT_EQ(FindRegion(two.Table, two.First), nullptr);
-}
-
-TEST(CombineRgn, ManyRandomCombinationsAgreeWithTheModel) {
-    std::mt19937 random(7);
-    const auto pick = [&](int low, int high) {
-        return static_cast<Long>(low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1)));
-    };
-    for (int round = 0; round < 60; ++round) {
-        RegionTable table;
-        std::vector<std::vector<bool>> model;
-        const auto pixelsOf = [&](Long handle) {
-            std::vector<bool> pixels;
-            for (int at = 0; at < 40 * 30; ++at)
-                pixels.push_back(FindRegion(table, handle)->Holds(at % 40, at / 40));
-            return pixels;
-        };
-        for (int made = 0; made < 5; ++made) {
-            const Rect sides{pick(-9, 45), pick(-9, 35), pick(-9, 45), pick(-9, 35)};
-            model.push_back(pixelsOf(made % 2 ? CreateEllipticRgn(table, kOuter, sides)
-                                              : CreateRectRgn(table, kOuter, sides)));
-        }
-        for (int step = 0; step < 12; ++step) {
-            const Long dest = pick(1, 5), one = pick(1, 5), two = pick(1, 5), mode = pick(1, 5);
-            ASSERT_TRUE(CombineRgn(table, dest, one, two, mode));
-            const std::vector<bool> first = model[std::size_t(one - 1)], second = model[std::size_t(two - 1)];
-            for (std::size_t at = 0; at < first.size(); ++at)
-                model[std::size_t(dest - 1)][at] = TwoRegions::Combined(mode, first[at], second[at]);
-            ASSERT_EQ(pixelsOf(dest), model[std::size_t(dest - 1)]);
-        }
-    }
 }
 
 TEST(Regions, EqualSetsAreEqualHoweverTheyCameAbout) {
