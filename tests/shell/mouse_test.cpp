@@ -92,10 +92,21 @@ TEST_F(Mouse, HidingTheControlEndsNothing) {
 }
 
 TEST_F(Mouse, TheCaptureHasEndedBeforeTheHandlerOfTheLastReleaseRuns) {
+    AddEntry(u"", u"a.mp3");
+    AddEntry(u"", u"b.mp3");
     bool active = true;
-    dialogs.WhileOpen = [&] { active = velora.Capture.Active; };
-    Click(form.picPlay);
-    EXPECT_FALSE(active);
+    loop.Post([&] { active = velora.Capture.Active; });
+    Click(form.picForward);
+    EXPECT_FALSE(active) << "inside the wait of the step";
+}
+
+TEST_F(Mouse, AMessageEndsTheCaptureOfAButtonThatIsStillHeld) {
+    velora.MediaLimit = 0;
+    Press(form.picPlay, 5, 5);
+    Press(form.picPlay, 5, 5, kRightButton);
+    Release(form.picPlay, 5, 5);
+    EXPECT_EQ(journal.Take(), Lines{"MessageBox Media Limit reached"});
+    EXPECT_FALSE(velora.Capture.Active);
 }
 
 TEST_F(Mouse, ADialogEndsTheCaptureOfAButtonThatIsStillHeld) {
