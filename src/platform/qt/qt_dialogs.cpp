@@ -1,12 +1,16 @@
 // Each dialog runs a loop of the toolkit's own, in which everything else goes on.
 #include "platform/qt/qt_dialogs.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QFile>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/qt_window.h"
 
 namespace {
 
@@ -19,10 +23,25 @@ QString NameFilter(const FilterRow& row) {
     return ToQString(row.Label) + QStringLiteral(" (") + pattern + QStringLiteral(")");
 }
 
+// Runs the chooser. The list of proposals for its name field is a window of its own, which can outlast it or
+// come up behind it, and would swallow the next press on the window; so it is let go with the dialog.
+bool RunChooser(QFileDialog& chooser) {
+    auto* name = chooser.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    auto* proposals = chooser.findChild<QCompleter*>();
+    if (name && proposals) name->setCompleter(proposals);
+    const bool chosen = chooser.exec() == QDialog::Accepted;
+    if (name && proposals) {
+        name->setCompleter(nullptr);
+        proposals->popup()->hide();
+    }
+    return chosen;
+}
+
 } // namespace
 
 // A dialog that belongs to a window which never came up would not be centred on anything.
-QWidget* QtDialogs::Owner() const {
+QWidget* QtDialogs::Owner() {
+    m_owner.Present();
     return m_owner.isVisible() ? &m_owner : nullptr;
 }
 
@@ -68,7 +87,7 @@ Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::
     if (const std::optional<std::string> found = FindPath(directory))
         m_chooser->setDirectory(QFile::decodeName(found->c_str()));
     m_chooser->selectFile(QString());
-    if (m_chooser->exec() != QDialog::Accepted || m_chooser->selectedFiles().isEmpty()) return {};
+    if (!RunChooser(*m_chooser) || m_chooser->selectedFiles().isEmpty()) return {};
     const QByteArray path = QFile::encodeName(m_chooser->selectedFiles().constFirst());
     return PathText(std::string_view(path.constData(), static_cast<std::size_t>(path.size())));
 }
