@@ -3,13 +3,12 @@
 
 session_pids=()
 
-# wait_for WHAT COMMAND...: tries the command until it succeeds; after 20 seconds says what failed.
+# wait_for WHAT COMMAND...: tries the command until it succeeds; after 30 seconds says what failed.
 wait_for() {
-  local what=$1 tries=0
+  local what=$1 deadline=$((SECONDS + ${SESSION_PATIENCE:-30}))
   shift
   until "$@" >/dev/null 2>&1; do
-    tries=$((tries + 1))
-    if [ "$tries" -gt 400 ]; then
+    if [ "$SECONDS" -ge "$deadline" ]; then
       echo "gave up waiting for $what" >&2
       return 1
     fi
@@ -17,11 +16,28 @@ wait_for() {
   done
 }
 
-end_session() {
-  local pid
+# Ends what still runs: with a request first, by force where that isn't heard.
+end_processes() {
+  local pid tries=0
   for pid in "${session_pids[@]}"; do kill "$pid" 2>/dev/null; done
+  for pid in "${session_pids[@]}"; do
+    while kill -0 "$pid" 2>/dev/null && [ "$tries" -lt 40 ]; do
+      tries=$((tries + 1))
+      sleep 0.05
+    done
+    kill -KILL "$pid" 2>/dev/null
+  done
   wait 2>/dev/null
+}
+
+end_session() {
+  local status=$?
+  trap - ERR EXIT
+  set +e
+  [ "$status" = 0 ] || [ -z "${on_failure:-}" ] || "$on_failure"
+  end_processes
   rm -rf "$session_dir"
+  exit "$status"
 }
 
 start_display() {
@@ -36,9 +52,10 @@ start_display() {
 }
 
 start_sound() {
-  # A sink that the recordings are made from: CD quality, no sound card needed.
+  # A sink that the recordings are made from: CD quality, no sound card needed. Without rewinds, since a
+  # recorder does not get again what the sink makes anew.
   pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
-    -L "module-null-sink sink_name=out format=s16le rate=44100 channels=2" \
+    -L "module-null-sink sink_name=out format=s16le rate=44100 channels=2 norewinds=1" \
     -L "module-native-protocol-unix socket=$session_dir/native auth-anonymous=1" \
     >"$session_dir/pulse.log" 2>&1 &
   sound_pid=$!
@@ -51,7 +68,8 @@ start_window_manager() {
   # Without a file of its own it would complain in a window.
   echo '<openbox_config xmlns="http://openbox.org/3.4/rc"/>' >"$session_dir/openbox.xml"
   openbox --config-file "$session_dir/openbox.xml" >/dev/null 2>&1 &
-  session_pids+=($!)
+  manager_pid=$!
+  session_pids+=("$manager_pid")
   wait_for 'the window manager' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
 }
 
@@ -61,9 +79,11 @@ start_session() {
   session_dir=$(mktemp -d)
   trap end_session EXIT
   export HOME="$session_dir/home" XDG_RUNTIME_DIR="$session_dir/runtime"
+  unset XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_STATE_HOME
   mkdir -p "$HOME" "$XDG_RUNTIME_DIR"
   chmod 700 "$XDG_RUNTIME_DIR"
-  unset DBUS_SESSION_BUS_ADDRESS
+  # No message bus: a program that finds none named would start one that outlives the session.
+  export DBUS_SESSION_BUS_ADDRESS="unix:path=$XDG_RUNTIME_DIR/no-bus"
   for part in "$@"; do
     case "$part" in
       display) start_display || return 1 ;;
