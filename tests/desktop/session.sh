@@ -67,7 +67,7 @@ start_sound() {
 start_window_manager() {
   # Without a file of its own it would complain in a window.
   echo '<openbox_config xmlns="http://openbox.org/3.4/rc"/>' >"$session_dir/openbox.xml"
-  openbox --config-file "$session_dir/openbox.xml" >/dev/null 2>&1 &
+  openbox --config-file "$session_dir/openbox.xml" >"$session_dir/openbox.log" 2>&1 &
   manager_pid=$!
   session_pids+=("$manager_pid")
   wait_for 'the window manager' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'

@@ -15,7 +15,7 @@ leave_traces() {
   mkdir -p "$pictures"
   [ -z "${DISPLAY:-}" ] || take_picture "$pictures/$test_name.png"
   echo "picture: $pictures/$test_name.png" >&2
-  [ ! -s "$session_dir/velora.log" ] || tail -n 60 "$session_dir/velora.log" >&2
+  tail -n 60 "$session_dir"/*.log >&2
 }
 
 # set_stage [display] [sound] [manager]: the session, and a copy of the application's directory that may be
