@@ -19,7 +19,7 @@ void ClockOutput::Drop(std::int64_t nowUs) {
 
 std::int64_t ClockOutput::AheadFrames() const {
     // At a high speed the queue is as long in real time as at the usual one, within reason.
-    const double seconds = kAheadMs / 1000.0 * std::clamp(m_speed, 1.0, 3.0);
+    const double seconds = kAheadMs / 1000.0 * std::clamp(m_speed, 1.0, 1.5);
     return static_cast<std::int64_t>(m_format.RateHz * seconds);
 }
 

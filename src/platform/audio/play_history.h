@@ -10,7 +10,7 @@
 /// Holds frames `Begin()` to `End()` of the track as they were decoded.
 class PlayHistory {
 public:
-    static constexpr int kSeconds = 5;
+    static constexpr int kSeconds = 6;
 
     /// Empty, from `frame` on.
     void Restart(const SoundFormat& format, std::int64_t frame);

@@ -20,8 +20,8 @@ constexpr std::int64_t kAskUs = 5'000'000;
 /// A question that is nearly due goes along with whatever woke the thread.
 constexpr std::int64_t kAskEarlyUs = 150'000;
 constexpr std::int64_t kRestUs = 5'000'000;
-/// The server asks twice a second; each time wakes us.
-constexpr int kRequestMs = 500;
+/// The server asks once a second; each time wakes us.
+constexpr int kRequestMs = 1000;
 
 void Forget(pa_operation* operation) {
     if (operation) pa_operation_unref(operation);

@@ -16,7 +16,7 @@ enum class OutputState {
 };
 
 /// How much is queued ahead of what is heard.
-constexpr int kAheadMs = 1500;
+constexpr int kAheadMs = 3000;
 
 /// One stream of sound. All calls come from the player's thread, return at once, and are given the time in
 /// microseconds on a clock that never jumps. Frames are counted from 0 at `Open` and again at each `Drop`.

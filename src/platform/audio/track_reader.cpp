@@ -9,8 +9,8 @@ namespace {
 
 /// The first sound is asked for in small pieces, so that it is there soon.
 constexpr int kFirstChunkMs = 50;
-constexpr int kChunkMs = 500;
-constexpr int kQueueMs = 2000;
+constexpr int kChunkMs = 1000;
+constexpr int kQueueMs = 3000;
 
 std::size_t FramesOfMs(int ms, int rateHz) {
     return static_cast<std::size_t>(ms) * static_cast<std::size_t>(rateHz) / 1000;

@@ -16,7 +16,7 @@ constexpr std::int64_t kCloseUs = 500'000;
 constexpr int kVolumeLeadMs = 20;
 constexpr int kRampMs = 10;
 /// Never more than this ahead of what is heard, whatever a server asks for: the history has to hold it.
-constexpr int kAheadLimitMs = 3000;
+constexpr int kAheadLimitMs = 4000;
 
 Integer ClampToInteger(int number) {
     return static_cast<Integer>(std::clamp<int>(number, 0, std::numeric_limits<Integer>::max()));
