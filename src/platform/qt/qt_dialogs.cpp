@@ -10,7 +10,6 @@
 
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/qt_window.h"
 
 namespace {
 
@@ -40,8 +39,7 @@ bool RunChooser(QFileDialog& chooser) {
 } // namespace
 
 // A dialog that belongs to a window which never came up would not be centred on anything.
-QWidget* QtDialogs::Owner() {
-    m_owner.Present();
+QWidget* QtDialogs::Owner() const {
     return m_owner.isVisible() ? &m_owner : nullptr;
 }
 
