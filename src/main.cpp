@@ -7,6 +7,7 @@
 
 #include "platform/audio/audio_player.h"
 #include "platform/audio/audio_scope.h"
+#include "platform/audio/click_sound.h"
 #include "platform/machine.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_loop.h"
@@ -78,7 +79,8 @@ int main(int count, char** arguments) {
     QtWindow window(loop);
     QtDialogs dialogs(window);
     QtPictures pictures;
-    QtSystem machine(commandLine, [](const Text&) { return false; });
+    ClickSound click;
+    QtSystem machine(commandLine, [&](const Text& path) { return click.PlayAndWait(path); });
     Logic logic(window, dialogs, loop, pictures, machine, player);
     Velora& velora = logic.State;
     FormHandlers formHandlers(velora);
@@ -95,6 +97,7 @@ int main(int count, char** arguments) {
 
     Form_Load(velora);
     window.ShowFirst();
+    loop.Post([&] { click.Prepare(machine.ApplicationDirectory() + u"\\click.wav"); });
     loop.Run();
     machine.EndProcess();
 }

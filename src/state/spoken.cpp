@@ -20,7 +20,7 @@ constexpr NameRow kNames[] = {
     {"picBackward", SpokenRole::Button, u"Previous"}, {"picForward", SpokenRole::Button, u"Next"},
     {"picPlaylist", SpokenRole::Button, u"Playlist"}, {"picEject", SpokenRole::Button, u"Open"},
     {"picVolume", SpokenRole::Slider, u"Volume"},     {"shpPercent", SpokenRole::ProgressBar, u"Progress"},
-    {"lblFilescroll", SpokenRole::Words, u"Title"},    {"lblStatusLabel", SpokenRole::Words, u"Status"},
+    {"lblFilescroll", SpokenRole::Words, u"Title"},   {"lblStatusLabel", SpokenRole::Words, u"Status"},
 };
 
 const NameRow* RowOf(std::string_view controlName) {

@@ -1,11 +1,12 @@
-// The stream lives on a loop of libpulse's own thread. It is filled while it is held (corked), let go for a
-// click, and held and filled again afterwards: draining it would cost longer than the click.
+// The stream lives on a loop of libpulse's own thread. It is filled while it is held (corked) and let go for
+// a click. It is held again only a while later: to hold it takes back what the sink hasn't played yet.
 #include "platform/audio/click_sound.h"
 
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <optional>
 #include <pulse/pulseaudio.h>
 #include <utility>
 
@@ -19,11 +20,16 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kMostWait{1000};
 constexpr milliseconds kReadyWait{100};
-constexpr milliseconds kStartWait{100};
-constexpr milliseconds kLook{3};
+/// What a click may cost beyond its own length; a sink that is slower is not waited for.
+constexpr milliseconds kMostLatency{20};
+constexpr pa_usec_t kRestUs = 500'000;
 
 void Forget(pa_operation* operation) {
     if (operation) pa_operation_unref(operation);
+}
+
+milliseconds Within(milliseconds value, milliseconds most) {
+    return std::clamp(value, milliseconds(0), most);
 }
 
 } // namespace
@@ -61,6 +67,8 @@ struct ClickSound::Stream {
 
     void Close() {
         if (Loop) pa_threaded_mainloop_stop(Loop);
+        Forget(Timing);
+        if (Rest) pa_threaded_mainloop_get_api(Loop)->time_free(Rest);
         if (Playback) {
             pa_stream_set_state_callback(Playback, nullptr, nullptr);
             pa_stream_disconnect(Playback);
@@ -120,9 +128,41 @@ struct ClickSound::Stream {
                         PA_SEEK_RELATIVE_ON_READ);
     }
 
+    /// Holds the stream and fills it anew. What is written to a stream that runs can come too late for the
+    /// sink and lose its beginning.
+    void HoldFilled() {
+        Forget(pa_stream_cork(Playback, 1, nullptr, nullptr));
+        Forget(pa_stream_flush(Playback, nullptr, nullptr));
+        Fill();
+        IsHeld = true;
+    }
+
+    static void OnRest(pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
+        auto* stream = static_cast<Stream*>(self);
+        if (pa_stream_get_state(stream->Playback) == PA_STREAM_READY) stream->HoldFilled();
+    }
+
+    void LetGo() {
+        if (!IsHeld) HoldFilled();
+        Forget(pa_stream_cork(Playback, 0, nullptr, nullptr));
+        IsHeld = false;
+        const pa_usec_t restUs = pa_rtclock_now() + static_cast<pa_usec_t>(Clip.LengthMs()) * 1000 + kRestUs;
+        if (!Rest)
+            Rest = pa_context_rttime_new(Context, restUs, OnRest, this);
+        else
+            pa_context_rttime_restart(Context, Rest, restUs);
+        if (Timing) pa_operation_cancel(Timing);
+        Forget(Timing);
+        Timing = pa_stream_update_timing_info(Playback, OnTiming, this);
+    }
+
     static void OnTiming(pa_stream* playback, int success, void* self) {
         const pa_timing_info* timing = success ? pa_stream_get_timing_info(playback) : nullptr;
-        if (timing && timing->playing) static_cast<Stream*>(self)->TellStarted();
+        auto* stream = static_cast<Stream*>(self);
+        const std::lock_guard lock(stream->Mutex);
+        const pa_usec_t latencyUs = timing ? timing->sink_usec : 0;
+        stream->Latency = std::chrono::duration_cast<milliseconds>(std::chrono::microseconds(latencyUs));
+        stream->Changed.notify_all();
     }
 
     // From here on: on any thread.
@@ -133,68 +173,43 @@ struct ClickSound::Stream {
         Changed.notify_all();
     }
 
-    void TellStarted() {
-        const std::lock_guard lock(Mutex);
-        Started = true;
-        Changed.notify_all();
-    }
-
     bool IsReadyWithin(milliseconds limit) {
         std::unique_lock lock(Mutex);
         Changed.wait_for(lock, limit, [this] { return Current != State::Preparing; });
         return Current == State::Ready;
     }
 
-    void Hold(bool hold) {
-        pa_threaded_mainloop_lock(Loop);
-        Forget(pa_stream_cork(Playback, hold ? 1 : 0, nullptr, nullptr));
-        if (hold) {
-            Forget(pa_stream_flush(Playback, nullptr, nullptr));
-            Fill();
-        }
-        pa_threaded_mainloop_unlock(Loop);
-    }
-
-    /// Looks again and again whether the server has begun to play. False if it doesn't.
-    bool WaitForStart() {
-        const Clock::time_point limit = Clock::now() + kStartWait;
-        while (Clock::now() < limit) {
-            pa_threaded_mainloop_lock(Loop);
-            Forget(pa_stream_update_timing_info(Playback, OnTiming, this));
-            pa_threaded_mainloop_unlock(Loop);
-            std::unique_lock lock(Mutex);
-            Changed.wait_for(lock, kLook, [this] { return Started || Current == State::Failed; });
-            if (Started || Current == State::Failed) break;
-        }
-        const std::lock_guard lock(Mutex);
-        return Started && Current == State::Ready;
-    }
-
     bool PlayAndWait() {
+        const Clock::time_point start = Clock::now();
         {
             const std::lock_guard lock(Mutex);
-            Started = false;
+            Latency.reset();
         }
-        Hold(false);
-        if (!WaitForStart()) return false;
-        const milliseconds length = std::min(milliseconds(Clip.LengthMs()), kMostWait);
+        pa_threaded_mainloop_lock(Loop);
+        LetGo();
+        pa_threaded_mainloop_unlock(Loop);
+
+        const auto failed = [this] { return Current == State::Failed; };
         std::unique_lock lock(Mutex);
-        Changed.wait_for(lock, length, [this] { return Current == State::Failed; });
-        lock.unlock();
-        // A longer sound is left to go on; the next click begins it anew.
-        if (milliseconds(Clip.LengthMs()) <= kMostWait) Hold(true);
-        return true;
+        Changed.wait_until(lock, start + kMostLatency, [&] { return Latency || failed(); });
+        const milliseconds latency = Within(Latency.value_or(kMostLatency), kMostLatency);
+        const milliseconds length = Within(milliseconds(Clip.LengthMs()), kMostWait - latency);
+        Changed.wait_until(lock, start + latency + length, failed);
+        return !failed();
     }
 
     pa_threaded_mainloop* Loop = nullptr;
     pa_context* Context = nullptr;
     pa_stream* Playback = nullptr;
+    pa_time_event* Rest = nullptr; ///< Holds the stream when the click is over.
+    pa_operation* Timing = nullptr;
+    bool IsHeld = true;
     SoundClip Clip;
 
     std::mutex Mutex;
     std::condition_variable Changed;
     State Current = State::Preparing;
-    bool Started = false;
+    std::optional<milliseconds> Latency; ///< Of the sink, as told since the last click began.
 };
 
 ClickSound::ClickSound(std::string server) : m_server(std::move(server)) {}

@@ -10,6 +10,7 @@
 
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/qt_window.h"
 
 namespace {
 
@@ -39,7 +40,8 @@ bool RunChooser(QFileDialog& chooser) {
 } // namespace
 
 // A dialog that belongs to a window which never came up would not be centred on anything.
-QWidget* QtDialogs::Owner() const {
+QWidget* QtDialogs::Owner() {
+    m_owner.Present();
     return m_owner.isVisible() ? &m_owner : nullptr;
 }
 

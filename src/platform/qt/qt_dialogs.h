@@ -5,10 +5,12 @@
 
 #include "platform/dialogs.h"
 
+class QtWindow;
+
 class QtDialogs : public Dialogs {
 public:
-    /// `owner` is the window that the dialogs block once it shows.
-    explicit QtDialogs(QWidget& owner) : m_owner(owner) {}
+    /// `owner` is the window that the dialogs block once it shows. It is presented before each dialog.
+    explicit QtDialogs(QtWindow& owner) : m_owner(owner) {}
 
     MessageAnswer MessageBox(const Text& text, MessageButtons buttons, MessageIcon icon) override;
     [[nodiscard]] Text InputBox(const Text& prompt, const Text& title) override;
@@ -16,8 +18,8 @@ public:
                                   const std::vector<FilterRow>& rows) override;
 
 private:
-    [[nodiscard]] QWidget* Owner() const;
+    [[nodiscard]] QWidget* Owner();
 
-    QWidget& m_owner;
+    QtWindow& m_owner;
     QFileDialog* m_chooser = nullptr; ///< Made once and never destroyed: its end would write a settings file.
 };
