@@ -41,8 +41,8 @@ end_session() {
 }
 
 start_display() {
-  # The server chooses a free number and tells it.
-  Xvfb -displayfd 3 -screen 0 "${SESSION_SCREEN:-1280x800x24}" -nolisten tcp 3>"$session_dir/display" \
+  # The server chooses a free number and tells it. It must not start afresh whenever its last client leaves.
+  Xvfb -displayfd 3 -screen 0 "${SESSION_SCREEN:-1280x800x24}" -nolisten tcp -noreset 3>"$session_dir/display" \
     >/dev/null 2>&1 &
   session_pids+=($!)
   wait_for 'the display' test -s "$session_dir/display" || return 1
@@ -54,7 +54,7 @@ start_display() {
 start_sound() {
   # A sink that the recordings are made from: CD quality, no sound card needed. Without rewinds, since a
   # recorder does not get again what the sink makes anew.
-  pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
+  pulseaudio -n --log-level=error --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
     -L "module-null-sink sink_name=out format=s16le rate=44100 channels=2 norewinds=1" \
     -L "module-native-protocol-unix socket=$session_dir/native auth-anonymous=1" \
     >"$session_dir/pulse.log" 2>&1 &
