@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -35,6 +36,12 @@ FileHandle OpenForReading(const std::string& pathBytes) {
 FileHandle OpenForReading(TextView path) {
     const std::optional<std::string> found = FindPath(path);
     return found ? OpenForReading(*found) : FileHandle();
+}
+
+void MakeDirectory(TextView directory) {
+    if (FindPath(directory)) return;
+    std::error_code error;
+    std::filesystem::create_directories(PathBytes(directory), error);
 }
 
 std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit) {

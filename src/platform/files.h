@@ -32,6 +32,10 @@ private:
 /// The same by the system's text, through `FindPath`.
 [[nodiscard]] FileHandle OpenForReading(TextView path);
 
+/// Makes the directory, and those above it, where they aren't there; a failure shows when a file is to be
+/// written there.
+void MakeDirectory(TextView directory);
+
 /// All bytes of the plain file that `path` names. Nothing if it isn't there, can't be read, or holds more
 /// than `limit` bytes. A file that shrinks or grows meanwhile gives what was there.
 [[nodiscard]] std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit);

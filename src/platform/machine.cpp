@@ -53,10 +53,5 @@ Text IniPlace(const Text& programDirectory, const Text& name) {
     const std::string directory = UserDirectory();
     if (directory.empty()) return beside;
     const Text own = PathText(directory) + name;
-    if (FileExists(own) || !FileExists(beside)) {
-        std::error_code error;
-        std::filesystem::create_directories(directory, error);
-        return own;
-    }
-    return beside;
+    return FileExists(own) || !FileExists(beside) ? own : beside;
 }

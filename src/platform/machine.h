@@ -18,5 +18,5 @@
 
 /// The path of one of the three ini files; `name` begins with a backslash. It is beside the program unless
 /// that directory can't be written, as in an installation for all users: then a file in `velora` below the
-/// user's data directory goes first, and is the one that is written.
+/// user's data directory goes first, and is the one that is written. Makes nothing.
 [[nodiscard]] Text IniPlace(const Text& programDirectory, const Text& name);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/directory_lock.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/profile_strings.h"
 #include "playlist/playlist_file.h"
@@ -56,7 +57,10 @@ void WriteRecord(const Velora& velora, Integer number) {
 Entering Enter(Velora& velora, const PlaylistRecord& record) {
     const Text& ini = velora.PlaylistsIni;
     const std::size_t nameLength = GetFileName(ini).size();
-    const DirectoryLock lock(velora.Loop, TextView(ini).substr(0, ini.size() - nameLength));
+    const TextView directory = TextView(ini).substr(0, ini.size() - nameLength);
+    // The user's own place for the file is made when something is to be written there, not before.
+    MakeDirectory(directory);
+    const DirectoryLock lock(velora.Loop, directory);
     RaiseCount(velora);
     if (velora.PlaylistCount >= LastRecord(velora)) return {Refusal::Full, 0};
     if (!ReadsBackWhole(record.Name) || !ReadsBackWhole(record.File) || !ReadsBackWhole(record.Path))

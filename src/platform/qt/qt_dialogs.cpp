@@ -3,10 +3,12 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QDir>
 #include <QFile>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 #include "platform/paths.h"
 #include "platform/qt/qt_text.h"
@@ -69,6 +71,14 @@ Text QtDialogs::InputBox(const Text& prompt, const Text& title) {
     return box.exec() == QDialog::Accepted ? ToText(box.textValue()) : Text();
 }
 
+QString QtDialogs::FirstDirectory(const Text& directory) const {
+    if (const std::optional<std::string> found = FindPath(directory))
+        return QFile::decodeName(found->c_str());
+    if (!m_lastDirectory.isEmpty()) return m_lastDirectory;
+    const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    return QDir(music).exists() ? music : QDir::homePath();
+}
+
 Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) {
     if (!m_chooser) {
         m_chooser = new QFileDialog;
@@ -84,10 +94,10 @@ Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::
         filters.append(NameFilter(row));
     m_chooser->setNameFilters(filters);
     if (!filters.isEmpty()) m_chooser->selectNameFilter(filters.first());
-    if (const std::optional<std::string> found = FindPath(directory))
-        m_chooser->setDirectory(QFile::decodeName(found->c_str()));
+    m_chooser->setDirectory(FirstDirectory(directory));
     m_chooser->selectFile(QString());
     if (!RunChooser(*m_chooser) || m_chooser->selectedFiles().isEmpty()) return {};
+    m_lastDirectory = m_chooser->directory().absolutePath();
     const QByteArray path = QFile::encodeName(m_chooser->selectedFiles().constFirst());
     return PathText(std::string_view(path.constData(), static_cast<std::size_t>(path.size())));
 }

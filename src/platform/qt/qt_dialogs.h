@@ -19,7 +19,9 @@ public:
 
 private:
     [[nodiscard]] QWidget* Owner();
+    [[nodiscard]] QString FirstDirectory(const Text& directory) const;
 
     QtWindow& m_owner;
+    QString m_lastDirectory;          ///< Of the file chosen last; empty before.
     QFileDialog* m_chooser = nullptr; ///< Made once and never destroyed: its end would write a settings file.
 };

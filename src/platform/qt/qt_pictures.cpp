@@ -4,8 +4,10 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <string_view>
+#include <sys/stat.h>
 
 #include "platform/files.h"
+#include "platform/paths.h"
 
 namespace {
 
@@ -41,22 +43,50 @@ QImage ReadLargest(QImageReader& reader, bool isIcon) {
     return best;
 }
 
-} // namespace
-
-PicturePtr QtPictures::LoadPicture(const Text& path) {
+// The null image if the file isn't a picture within the limits.
+QImage Decode(const Text& path) {
     const std::optional<std::string> bytes = ReadFileBytes(path, kMostFileBytes);
     const char* format = bytes ? FormatOf(*bytes) : nullptr;
-    if (!format) return nullptr;
+    if (!format) return {};
     QByteArray data = QByteArray::fromRawData(bytes->data(), static_cast<qsizetype>(bytes->size()));
     QBuffer buffer(&data);
-    if (!buffer.open(QIODevice::ReadOnly)) return nullptr;
+    if (!buffer.open(QIODevice::ReadOnly)) return {};
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
     reader.setDecideFormatFromContent(false);
     reader.setAutoTransform(false);
     QImage image = ReadLargest(reader, std::string_view(format) == "ico");
-    if (image.isNull() || !IsWithinLimit(image.size())) return nullptr;
+    if (image.isNull() || !IsWithinLimit(image.size())) return {};
     image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(1);
-    return std::make_shared<QtPicture>(std::move(image));
+    return image;
+}
+
+} // namespace
+
+std::optional<QtPictures::FileIdentity> QtPictures::IdentityOf(const Text& path) {
+    const std::optional<std::string> found = FindPath(path);
+    struct stat facts {};
+    if (!found || stat(found->c_str(), &facts) != 0) return std::nullopt;
+    const std::int64_t changedNs = facts.st_mtim.tv_sec * std::int64_t{1'000'000'000} + facts.st_mtim.tv_nsec;
+    return FileIdentity{static_cast<std::int64_t>(facts.st_dev), static_cast<std::int64_t>(facts.st_ino),
+                        facts.st_size, changedNs};
+}
+
+void QtPictures::ForgetTheDead() {
+    std::erase_if(m_decoded, [](const auto& entry) { return entry.second.expired(); });
+}
+
+PicturePtr QtPictures::LoadPicture(const Text& path) {
+    const std::optional<FileIdentity> identity = IdentityOf(path);
+    if (!identity) return nullptr;
+    if (const auto known = m_decoded.find(*identity); known != m_decoded.end())
+        if (const PicturePtr twin = known->second.lock())
+            return std::make_shared<QtPicture>(static_cast<const QtPicture&>(*twin).Image);
+    QImage image = Decode(path);
+    if (image.isNull()) return nullptr;
+    ForgetTheDead();
+    PicturePtr picture = std::make_shared<QtPicture>(std::move(image));
+    m_decoded[*identity] = picture;
+    return picture;
 }

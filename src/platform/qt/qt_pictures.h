@@ -2,6 +2,11 @@
 #pragma once
 
 #include <QImage>
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
 
 #include "platform/picture.h"
 
@@ -14,7 +19,18 @@ public:
     const QImage Image;
 };
 
+/// Files that haven't changed since they were decoded for a picture that still lives are not decoded again: a
+/// skin names most of its files twice. The pictures are different ones all the same.
 class QtPictures : public Pictures {
 public:
     [[nodiscard]] PicturePtr LoadPicture(const Text& path) override;
+
+private:
+    /// What makes a file the one that was decoded: device, number, size, time of change in nanoseconds.
+    using FileIdentity = std::array<std::int64_t, 4>;
+
+    [[nodiscard]] static std::optional<FileIdentity> IdentityOf(const Text& path);
+    void ForgetTheDead();
+
+    std::map<FileIdentity, std::weak_ptr<const LoadedPicture>> m_decoded;
 };

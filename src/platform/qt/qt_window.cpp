@@ -64,6 +64,8 @@ QtWindow::QtWindow(QtLoop& loop) : m_loop(loop) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);
+    // A move without a button tells of a release that got lost.
+    setMouseTracking(true);
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);
 }
