@@ -6,6 +6,8 @@ tests=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 test_name=$(basename "$0")
 built_program=$(realpath "$1")
 pictures=$(dirname "$built_program")/desktop-pictures
+# The sanitizer build also ends with a search for leaks; those of the libraries are not ours.
+export LSAN_OPTIONS="${LSAN_OPTIONS:-suppressions=$tests/../lsan.supp:print_suppressions=0}"
 . "$tests/session.sh"
 
 quiet_caption='..:: velora-pro.team qu><llo ::..'
