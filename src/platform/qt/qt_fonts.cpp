@@ -28,6 +28,7 @@ QFont QtFonts::MakeFont(int sizePx) {
     // Grey edges: coloured ones would be wrong on a transparent window.
     font.setStyleStrategy(
         static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
-    font.setHintingPreference(QFont::PreferFullHinting);
+    // Full hinting rounds each letter's width, and the face falls apart at these sizes.
+    font.setHintingPreference(QFont::PreferVerticalHinting);
     return font;
 }
