@@ -271,6 +271,7 @@ void QtWindow::mouseMoveEvent(QMouseEvent* event) {
 void QtWindow::Report(PointerKind kind, const QMouseEvent& event, Integer button) {
     if (FollowPointer(event)) return;
     if (kind != PointerKind::Move && button == kNoButton) return;
+    if (kind == PointerKind::Press) m_pressedAt = event.globalPosition().toPoint();
     const QPointF place = event.position();
     const PointerEvent report{kind,
                               static_cast<int>(std::floor(place.x())),
@@ -285,7 +286,8 @@ void QtWindow::BeginMove(Integer button) {
     QToolTip::hideText();
     if (button == kLeftButton && windowHandle()->startSystemMove()) return;
     m_movingButton = button;
-    m_moveFrom = QCursor::pos() - pos();
+    // Not where the pointer is by now, or what it has gone since the press would be lost.
+    m_moveFrom = m_pressedAt - pos();
 }
 
 bool QtWindow::FollowPointer(const QMouseEvent& event) {

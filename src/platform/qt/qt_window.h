@@ -71,5 +71,6 @@ private:
     QRegion m_shape; ///< The region in client pixels; used only while one is set.
     bool m_isUp = false;
     Integer m_movingButton = kNoButton; ///< The button whose release ends a move made by ourselves.
+    QPoint m_pressedAt;                 ///< Where on the screen the last press was.
     QPoint m_moveFrom;
 };
