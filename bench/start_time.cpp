@@ -3,27 +3,19 @@
 //   milliseconds to the mapped window, milliseconds of processor time to that point, PSS in kilobytes half a
 //   second later, milliseconds to the first sample (-1 without --sound).
 // Usage: start_time [--sound] PROGRAM [ARGUMENT...]; the display and the sound server are the environment's.
-#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
-#include <pulse/simple.h>
 #include <string>
 #include <sys/wait.h>
-#include <thread>
-#include <time.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
-namespace {
+#include "sink_listener.h"
 
-double NowMs() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
+namespace {
 
 double ProcessorMs(pid_t process) {
     clockid_t clock{};
@@ -40,50 +32,6 @@ long PssKb(pid_t process) {
         if (word == "Pss:" && rollup >> kilobytes) break;
     return kilobytes;
 }
-
-// Reads what the sink plays in pieces of 2 ms; gives the time of the first sample that isn't 0.
-class SinkListener {
-public:
-    bool Start() {
-        const pa_sample_spec format{PA_SAMPLE_S16LE, 44100, 2};
-        const pa_buffer_attr pieces{~0u, ~0u, ~0u, ~0u, kPieceBytes};
-        m_stream = pa_simple_new(nullptr, "bench", PA_STREAM_RECORD, "out.monitor", "bench", &format, nullptr,
-                                 &pieces, nullptr);
-        if (!m_stream) return false;
-        Read();
-        m_thread = std::thread([this] {
-            while (FirstMs < 0 && !Quit)
-                Read();
-        });
-        return true;
-    }
-    void Stop() {
-        Quit = true;
-        if (m_thread.joinable()) m_thread.join();
-    }
-    std::atomic<double> FirstMs{-1};
-    std::atomic<bool> Quit{false};
-
-private:
-    static constexpr unsigned kPieceBytes = 88 * 4;
-
-    void Read() {
-        std::int16_t piece[kPieceBytes / 2];
-        if (pa_simple_read(m_stream, piece, sizeof piece, nullptr) < 0) {
-            Quit = true;
-            return;
-        }
-        const double endMs = NowMs();
-        for (unsigned at = 0; at < kPieceBytes / 2; ++at)
-            if (piece[at] != 0) {
-                FirstMs = endMs - (kPieceBytes / 2 - at) / 88.2;
-                return;
-            }
-    }
-
-    pa_simple* m_stream = nullptr;
-    std::thread m_thread;
-};
 
 // Waits for a top window of more than a few pixels; toolkits map nothing smaller, but make such windows.
 void WaitForMap(xcb_connection_t* display) {
