@@ -5,12 +5,14 @@
 #include <QCompleter>
 #include <QDir>
 #include <QFile>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QStandardPaths>
 
 #include "platform/paths.h"
+#include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_window.h"
 
@@ -39,11 +41,19 @@ bool RunChooser(QFileDialog& chooser) {
     return chosen;
 }
 
+// A short text alone would make a box so narrow that its caption is cut.
+void MakeRoomForCaption(QMessageBox& box) {
+    constexpr int kLeastWidthPx = 240;
+    if (auto* grid = dynamic_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(kLeastWidthPx, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 // A dialog that belongs to a window which never came up would not be centred on anything.
 QWidget* QtDialogs::Owner() {
     m_owner.Present();
+    ShowProgramIcon();
     return m_owner.isVisible() ? &m_owner : nullptr;
 }
 
@@ -59,6 +69,7 @@ MessageAnswer QtDialogs::MessageBox(const Text& text, MessageButtons buttons, Me
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setEscapeButton(QMessageBox::No);
     }
+    MakeRoomForCaption(box);
     const int answer = box.exec();
     if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
     return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;

@@ -7,7 +7,6 @@
 #include <QCloseEvent>
 #include <QCursor>
 #include <QHelpEvent>
-#include <QIcon>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -17,6 +16,7 @@
 #include <QWindow>
 #include <cmath>
 
+#include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_paint.h"
 #include "platform/qt/qt_text.h"
 #include "platform/regions.h"
@@ -101,14 +101,7 @@ void QtWindow::ShowFirst() {
     show();
     TellScopeSeen(m_shown);
     // The icon can come a moment later; the window need not wait for it.
-    m_loop.Post([this] { ShowIcon(); });
-}
-
-void QtWindow::ShowIcon() {
-    QIcon icon;
-    for (const int sizePx : {32, 64})
-        icon.addFile(QStringLiteral(":/icons/%1x%1/apps/velora.png").arg(sizePx));
-    setWindowIcon(icon);
+    m_loop.Post([] { ShowProgramIcon(); });
 }
 
 void QtWindow::Present() {

@@ -50,7 +50,6 @@ private:
     [[nodiscard]] QRegion TakeDamage(const Scene& now);
     void ShowFrame(const Scene& now);
     void ShowShape(const Scene& now);
-    void ShowIcon();
     void ShowSize(const Scene& now);
     void ShowCaption(const Scene& now);
     void TellScopeSeen(const Scene& now);
