@@ -41,5 +41,5 @@ show() {
     -background '#e8e5df' -flatten -alpha off -strip -define png:compression-level=9 "$picture"
 }
 
-show velora.vs4 46 156 76 "$top/docs/velora.png"
-show velora_small.vs4 61 156 43 "$top/docs/velora_small.png"
+show velora.vs4 31 156 76 "$top/docs/velora.png"
+show velora_small.vs4 31 156 43 "$top/docs/velora_small.png"

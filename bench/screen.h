@@ -24,6 +24,10 @@ struct Screen {
         std::free(reply);
         return pixels;
     }
+    void Key(int code) const {
+        Fake(XCB_KEY_PRESS, static_cast<std::uint8_t>(code), 0, 0);
+        Fake(XCB_KEY_RELEASE, static_cast<std::uint8_t>(code), 0, 0);
+    }
     void Point(int x, int y) const { Fake(XCB_MOTION_NOTIFY, 0, x, y); }
     void Press() const { Fake(XCB_BUTTON_PRESS, 1, 0, 0); }
     void Release() const { Fake(XCB_BUTTON_RELEASE, 1, 0, 0); }

@@ -1,4 +1,4 @@
-// When the first sound is at the sink: listens to its monitor in pieces of 2 ms. Part of the measurements.
+// When the first sound is at the sink. Listens to its monitor in pieces of 2 ms. Part of the measurements.
 #pragma once
 
 #include <atomic>
@@ -33,6 +33,7 @@ public:
         Quit = true;
         if (m_thread.joinable()) m_thread.join();
     }
+    int Threshold = 0; ///< What is louder is a sound.
     std::atomic<double> FirstMs{-1};
     std::atomic<bool> Quit{false};
 
@@ -47,7 +48,7 @@ private:
         }
         const double endMs = NowMs();
         for (unsigned at = 0; at < kPieceBytes / 2; ++at)
-            if (piece[at] != 0) {
+            if (piece[at] > Threshold || piece[at] < -Threshold) {
                 FirstMs = endMs - (kPieceBytes / 2 - at) / 88.2;
                 return;
             }
