@@ -1,5 +1,6 @@
 // Puts the real parts together and runs the loop.
 #include <QApplication>
+#include <QLoggingCategory>
 #include <csignal>
 #include <cstdlib>
 #include <string>
@@ -27,8 +28,10 @@ namespace {
 void PrepareToolkit() {
     // A sound server that goes away in the middle of a message must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
-    // Shared memory shows a small window sooner and with less of it than a graphics library would.
+    // Shared memory shows a small window sooner and with less of it than a graphics library would. The toolkit
+    // knows no such library by that name, which is the point, and would say so.
     setenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm", 0);
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
     // The toolkit's own event loop wakes more cheaply than glib's, and nothing here needs that one.
     setenv("QT_NO_GLIB", "1", 0);
     QApplication::setDesktopSettingsAware(false);
