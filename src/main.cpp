@@ -11,6 +11,7 @@
 #include "platform/audio/click_sound.h"
 #include "platform/machine.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_loop.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_signals.h"
@@ -28,8 +29,8 @@ namespace {
 void PrepareToolkit() {
     // A sound server that goes away in the middle of a message must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
-    // Shared memory shows a small window sooner and with less of it than a graphics library would. The toolkit
-    // knows no such library by that name, which is the point, and would say so.
+    // Shared memory shows a small window sooner and with less of it than a graphics library would. The
+    // toolkit knows no such library by that name, which is the point, and would say so.
     setenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm", 0);
     QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
     // The toolkit's own event loop wakes more cheaply than glib's, and nothing here needs that one.
@@ -99,8 +100,11 @@ int main(int count, char** arguments) {
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 
     Form_Load(velora);
+    window.AfterFirstPaint = [&] {
+        ShowProgramIcon();
+        click.Prepare(machine.ApplicationDirectory() + u"\\click.wav");
+    };
     window.ShowFirst();
-    loop.Post([&] { click.Prepare(machine.ApplicationDirectory() + u"\\click.wav"); });
     loop.Run();
     machine.EndProcess();
 }

@@ -43,12 +43,12 @@ QImage ReadLargest(QImageReader& reader, bool isIcon) {
     return best;
 }
 
-// The null image if the file isn't a picture within the limits.
-QImage Decode(const Text& path) {
-    const std::optional<std::string> bytes = ReadFileBytes(path, kMostFileBytes);
-    const char* format = bytes ? FormatOf(*bytes) : nullptr;
+} // namespace
+
+QImage DecodePicture(std::string_view bytes) {
+    const char* format = FormatOf(bytes);
     if (!format) return {};
-    QByteArray data = QByteArray::fromRawData(bytes->data(), static_cast<qsizetype>(bytes->size()));
+    QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&data);
     if (!buffer.open(QIODevice::ReadOnly)) return {};
     QImageReader reader(&buffer, format);
@@ -61,8 +61,6 @@ QImage Decode(const Text& path) {
     image.setDevicePixelRatio(1);
     return image;
 }
-
-} // namespace
 
 std::optional<QtPictures::FileIdentity> QtPictures::IdentityOf(const Text& path) {
     const std::optional<std::string> found = FindPath(path);
@@ -81,9 +79,14 @@ PicturePtr QtPictures::LoadPicture(const Text& path) {
     const std::optional<FileIdentity> identity = IdentityOf(path);
     if (!identity) return nullptr;
     if (const auto known = m_decoded.find(*identity); known != m_decoded.end())
-        if (const PicturePtr twin = known->second.lock())
-            return std::make_shared<QtPicture>(static_cast<const QtPicture&>(*twin).Image);
-    QImage image = Decode(path);
+        if (const PicturePtr twin = known->second.lock()) {
+            // The newest of the twins is the one that lives longest, as a rule.
+            PicturePtr picture = std::make_shared<QtPicture>(static_cast<const QtPicture&>(*twin).Image);
+            known->second = picture;
+            return picture;
+        }
+    const std::optional<std::string> bytes = ReadFileBytes(path, kMostFileBytes);
+    QImage image = bytes ? DecodePicture(*bytes) : QImage();
     if (image.isNull()) return nullptr;
     ForgetTheDead();
     PicturePtr picture = std::make_shared<QtPicture>(std::move(image));

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "platform/picture.h"
 
@@ -18,6 +19,9 @@ public:
 
     const QImage Image;
 };
+
+/// The picture that these bytes of a file are; the null image if they are none within the limits.
+[[nodiscard]] QImage DecodePicture(std::string_view bytes);
 
 /// Files that haven't changed since they were decoded for a picture that still lives are not decoded again: a
 /// skin names most of its files twice. The pictures are different ones all the same.

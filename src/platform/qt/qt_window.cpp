@@ -15,8 +15,8 @@
 #include <QToolTip>
 #include <QWindow>
 #include <cmath>
+#include <utility>
 
-#include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_paint.h"
 #include "platform/qt/qt_text.h"
 #include "platform/regions.h"
@@ -100,8 +100,6 @@ void QtWindow::ShowFirst() {
     CentreOnScreen();
     show();
     TellScopeSeen(m_shown);
-    // The icon can come a moment later; the window need not wait for it.
-    m_loop.Post([] { ShowProgramIcon(); });
 }
 
 void QtWindow::Present() {
@@ -243,6 +241,7 @@ void QtWindow::paintEvent(QPaintEvent* event) {
     }
     painter.fillRect(event->rect(), FormColour());
     PaintScene(painter, m_fonts, m_shown, FromQRect(event->rect()));
+    if (AfterFirstPaint) m_loop.Post(std::exchange(AfterFirstPaint, nullptr));
 }
 
 void QtWindow::mousePressEvent(QMouseEvent* event) {

@@ -35,6 +35,10 @@ public:
     /// turn. The loop calls it after each event.
     void ShowChanges();
 
+    /// Runs once, on the loop, when the window has been painted for the first time: the place for what can
+    /// come a moment later.
+    std::function<void()> AfterFirstPaint;
+
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
