@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/machine.h"
 #include "platform/paths.h"
+#include "support/temp_directory.h"
 
 namespace {
 
@@ -16,12 +17,7 @@ namespace fs = std::filesystem;
 // A directory with files of the given names (directories end in a slash), gone with the test.
 class Paths : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "velora-paths-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        m_directory = name;
-    }
-    void TearDown() override { fs::remove_all(m_directory); }
+    Paths() { fs::create_directories(m_directory); }
 
     void Make(const std::string& name) {
         const std::string path = m_directory + "/" + name;
@@ -36,7 +32,8 @@ protected:
         return found ? found->substr(m_directory.size() + 1) : "nothing";
     }
 
-    std::string m_directory;
+    const TempDirectory m_temp;
+    const std::string m_directory = m_temp.Path("stage");
 };
 
 } // namespace

@@ -239,8 +239,11 @@ void QtWindow::paintEvent(QPaintEvent* event) {
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         painter.setClipRegion(m_shape & event->region());
     }
-    painter.fillRect(event->rect(), FormColour());
-    PaintScene(painter, m_fonts, m_shown, FromQRect(event->rect()));
+    // Piece by piece: what lies between two distant changes need not be drawn.
+    for (const QRect& piece : event->region()) {
+        painter.fillRect(piece, FormColour());
+        PaintScene(painter, m_fonts, m_shown, FromQRect(piece));
+    }
     if (AfterFirstPaint) m_loop.Post(std::exchange(AfterFirstPaint, nullptr));
 }
 

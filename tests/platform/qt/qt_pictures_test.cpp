@@ -2,7 +2,6 @@
 #include <QBuffer>
 #include <QImage>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
@@ -10,10 +9,10 @@
 
 #include "platform/paths.h"
 #include "platform/qt/qt_pictures.h"
+#include "support/temp_directory.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::string_literals;
 
 // A number in little-endian bytes.
@@ -52,19 +51,13 @@ bool IsSmall(const LoadedPicture& picture) {
 
 class QtPicturesTest : public testing::Test {
 protected:
-    void SetUp() override {
-        std::string name = (fs::temp_directory_path() / "velora-pictures-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        m_directory = name;
-    }
-    void TearDown() override { fs::remove_all(m_directory); }
-
     PicturePtr Load(const std::string& bytes, const std::string& name = "picture.gif") {
         std::ofstream(m_directory + "/" + name, std::ios::binary) << bytes;
         return m_pictures.LoadPicture(PathText(m_directory + "/" + name));
     }
 
-    std::string m_directory;
+    const TempDirectory m_temp;
+    const std::string m_directory = m_temp.Path();
     QtPictures m_pictures;
 };
 
