@@ -93,6 +93,14 @@ start_session() {
   done
 }
 
+# A message bus of the session's own.
+start_bus() {
+  local bus
+  bus=$(dbus-daemon --session --fork --print-address=1 --print-pid=1) || return 1
+  export DBUS_SESSION_BUS_ADDRESS=$(head -1 <<<"$bus")
+  session_pids+=("$(tail -1 <<<"$bus")")
+}
+
 # start_recording FILE [OPTION]: records the sink as s16le stereo at 44.1 kHz (raw, unless the option says
 # otherwise) until the session ends, and returns once it delivers.
 start_recording() {

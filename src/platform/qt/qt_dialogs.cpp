@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QStandardPaths>
+#include <algorithm>
 
 #include "platform/paths.h"
 #include "platform/qt/qt_icon.h"
@@ -54,6 +55,7 @@ void MakeRoomForCaption(QMessageBox& box) {
 QWidget* QtDialogs::Owner() {
     m_owner.Present();
     ShowProgramIcon();
+    m_owner.FollowDesktop();
     return m_owner.isVisible() ? &m_owner : nullptr;
 }
 
@@ -82,15 +84,15 @@ Text QtDialogs::InputBox(const Text& prompt, const Text& title) {
     return box.exec() == QDialog::Accepted ? ToText(box.textValue()) : Text();
 }
 
-QString QtDialogs::FirstDirectory(const Text& directory) const {
+QByteArray QtDialogs::FirstDirectory(const Text& directory) const {
     if (const std::optional<std::string> found = FindPath(directory))
-        return QFile::decodeName(found->c_str());
+        return QByteArray::fromStdString(*found);
     if (!m_lastDirectory.isEmpty()) return m_lastDirectory;
     const QString music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
-    return QDir(music).exists() ? music : QDir::homePath();
+    return QFile::encodeName(QDir(music).exists() ? music : QDir::homePath());
 }
 
-Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) {
+QByteArray QtDialogs::ChooseByToolkit(QWidget* owner, const PortalQuestion& question) {
     if (!m_chooser) {
         m_chooser = new QFileDialog;
         m_chooser->setFileMode(QFileDialog::ExistingFile);
@@ -98,17 +100,27 @@ Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::
         m_chooser->setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails |
                               QFileDialog::ReadOnly);
     }
-    m_chooser->setParent(Owner(), m_chooser->windowFlags());
-    m_chooser->setWindowTitle(ToQString(title));
+    m_chooser->setParent(owner, m_chooser->windowFlags());
+    m_chooser->setWindowTitle(question.Title);
     QStringList filters;
-    for (const FilterRow& row : rows)
+    for (const FilterRow& row : question.Rows)
         filters.append(NameFilter(row));
     m_chooser->setNameFilters(filters);
     if (!filters.isEmpty()) m_chooser->selectNameFilter(filters.first());
-    m_chooser->setDirectory(FirstDirectory(directory));
+    m_chooser->setDirectory(QFile::decodeName(question.Directory));
     m_chooser->selectFile(QString());
     if (!RunChooser(*m_chooser) || m_chooser->selectedFiles().isEmpty()) return {};
-    m_lastDirectory = m_chooser->directory().absolutePath();
-    const QByteArray path = QFile::encodeName(m_chooser->selectedFiles().constFirst());
-    return PathText(std::string_view(path.constData(), static_cast<std::size_t>(path.size())));
+    return QFile::encodeName(m_chooser->selectedFiles().constFirst());
+}
+
+Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) {
+    QWidget* owner = Owner();
+    const PortalQuestion question{ToQString(title), FirstDirectory(directory), rows};
+    PortalAnswer answer;
+    if (!m_noPortal) answer = AskPortal(owner, question);
+    m_noPortal = answer.Outcome == PortalOutcome::NoPortal;
+    if (m_noPortal) answer.Path = ChooseByToolkit(owner, question);
+    if (answer.Path.isEmpty()) return {};
+    m_lastDirectory = answer.Path.left(std::max<qsizetype>(answer.Path.lastIndexOf('/'), 1));
+    return PathText(std::string_view(answer.Path.constData(), static_cast<std::size_t>(answer.Path.size())));
 }

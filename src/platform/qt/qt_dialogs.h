@@ -1,9 +1,10 @@
-// The modal dialogs, on the toolkit's own.
+// The modal dialogs: the toolkit's own and, for files, the desktop's where it has one.
 #pragma once
 
 #include <QFileDialog>
 
 #include "platform/dialogs.h"
+#include "platform/qt/portal_chooser.h"
 
 class QtWindow;
 
@@ -19,9 +20,11 @@ public:
 
 private:
     [[nodiscard]] QWidget* Owner();
-    [[nodiscard]] QString FirstDirectory(const Text& directory) const;
+    [[nodiscard]] QByteArray FirstDirectory(const Text& directory) const;
+    [[nodiscard]] QByteArray ChooseByToolkit(QWidget* owner, const PortalQuestion& question);
 
     QtWindow& m_owner;
-    QString m_lastDirectory;          ///< Of the file chosen last; empty before.
+    QByteArray m_lastDirectory;       ///< Of the file chosen last; empty before.
+    bool m_noPortal = false;          ///< Known since the first question.
     QFileDialog* m_chooser = nullptr; ///< Made once and never destroyed: its end would write a settings file.
 };

@@ -208,6 +208,7 @@ void QtWindow::ShowToolTip(QHelpEvent& event) {
         QToolTip::hideText();
         return;
     }
+    FollowDesktop();
     // The rectangle hides the tip when the pointer goes on to another control.
     const QRect place(control->Left + m_form->picBackground.Left, control->Top + m_form->picBackground.Top,
                       control->Width, control->Height);
@@ -296,6 +297,7 @@ bool QtWindow::FollowPointer(const QMouseEvent& event) {
 }
 
 std::size_t QtWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {
+    FollowDesktop();
     QMenu popup;
     // The press that dismisses the menu goes nowhere.
     popup.setAttribute(Qt::WA_NoMouseReplay);

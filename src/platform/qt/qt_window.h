@@ -6,6 +6,7 @@
 
 #include "platform/qt/qt_accessible.h"
 #include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_look.h"
 #include "platform/qt/qt_loop.h"
 #include "platform/window.h"
 #include "state/form_events.h"
@@ -34,6 +35,9 @@ public:
     /// Shows what differs from what was shown last; what has to be painted is left to the toolkit's next
     /// turn. The loop calls it after each event.
     void ShowChanges();
+
+    /// Gives what is about to open the desktop's look.
+    void FollowDesktop() { m_look.Follow(); }
 
     /// Runs once, on the loop, when the window has been painted for the first time: the place for what can
     /// come a moment later.
@@ -64,6 +68,7 @@ private:
 
     QtLoop& m_loop;
     QtFonts m_fonts;
+    QtLook m_look;
     Form* m_form = nullptr;
     FormEvents* m_events = nullptr;
     std::function<void(bool)> m_scopeSeen;

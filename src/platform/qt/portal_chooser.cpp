@@ -1,0 +1,181 @@
+// All calls are asynchronous: a portal that hangs must hold up neither the window nor the sound.
+#include "platform/qt/portal_chooser.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+#include <QUuid>
+
+#include "platform/qt/qt_text.h"
+
+namespace {
+
+constexpr char kService[] = "org.freedesktop.portal.Desktop";
+constexpr char kPath[] = "/org/freedesktop/portal/desktop";
+constexpr char kChooser[] = "org.freedesktop.portal.FileChooser";
+constexpr char kRequest[] = "org.freedesktop.portal.Request";
+
+// How long the portal may take to accept the question; it may have to be started for it.
+constexpr int kPatienceMs = 3000;
+
+// A kind of files in the portal's own form, a(sa(us)); kind 0 is a pattern.
+struct PortalGlob {
+    uint Kind = 0;
+    QString Pattern;
+};
+struct PortalFilter {
+    QString Label;
+    QList<PortalGlob> Globs;
+};
+
+QDBusArgument& operator<<(QDBusArgument& out, const PortalGlob& glob) {
+    out.beginStructure();
+    out << glob.Kind << glob.Pattern;
+    out.endStructure();
+    return out;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& in, PortalGlob& glob) {
+    in.beginStructure();
+    in >> glob.Kind >> glob.Pattern;
+    in.endStructure();
+    return in;
+}
+
+QDBusArgument& operator<<(QDBusArgument& out, const PortalFilter& filter) {
+    out.beginStructure();
+    out << filter.Label << filter.Globs;
+    out.endStructure();
+    return out;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& in, PortalFilter& filter) {
+    in.beginStructure();
+    in >> filter.Label >> filter.Globs;
+    in.endStructure();
+    return in;
+}
+
+// The window that the chooser belongs to, as portals name it. A Wayland surface has to be exported first, for
+// which the toolkit has no public call; the chooser then stands for itself.
+QString WindowName(const QWidget* owner) {
+    if (!owner || QGuiApplication::platformName() != QStringLiteral("xcb")) return {};
+    return QStringLiteral("x11:") + QString::number(owner->winId(), 16);
+}
+
+QVariantMap Options(const PortalQuestion& question, const QString& token) {
+    QVariantMap options{{QStringLiteral("handle_token"), token},
+                        {QStringLiteral("modal"), true},
+                        {QStringLiteral("multiple"), false},
+                        // Such a path ends with a NUL there.
+                        {QStringLiteral("current_folder"), question.Directory + '\0'}};
+    QList<PortalFilter> filters;
+    for (const FilterRow& row : question.Rows)
+        filters.append({ToQString(row.Label), {{0, PortalPattern(row.Pattern)}}});
+    if (!filters.isEmpty()) {
+        options.insert(QStringLiteral("filters"), QVariant::fromValue(filters));
+        options.insert(QStringLiteral("current_filter"), QVariant::fromValue(filters.first()));
+    }
+    return options;
+}
+
+} // namespace
+
+QString PortalPattern(const Text& pattern) {
+    if (pattern == u"*.*") return QStringLiteral("*");
+    QString portal;
+    for (const QChar letter : ToQString(pattern)) {
+        if (letter.toLower() == letter.toUpper())
+            portal += letter;
+        else
+            portal += QStringLiteral("[%1%2]").arg(letter.toLower()).arg(letter.toUpper());
+    }
+    return portal;
+}
+
+QByteArray PathOfUri(const QString& uri) {
+    // Not through QUrl, which has no place for bytes that are no UTF-8.
+    const QByteArray bytes = uri.toUtf8();
+    if (!bytes.toLower().startsWith("file://")) return {};
+    const qsizetype path = bytes.indexOf('/', 7);
+    return path < 0 ? QByteArray() : QByteArray::fromPercentEncoding(bytes.mid(path));
+}
+
+PortalAnswer AskPortal(QWidget* owner, const PortalQuestion& question) {
+    if (!QDBusConnection::sessionBus().isConnected()) return {};
+    PortalRequest request(owner);
+    return request.Ask(question);
+}
+
+PortalRequest::PortalRequest(QWidget* owner) : QDialog(owner) {
+    setAttribute(Qt::WA_DontShowOnScreen);
+}
+
+PortalAnswer PortalRequest::Ask(const PortalQuestion& question) {
+    qDBusRegisterMetaType<PortalGlob>();
+    qDBusRegisterMetaType<QList<PortalGlob>>();
+    qDBusRegisterMetaType<PortalFilter>();
+    qDBusRegisterMetaType<QList<PortalFilter>>();
+
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusServiceWatcher life(QString::fromLatin1(kService), bus, QDBusServiceWatcher::WatchForUnregistration);
+    connect(&life, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this] { Finish(PortalOutcome::NoPortal); });
+
+    const QString token = QStringLiteral("velora") + QUuid::createUuid().toString(QUuid::Id128);
+    const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
+    // Known before the call, so that not even the quickest answer is missed.
+    Listen(QString::fromLatin1(kPath) + QStringLiteral("/request/") + sender + QLatin1Char('/') + token);
+    Send(question, token);
+    exec();
+    return m_answer;
+}
+
+void PortalRequest::Listen(const QString& requestPath) {
+    m_requestPath = requestPath;
+    QDBusConnection::sessionBus().connect(QString::fromLatin1(kService), requestPath,
+                                          QString::fromLatin1(kRequest), QStringLiteral("Response"), this,
+                                          SLOT(OnResponse(uint, QVariantMap)));
+}
+
+void PortalRequest::Send(const PortalQuestion& question, const QString& token) {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(QString::fromLatin1(kService), QString::fromLatin1(kPath),
+                                       QString::fromLatin1(kChooser), QStringLiteral("OpenFile"));
+    call << WindowName(parentWidget()) << question.Title << Options(question, token);
+    auto* accepted =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, kPatienceMs), this);
+    connect(accepted, &QDBusPendingCallWatcher::finished, this, [this, accepted] {
+        const QDBusPendingReply<QDBusObjectPath> reply = *accepted;
+        if (reply.isError()) {
+            // It may only have been slow; its chooser must not come up beside ours.
+            CloseRequest();
+            Finish(PortalOutcome::NoPortal);
+        } else if (reply.value().path() != m_requestPath) {
+            // Old portals choose the request's name themselves.
+            Listen(reply.value().path());
+        }
+    });
+}
+
+void PortalRequest::CloseRequest() {
+    QDBusConnection::sessionBus().send(
+        QDBusMessage::createMethodCall(QString::fromLatin1(kService), m_requestPath,
+                                       QString::fromLatin1(kRequest), QStringLiteral("Close")));
+}
+
+void PortalRequest::OnResponse(uint response, const QVariantMap& results) {
+    const QStringList uris = results.value(QStringLiteral("uris")).toStringList();
+    if (response == 0 && !uris.isEmpty()) m_answer.Path = PathOfUri(uris.constFirst());
+    Finish(m_answer.Path.isEmpty() ? PortalOutcome::Cancelled : PortalOutcome::Chosen);
+}
+
+void PortalRequest::Finish(PortalOutcome outcome) {
+    m_answer.Outcome = outcome;
+    done(QDialog::Accepted);
+}
