@@ -68,7 +68,7 @@ QString WindowName(const QWidget* owner) {
     return QStringLiteral("x11:") + QString::number(owner->winId(), 16);
 }
 
-QVariantMap Options(const PortalQuestion& question, const QString& token) {
+QVariantMap Options(const FileQuestion& question, const QString& token) {
     QVariantMap options{{QStringLiteral("handle_token"), token},
                         {QStringLiteral("modal"), true},
                         {QStringLiteral("multiple"), false},
@@ -106,7 +106,7 @@ QByteArray PathOfUri(const QString& uri) {
     return path < 0 ? QByteArray() : QByteArray::fromPercentEncoding(bytes.mid(path));
 }
 
-PortalAnswer AskPortal(QWidget* owner, const PortalQuestion& question) {
+PortalAnswer AskPortal(QWidget* owner, const FileQuestion& question) {
     if (!QDBusConnection::sessionBus().isConnected()) return {};
     PortalRequest request(owner);
     return request.Ask(question);
@@ -116,7 +116,7 @@ PortalRequest::PortalRequest(QWidget* owner) : QDialog(owner) {
     setAttribute(Qt::WA_DontShowOnScreen);
 }
 
-PortalAnswer PortalRequest::Ask(const PortalQuestion& question) {
+PortalAnswer PortalRequest::Ask(const FileQuestion& question) {
     qDBusRegisterMetaType<PortalGlob>();
     qDBusRegisterMetaType<QList<PortalGlob>>();
     qDBusRegisterMetaType<PortalFilter>();
@@ -143,7 +143,7 @@ void PortalRequest::Listen(const QString& requestPath) {
                                           SLOT(OnResponse(uint, QVariantMap)));
 }
 
-void PortalRequest::Send(const PortalQuestion& question, const QString& token) {
+void PortalRequest::Send(const FileQuestion& question, const QString& token) {
     QDBusMessage call =
         QDBusMessage::createMethodCall(QString::fromLatin1(kService), QString::fromLatin1(kPath),
                                        QString::fromLatin1(kChooser), QStringLiteral("OpenFile"));

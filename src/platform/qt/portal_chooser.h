@@ -7,15 +7,8 @@
 #include <QDialog>
 #include <QString>
 #include <QVariantMap>
-#include <vector>
 
-#include "platform/dialogs.h"
-
-struct PortalQuestion {
-    QString Title;
-    QByteArray Directory; ///< Where to begin; the bytes of a path.
-    std::vector<FilterRow> Rows;
-};
+#include "platform/qt/file_question.h"
 
 enum class PortalOutcome {
     Chosen,
@@ -30,7 +23,7 @@ struct PortalAnswer {
 
 /// Asks the portal and returns when the user has answered; everything else goes on, and `owner` is blocked as
 /// by a dialog of the toolkit. Without an owner the chooser is centred by the desktop.
-[[nodiscard]] PortalAnswer AskPortal(QWidget* owner, const PortalQuestion& question);
+[[nodiscard]] PortalAnswer AskPortal(QWidget* owner, const FileQuestion& question);
 
 /// A row's pattern for the portal, which minds the case of letters: `*.mp3` is `*.[mM][pP]3`; `*.*` is `*`.
 [[nodiscard]] QString PortalPattern(const Text& pattern);
@@ -44,7 +37,7 @@ class PortalRequest : public QDialog {
 public:
     explicit PortalRequest(QWidget* owner);
 
-    [[nodiscard]] PortalAnswer Ask(const PortalQuestion& question);
+    [[nodiscard]] PortalAnswer Ask(const FileQuestion& question);
 
 public slots:
     /// The request's one signal. `response`: 0 chosen, 1 cancelled, 2 closed some other way.
@@ -52,7 +45,7 @@ public slots:
 
 private:
     void Listen(const QString& requestPath);
-    void Send(const PortalQuestion& question, const QString& token);
+    void Send(const FileQuestion& question, const QString& token);
     void CloseRequest();
     void Finish(PortalOutcome outcome);
 

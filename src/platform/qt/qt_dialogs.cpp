@@ -1,46 +1,24 @@
 // Each dialog runs a loop of the toolkit's own, in which everything else goes on.
 #include "platform/qt/qt_dialogs.h"
 
-#include <QAbstractItemView>
-#include <QCompleter>
 #include <QDir>
 #include <QFile>
 #include <QGridLayout>
 #include <QInputDialog>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <algorithm>
 
 #include "platform/paths.h"
+#include "platform/qt/portal_chooser.h"
 #include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_window.h"
+#include "platform/qt/toolkit_chooser.h"
 
 namespace {
 
 constexpr char kApplicationName[] = "Velora";
-
-// A row as the toolkit wants it: the label, and behind it the pattern, which is then hidden. All files are
-// `*` there; `*.*` would leave out those without a point.
-QString NameFilter(const FilterRow& row) {
-    const QString pattern = row.Pattern == u"*.*" ? QStringLiteral("*") : ToQString(row.Pattern);
-    return ToQString(row.Label) + QStringLiteral(" (") + pattern + QStringLiteral(")");
-}
-
-// Runs the chooser. The list of proposals for its name field is a window of its own, which can outlast it or
-// come up behind it, and would swallow the next press on the window; so it is let go with the dialog.
-bool RunChooser(QFileDialog& chooser) {
-    auto* name = chooser.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    auto* proposals = chooser.findChild<QCompleter*>();
-    if (name && proposals) name->setCompleter(proposals);
-    const bool chosen = chooser.exec() == QDialog::Accepted;
-    if (name && proposals) {
-        name->setCompleter(nullptr);
-        proposals->popup()->hide();
-    }
-    return chosen;
-}
 
 // A short text alone would make a box so narrow that its caption is cut.
 void MakeRoomForCaption(QMessageBox& box) {
@@ -92,34 +70,16 @@ QByteArray QtDialogs::FirstDirectory(const Text& directory) const {
     return QFile::encodeName(QDir(music).exists() ? music : QDir::homePath());
 }
 
-QByteArray QtDialogs::ChooseByToolkit(QWidget* owner, const PortalQuestion& question) {
-    if (!m_chooser) {
-        m_chooser = new QFileDialog;
-        m_chooser->setFileMode(QFileDialog::ExistingFile);
-        m_chooser->setAcceptMode(QFileDialog::AcceptOpen);
-        m_chooser->setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails |
-                              QFileDialog::ReadOnly);
-    }
-    m_chooser->setParent(owner, m_chooser->windowFlags());
-    m_chooser->setWindowTitle(question.Title);
-    QStringList filters;
-    for (const FilterRow& row : question.Rows)
-        filters.append(NameFilter(row));
-    m_chooser->setNameFilters(filters);
-    if (!filters.isEmpty()) m_chooser->selectNameFilter(filters.first());
-    m_chooser->setDirectory(QFile::decodeName(question.Directory));
-    m_chooser->selectFile(QString());
-    if (!RunChooser(*m_chooser) || m_chooser->selectedFiles().isEmpty()) return {};
-    return QFile::encodeName(m_chooser->selectedFiles().constFirst());
-}
-
 Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) {
     QWidget* owner = Owner();
-    const PortalQuestion question{ToQString(title), FirstDirectory(directory), rows};
+    const FileQuestion question{ToQString(title), FirstDirectory(directory), rows};
     PortalAnswer answer;
     if (!m_noPortal) answer = AskPortal(owner, question);
     m_noPortal = answer.Outcome == PortalOutcome::NoPortal;
-    if (m_noPortal) answer.Path = ChooseByToolkit(owner, question);
+    if (m_noPortal) {
+        if (!m_chooser) m_chooser = new ToolkitChooser;
+        answer.Path = m_chooser->Ask(owner, question);
+    }
     if (answer.Path.isEmpty()) return {};
     m_lastDirectory = answer.Path.left(std::max<qsizetype>(answer.Path.lastIndexOf('/'), 1));
     return PathText(std::string_view(answer.Path.constData(), static_cast<std::size_t>(answer.Path.size())));

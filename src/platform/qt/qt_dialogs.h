@@ -1,12 +1,13 @@
 // The modal dialogs: the toolkit's own and, for files, the desktop's where it has one.
 #pragma once
 
-#include <QFileDialog>
+#include <QByteArray>
 
 #include "platform/dialogs.h"
-#include "platform/qt/portal_chooser.h"
 
 class QtWindow;
+class QWidget;
+class ToolkitChooser;
 
 class QtDialogs : public Dialogs {
 public:
@@ -21,10 +22,9 @@ public:
 private:
     [[nodiscard]] QWidget* Owner();
     [[nodiscard]] QByteArray FirstDirectory(const Text& directory) const;
-    [[nodiscard]] QByteArray ChooseByToolkit(QWidget* owner, const PortalQuestion& question);
 
     QtWindow& m_owner;
-    QByteArray m_lastDirectory;       ///< Of the file chosen last; empty before.
-    bool m_noPortal = false;          ///< Known since the first question.
-    QFileDialog* m_chooser = nullptr; ///< Made once and never destroyed: its end would write a settings file.
+    QByteArray m_lastDirectory;          ///< Of the file chosen last; empty before.
+    bool m_noPortal = false;             ///< Known since the first question.
+    ToolkitChooser* m_chooser = nullptr; ///< Made when first needed.
 };

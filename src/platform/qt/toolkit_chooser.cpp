@@ -1,0 +1,72 @@
+// What the toolkit's chooser does otherwise than a user would expect is mended here.
+#include "platform/qt/toolkit_chooser.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+
+#include "platform/qt/qt_text.h"
+
+namespace {
+
+constexpr char kNameField[] = "fileNameEdit";
+
+// A row as the toolkit wants it: the label, and behind it the pattern, which is then hidden. All files are
+// `*` there; `*.*` would leave out those without a point.
+QString NameFilter(const FilterRow& row) {
+    const QString pattern = row.Pattern == u"*.*" ? QStringLiteral("*") : ToQString(row.Pattern);
+    return ToQString(row.Label) + QStringLiteral(" (") + pattern + QStringLiteral(")");
+}
+
+// Runs the chooser. The list of proposals for its name field is a window of its own, which can outlast it or
+// come up behind it, and would swallow the next press on the window; so it is let go with the dialog.
+bool Run(QFileDialog& chooser) {
+    auto* name = chooser.findChild<QLineEdit*>(QLatin1String(kNameField));
+    auto* proposals = chooser.findChild<QCompleter*>();
+    if (name && proposals) name->setCompleter(proposals);
+    const bool chosen = chooser.exec() == QDialog::Accepted;
+    if (name && proposals) {
+        name->setCompleter(nullptr);
+        proposals->popup()->hide();
+    }
+    return chosen;
+}
+
+} // namespace
+
+ToolkitChooser::ToolkitChooser() {
+    setFileMode(QFileDialog::ExistingFile);
+    setAcceptMode(QFileDialog::AcceptOpen);
+    setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails | QFileDialog::ReadOnly);
+}
+
+QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
+    setParent(owner, windowFlags());
+    setWindowTitle(question.Title);
+    QStringList filters;
+    for (const FilterRow& row : question.Rows)
+        filters.append(NameFilter(row));
+    setNameFilters(filters);
+    if (!filters.isEmpty()) selectNameFilter(filters.first());
+    setDirectory(QFile::decodeName(question.Directory));
+    selectFile(QString());
+    m_path.clear();
+    return Run(*this) ? QFile::encodeName(m_path) : QByteArray();
+}
+
+// The selection follows the name field from afar: after quick typing it can still be the directory that the
+// name began with, and the toolkit would open that one. What stands in the field is what the user means.
+void ToolkitChooser::accept() {
+    const auto* name = findChild<QLineEdit*>(QLatin1String(kNameField));
+    const QString typed = name ? directory().absoluteFilePath(name->text()) : QString();
+    if (QFileInfo(typed).isFile()) {
+        m_path = QDir::cleanPath(typed);
+        QDialog::accept();
+        return;
+    }
+    QFileDialog::accept();
+    const QStringList chosen = selectedFiles();
+    if (result() == QDialog::Accepted && !chosen.isEmpty()) m_path = chosen.constFirst();
+}
