@@ -87,13 +87,14 @@ float HighestOf(const std::array<float, ScopeBars::kCount>& bands, int bar, int 
 
 void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) {
     painter.fillRect(ToQRect(figure.Place), Qt::black);
-    const int widthPx = figure.Place.Right - figure.Place.Left;
+    // A skin can give it any width, so multiples of that need more room.
+    const std::int64_t widthPx = figure.Place.Right - figure.Place.Left;
     const int heightPx = figure.Place.Bottom - figure.Place.Top;
-    const int bars = std::clamp(widthPx / kBarPitchPx, 1, ScopeBars::kCount);
+    const int bars = static_cast<int>(std::clamp<std::int64_t>(widthPx / kBarPitchPx, 1, ScopeBars::kCount));
     for (int bar = 0; bar < bars; ++bar) {
-        const int left = figure.Place.Left + bar * widthPx / bars;
-        const int right = figure.Place.Left + (bar + 1) * widthPx / bars;
-        const int barWidth = std::max(right - left - 1, 1);
+        const auto left = static_cast<double>(figure.Place.Left + bar * widthPx / bars);
+        const auto right = static_cast<double>(figure.Place.Left + (bar + 1) * widthPx / bars);
+        const double barWidth = std::max(right - left - 1, 1.0);
         const double level = HighestOf(shown.Level, bar, bars) * heightPx;
         const double peak = HighestOf(shown.Peak, bar, bars) * heightPx;
         painter.fillRect(QRectF(left, figure.Place.Bottom - level, barWidth, level), Qt::yellow);

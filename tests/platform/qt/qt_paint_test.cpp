@@ -1,5 +1,6 @@
 // What the figures of a scene look like, pixel by pixel where a rule says so.
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "platform/qt/qt_paint.h"
 #include "platform/qt/qt_pictures.h"
@@ -174,4 +175,13 @@ TEST_F(Paint, BarsAreYellowWithWhitePeaksOnBlackAtAnySize) {
         m_form.VFmp3scope1.Width = m_form.VFmp3scope1.Height = size;
         (void)Draw();
     }
+}
+
+TEST_F(Paint, BarsOfTheLargestWidthReachAcrossAllThatIsSeen) {
+    m_form.VFmp3scope1.Visible = true;
+    m_form.VFmp3scope1.Left = m_form.VFmp3scope1.Top = 0;
+    m_form.VFmp3scope1.Width = std::numeric_limits<Long>::max();
+    m_form.VFmp3scope1.Height = 30;
+    m_form.VFmp3scope1.Bars.Level.fill(0.5F);
+    EXPECT_EQ(Draw().pixelColor(59, 29), kYellow);
 }
