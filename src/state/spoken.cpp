@@ -34,12 +34,18 @@ bool ShowsStop(const Form& form) {
     return shown && (shown == form.picStop1.Picture || shown == form.picStop2.Picture);
 }
 
+// As much of a name as anybody listens to. Files can have names of megabytes, and this is asked for often.
+TextView Start(TextView name) {
+    constexpr std::size_t kMost = 1000;
+    return name.substr(0, kMost);
+}
+
 // Title and artist if both are known, else the file; the bare name of the control while nothing runs there.
 Text TitleWords(const Velora& velora, Text otherwise) {
     if (velora.CurrentTrack == 0 || velora.frmMain.lblFilescroll.Caption.empty()) return otherwise;
     if (!velora.TrackTitle.empty() && !velora.TrackArtist.empty())
-        return velora.TrackTitle + u" by " + velora.TrackArtist;
-    return velora.MediaList[static_cast<std::size_t>(velora.CurrentTrack)].File;
+        return Text(Start(velora.TrackTitle)) + u" by " + Text(Start(velora.TrackArtist));
+    return Text(Start(velora.MediaList[static_cast<std::size_t>(velora.CurrentTrack)].File));
 }
 
 void FillWords(SpokenControl& spoken, const Velora& velora) {

@@ -52,6 +52,13 @@ TEST_F(Spoken, TheTitleIsTitleAndArtistAndStaysWhileTheTextRuns) {
     EXPECT_EQ(NameOf("lblFilescroll"), u"Song by Singer");
 }
 
+TEST_F(Spoken, OfANameOfMegabytesTheStartIsTold) {
+    form.lblFilescroll.Visible = true;
+    form.lblFilescroll.Caption = u"aaa";
+    velora.CurrentTrack = AddEntry(u"\\m\\", Text(4 << 20, u'a'));
+    EXPECT_EQ(NameOf("lblFilescroll"), Text(1000, u'a'));
+}
+
 TEST_F(Spoken, TheLightsAreOneProgressBar) {
     for (std::size_t index = 1; index < form.shpPercent.size(); ++index) {
         Shape& light = form.shpPercent[index];
