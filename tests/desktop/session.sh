@@ -101,10 +101,11 @@ start_bus() {
   session_pids+=("$(tail -1 <<<"$bus")")
 }
 
-# start_recording FILE [OPTION]: records the sink as s16le stereo at 44.1 kHz (raw, unless the option says
-# otherwise) until the session ends, and returns once it delivers.
+# start_recording FILE [OPTION]: records the sink (the one in `sink`, or the session's own) as s16le stereo at
+# 44.1 kHz (raw, unless the option says otherwise) until the session ends, and returns once it delivers.
 start_recording() {
-  parec -d out.monitor --format=s16le --rate=44100 --channels=2 --latency-msec=20 "${2:---raw}" "$1" &
+  parec -d "${sink:-out}.monitor" --format=s16le --rate=44100 --channels=2 --latency-msec=20 "${2:---raw}" "$1" \
+    2>>"$session_dir/recording.log" &
   recording_pid=$!
   session_pids+=("$recording_pid")
   wait_for 'the recording' test -s "$1"

@@ -238,6 +238,15 @@ choose_file() {
   answer "$1" Return
 }
 
+# add_playlist NAME FILE KEY: with that key held, as a user does.
+add_playlist() {
+  click eject 1 "$3"
+  choose_file 'Select Playlist ...' "$2"
+  await_dialog Velora
+  xdotool type --delay 2 "$1"
+  answer Velora Return
+}
+
 # listen: records from here on into $heard.
 listen() {
   heard="$session_dir/heard-${#session_pids[@]}.raw"
