@@ -33,6 +33,9 @@ void PrepareToolkit() {
     // toolkit knows no such library by that name, which is the point, and would say so.
     setenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm", 0);
     QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
+    // With memory shared with the X server each frame of the spectrum waits for the server to have taken the
+    // last one: two wake-ups more than sending its few kilobytes.
+    setenv("QT_XCB_NO_MITSHM", "1", 0);
     // The toolkit's own event loop wakes more cheaply than glib's, and nothing here needs that one.
     setenv("QT_NO_GLIB", "1", 0);
     QApplication::setDesktopSettingsAware(false);
@@ -92,7 +95,8 @@ int main(int count, char** arguments) {
 
     machine.Attach(window);
     player.Attach(playerHandlers);
-    window.Attach(velora.frmMain, formHandlers, [&](bool seen) { player.Ring().SetSeen(seen); });
+    window.Attach(velora.frmMain, formHandlers,
+                  [&](bool seen, bool scopeSeen) { player.SetSight(seen, scopeSeen); });
     loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
     window.LetSpeak(
         {[&] { return SpokenControls(velora); },

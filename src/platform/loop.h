@@ -25,6 +25,10 @@ public:
     /// Has `task` run on the loop's thread, in the order of the posts, never from inside this call. The one
     /// operation that any thread may call; a task posted while the process ends is dropped.
     virtual void Post(std::function<void()> task) = 0;
+
+    /// The same in `delayMs` milliseconds or as soon as the loop comes to it then. Called on the loop's
+    /// thread.
+    virtual void PostIn(std::int64_t delayMs, std::function<void()> task) = 0;
 };
 
 /// Waits `Seconds` on `loop` with the event loop running. No busy wait: the process sleeps when nothing is

@@ -8,8 +8,8 @@
 
 /// What a player reports. Each call comes on the loop's thread, from the loop, never from inside one of the
 /// player's operations. For a track the order is: `OnTagInfo`, `OnStreamInfo`, `OnTrackLength`, each once,
-/// then `OnPosition` about five times a second; a file that can't be played raises nothing. Events of a
-/// track that has been stopped don't arrive any more.
+/// then `OnPosition` about five times a second, or once while the window can't be seen; a file that can't be
+/// played raises nothing. Events of a track that has been stopped don't arrive any more.
 class PlayerEvents {
 public:
     virtual ~PlayerEvents() = default;

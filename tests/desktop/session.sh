@@ -3,9 +3,9 @@
 
 session_pids=()
 
-# wait_for WHAT COMMAND...: tries the command until it succeeds; after 30 seconds says what failed.
+# wait_for WHAT COMMAND...: tries the command until it succeeds; after a minute says what failed.
 wait_for() {
-  local what=$1 deadline=$((SECONDS + ${SESSION_PATIENCE:-30}))
+  local what=$1 deadline=$((SECONDS + ${SESSION_PATIENCE:-60}))
   shift
   until "$@" >/dev/null 2>&1; do
     if [ "$SECONDS" -ge "$deadline" ]; then

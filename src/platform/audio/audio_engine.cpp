@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <pulse/mainloop-api.h>
 #include <pulse/mainloop.h>
-#include <pulse/rtclock.h>
 #include <utility>
 
+#include "platform/audio/audio_clock.h"
 #include "platform/audio/output_finder.h"
 #include "platform/audio/transport.h"
 #include "platform/audio/worker_thread.h"
@@ -15,10 +15,6 @@ namespace {
 
 /// The poll takes its time as an `int`.
 constexpr std::int64_t kLongestSleepUs = 1'000'000'000;
-
-std::int64_t NowUs() {
-    return static_cast<std::int64_t>(pa_rtclock_now());
-}
 
 void OnBell(pa_mainloop_api*, pa_io_event*, int, pa_io_event_flags_t, void* bell) {
     static_cast<Bell*>(bell)->Clear();
@@ -65,6 +61,7 @@ void AudioEngine::Send(AudioCommand command) {
         if (ends)
             std::erase_if(m_commands, [](const AudioCommand& earlier) {
                 return earlier.What != AudioCommand::Kind::SetVolume &&
+                       earlier.What != AudioCommand::Kind::Watch &&
                        earlier.What != AudioCommand::Kind::Prepare;
             });
         m_commands.push_back(std::move(command));
@@ -104,6 +101,9 @@ bool AudioEngine::Carry(Parts& parts, AudioCommand& command) {
         break;
     case AudioCommand::Kind::SetVolume:
         parts.Track.SetVolume(static_cast<int>(command.Number), nowUs);
+        break;
+    case AudioCommand::Kind::Watch:
+        parts.Track.SetWatched(command.Number != 0, nowUs);
         break;
     }
     return true;

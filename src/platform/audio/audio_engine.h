@@ -15,7 +15,7 @@
 
 /// One command to the player's thread. What a kind doesn't need stays empty.
 struct AudioCommand {
-    enum class Kind { Prepare, Play, Stop, TogglePause, Seek, SetVolume, Quit };
+    enum class Kind { Prepare, Play, Stop, TogglePause, Seek, SetVolume, Watch, Quit };
 
     explicit AudioCommand(Kind what, const EventStamp& stamp = {}, Long number = 0)
         : What(what), Stamp(stamp), Number(number) {}
@@ -24,7 +24,7 @@ struct AudioCommand {
     EventStamp Stamp;       ///< Of the events that follow from it.
     TrackSource Source;     ///< `Play`.
     std::string StreamName; ///< `Play`: for a track without a title.
-    Long Number;            ///< `Seek`: seconds; `SetVolume`: percent.
+    Long Number;            ///< `Seek`: seconds; `SetVolume`: percent; `Watch`: 1 or 0.
 };
 
 /// Starts the thread, which sleeps until a command comes or sound has to be seen to.

@@ -23,12 +23,19 @@ AudioEngine& AudioPlayer::Engine() {
     if (!m_engine) {
         m_engine = std::make_unique<AudioEngine>(m_settings, m_relay, m_ring);
         m_engine->Send(AudioCommand(AudioCommand::Kind::SetVolume, {}, m_percent));
+        m_engine->Send(AudioCommand(AudioCommand::Kind::Watch, {}, m_watched ? 1 : 0));
     }
     return *m_engine;
 }
 
 void AudioPlayer::Prepare() {
     Engine().Send(AudioCommand(AudioCommand::Kind::Prepare));
+}
+
+void AudioPlayer::SetSight(bool window, bool scope) {
+    m_ring->SetSeen(scope);
+    m_watched = window;
+    if (m_engine) m_engine->Send(AudioCommand(AudioCommand::Kind::Watch, {}, window ? 1 : 0));
 }
 
 void AudioPlayer::LookIn(const std::vector<Text>& directories) {

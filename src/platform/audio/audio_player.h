@@ -45,8 +45,12 @@ public:
     /// returns at once.
     void Prepare();
 
-    /// Where the player puts the samples for the scope, and where the window layer says whether it is seen.
+    /// Where the player puts the samples for the scope.
     [[nodiscard]] SampleRing& Ring() { return *m_ring; }
+
+    /// What can be seen of the window and of the scope in it; what can't is told less, or not at all. At
+    /// first the window is taken to be seen, and the scope not.
+    void SetSight(bool window, bool scope);
 
     void LookIn(const std::vector<Text>& directories) override;
     void TrackFile(const Text& path) override;
@@ -65,7 +69,7 @@ private:
     std::unique_ptr<AudioEngine> m_engine;
     std::vector<Text> m_directories;
     Text m_path;
-    int m_track = 0;       ///< Of the newest `Play` or `Stop`.
-    bool m_loaded = false; ///< Whether the newest of the two was `Play`.
+    bool m_loaded = false; ///< Whether `Play` came after the last `Stop`.
+    bool m_watched = true;
     Integer m_percent = 100;
 };

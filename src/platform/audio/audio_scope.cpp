@@ -47,15 +47,19 @@ struct AudioScope::Transform {
         for (std::size_t i = 0; i < Window.size(); ++i)
             Windowed[i] = frame.Samples[i] * Window[i];
         kiss_fftr(Plan, Windowed.data(), Spectrum.data());
-        for (std::size_t i = 0; i < kBins; ++i)
-            Amplitudes[i] = std::hypot(Spectrum[i].r, Spectrum[i].i) * 4 / SampleFrame::kCount;
+    }
+
+    [[nodiscard]] float Loudest(std::size_t first, std::size_t last) const {
+        float power = 0;
+        for (std::size_t i = first; i < last; ++i)
+            power = std::max(power, Spectrum[i].r * Spectrum[i].r + Spectrum[i].i * Spectrum[i].i);
+        return std::sqrt(power) * 4 / SampleFrame::kCount;
     }
 
     kiss_fftr_cfg Plan;
     std::vector<float> Window;
     std::array<float, SampleFrame::kCount> Windowed{};
     std::array<kiss_fft_cpx, kBins> Spectrum{};
-    std::array<float, kBins> Amplitudes{};
 };
 
 AudioScope::AudioScope(const SampleRing& ring, ScopeBars& bars)
@@ -66,22 +70,24 @@ AudioScope::~AudioScope() = default;
 void AudioScope::ShowVisData(Long& VisData) {
     if (!m_transform->Plan || !m_ring.Take(VisData, m_frame)) return;
     m_transform->Work(m_frame);
-    const auto binOf = [this](double hz) {
-        const double bin = hz * SampleFrame::kCount / std::max(1, m_frame.RateHz);
-        return static_cast<std::size_t>(std::clamp(bin + 0.5, 1.0, static_cast<double>(kBins)));
-    };
+    FindEdges(m_frame.RateHz);
     std::array<float, ScopeBars::kCount> heights{};
-    for (int band = 0; band < ScopeBars::kCount; ++band) {
-        const std::size_t first = binOf(EdgeHz(band));
-        const std::size_t last = std::max(first + 1, binOf(EdgeHz(band + 1)));
-        float loudest = 0;
-        for (std::size_t bin = first; bin < std::min(last, kBins); ++bin)
-            loudest = std::max(loudest, m_transform->Amplitudes[bin]);
-        heights[static_cast<std::size_t>(band)] = HeightOf(loudest);
+    for (std::size_t band = 0; band < heights.size(); ++band) {
+        const std::size_t last = std::min(std::max(m_edges[band] + 1, m_edges[band + 1]), kBins);
+        heights[band] = HeightOf(m_transform->Loudest(m_edges[band], last));
     }
     const std::int64_t stepMs = std::clamp<std::int64_t>(m_frame.AtMs - m_lastMs, 0, kLongestStepMs);
     m_lastMs = m_frame.AtMs;
     Follow(heights, static_cast<float>(stepMs) / 1000);
+}
+
+void AudioScope::FindEdges(int rateHz) {
+    if (rateHz == m_edgesRateHz) return;
+    m_edgesRateHz = rateHz;
+    for (std::size_t band = 0; band < m_edges.size(); ++band) {
+        const double bin = EdgeHz(static_cast<int>(band)) * SampleFrame::kCount / std::max(1, rateHz);
+        m_edges[band] = static_cast<std::size_t>(std::clamp(bin + 0.5, 1.0, static_cast<double>(kBins)));
+    }
 }
 
 void AudioScope::Follow(const std::array<float, ScopeBars::kCount>& heights, float seconds) {

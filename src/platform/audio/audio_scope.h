@@ -20,12 +20,15 @@ public:
 private:
     struct Transform;
 
+    void FindEdges(int rateHz);
     void Follow(const std::array<float, ScopeBars::kCount>& heights, float seconds);
 
     const SampleRing& m_ring;
     ScopeBars& m_bars;
     std::unique_ptr<Transform> m_transform;
     SampleFrame m_frame;
+    int m_edgesRateHz = 0;
+    std::array<std::size_t, ScopeBars::kCount + 1> m_edges{}; ///< The line that each band begins with.
     std::array<float, ScopeBars::kCount> m_peakHeldS{};
     std::int64_t m_lastMs = 0;
 };

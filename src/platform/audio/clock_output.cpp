@@ -30,6 +30,10 @@ std::int64_t ClockOutput::HeardFrames(std::int64_t nowUs) {
     return std::min(heard, m_written);
 }
 
+double ClockOutput::Pace() const {
+    return m_held ? 0 : m_format.RateHz * m_speed;
+}
+
 void ClockOutput::Settle(std::int64_t nowUs) {
     m_heard = HeardFrames(nowUs);
     m_sinceUs = nowUs;

@@ -18,6 +18,7 @@ public:
     void Hold(bool held, std::int64_t nowUs) override;
     void Drop(std::int64_t nowUs) override;
     [[nodiscard]] std::int64_t HeardFrames(std::int64_t nowUs) override;
+    [[nodiscard]] double Pace() const override;
     [[nodiscard]] std::optional<std::int64_t> DueUs() const override;
     void Poll(std::int64_t nowUs) override;
 

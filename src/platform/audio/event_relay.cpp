@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/audio/audio_clock.h"
+
 namespace {
 
 template<typename... Calls>
@@ -16,8 +18,11 @@ template<typename... Calls>
 Overloaded(Calls...) -> Overloaded<Calls...>;
 
 bool IsPassing(const PlayerEvent& event) {
-    return std::holds_alternative<VisEvent>(event) || std::holds_alternative<PositionEvent>(event);
+    return std::holds_alternative<PositionEvent>(event);
 }
+
+// The toolkit's timers count in milliseconds.
+constexpr std::int64_t kEarlyUs = 1000;
 
 void Tell(PlayerEvents& events, const PlayerEvent& event) {
     std::visit(Overloaded{
@@ -30,7 +35,6 @@ void Tell(PlayerEvents& events, const PlayerEvent& event) {
                        events.OnStreamInfo(told.Bitrate, told.SampleRate, told.Channels);
                    },
                    [&](const LengthEvent& told) { events.OnTrackLength(told.LengthMs); },
-                   [&](const VisEvent& told) { events.OnVisData(told.Frame); },
                    [&](const PositionEvent& told) { events.OnPosition(told.PositionMs); },
                },
                event);
@@ -53,6 +57,40 @@ void EventRelay::Raise(const EventStamp& stamp, PlayerEvent event) {
         m_waiting.push_back({stamp, std::move(event)});
     }
     m_loop.Post([relay = shared_from_this()] { relay->DeliverOne(); });
+}
+
+void EventRelay::RaiseFrame(const EventStamp& stamp, Long frame, std::int64_t atUs) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_frames.push_back({stamp, frame, atUs});
+        if (std::exchange(m_framesRun, true)) return;
+    }
+    m_loop.Post([relay = shared_from_this()] { relay->DeliverFrame(); });
+}
+
+std::optional<Long> EventRelay::TakeDueFrame(std::optional<std::int64_t>& nextUs) {
+    const std::lock_guard lock(m_mutex);
+    std::erase_if(m_frames, [this](const WaitingFrame& waiting) {
+        return waiting.Stamp.Track != m_expected.Track || waiting.Stamp.Command != m_expected.Command;
+    });
+    // Of several that are due only the last can still be heard.
+    std::optional<Long> due;
+    const std::int64_t nowUs = NowUs();
+    while (!m_frames.empty() && m_frames.front().AtUs <= nowUs + kEarlyUs) {
+        due = m_frames.front().Frame;
+        m_frames.pop_front();
+    }
+    m_framesRun = !m_frames.empty();
+    if (m_framesRun) nextUs = m_frames.front().AtUs - nowUs;
+    return due;
+}
+
+void EventRelay::DeliverFrame() {
+    std::optional<std::int64_t> nextUs;
+    const std::optional<Long> due = TakeDueFrame(nextUs);
+    // Before the handler, which may wait.
+    if (nextUs) m_loop.PostIn(*nextUs / 1000, [relay = shared_from_this()] { relay->DeliverFrame(); });
+    if (due && m_events) m_events->OnVisData(*due);
 }
 
 bool EventRelay::IsWanted(const Waiting& waiting) const {

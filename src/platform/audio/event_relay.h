@@ -23,13 +23,10 @@ struct StreamEvent {
 struct LengthEvent {
     Long LengthMs = 0;
 };
-struct VisEvent {
-    Long Frame = 0;
-};
 struct PositionEvent {
     Long PositionMs = 0;
 };
-using PlayerEvent = std::variant<TagEvent, StreamEvent, LengthEvent, VisEvent, PositionEvent>;
+using PlayerEvent = std::variant<TagEvent, StreamEvent, LengthEvent, PositionEvent>;
 
 /// Which commands an event has seen: the number of its track, and of the last pause or seek.
 struct EventStamp {
@@ -37,17 +34,21 @@ struct EventStamp {
     int Command = 0;
 };
 
-/// For each event it posts one task, which delivers one event. An event is dropped at its delivery if its
-/// track is no longer the present one, and a position or frame of samples also if it was raised before the
-/// last pause or seek.
+/// One task delivers one event. An event is dropped at its delivery if its track is no longer the present
+/// one, and a position or frame of samples also if it was raised before the last pause or seek.
 class EventRelay : public std::enable_shared_from_this<EventRelay> {
 public:
     explicit EventRelay(Loop& loop) : m_loop(loop) {}
 
     // The player's thread.
 
-    /// A position or frame that still waits to be delivered is replaced by a newer one.
+    /// A position that still waits to be delivered is replaced by a newer one.
     void Raise(const EventStamp& stamp, PlayerEvent event);
+
+    /// Frame number `frame` of the scope, to be shown when the clock (`NowUs`) comes to `atUs`. They are
+    /// given some time ahead, in the order of their moments, so that showing one doesn't take the player's
+    /// thread.
+    void RaiseFrame(const EventStamp& stamp, Long frame, std::int64_t atUs);
 
     // The loop's thread.
 
@@ -62,7 +63,15 @@ private:
         PlayerEvent Event;
     };
 
+    struct WaitingFrame {
+        EventStamp Stamp;
+        Long Frame = 0;
+        std::int64_t AtUs = 0;
+    };
+
     void DeliverOne();
+    void DeliverFrame();
+    [[nodiscard]] std::optional<Long> TakeDueFrame(std::optional<std::int64_t>& nextUs);
     [[nodiscard]] bool IsWanted(const Waiting& waiting) const;
 
     Loop& m_loop;
@@ -70,4 +79,6 @@ private:
     EventStamp m_expected;
     std::mutex m_mutex;
     std::deque<Waiting> m_waiting;
+    std::deque<WaitingFrame> m_frames;
+    bool m_framesRun = false; ///< A task is on its way that delivers frames and sees to the next one.
 };

@@ -6,10 +6,11 @@
 #include <pulse/context.h>
 #include <pulse/operation.h>
 #include <pulse/proplist.h>
-#include <pulse/rtclock.h>
 #include <pulse/sample.h>
 #include <pulse/stream.h>
 #include <utility>
+
+#include "platform/audio/audio_clock.h"
 
 namespace {
 
@@ -227,8 +228,7 @@ void PulseOutput::TakeTiming(bool afterDrop) {
     const std::uint64_t behindUs = info->sink_usec > silence ? info->sink_usec - silence : 0;
     m_timing.Running = !stands && read > m_base;
     m_timing.HeardFrame = stands ? read : read - framesOfUs(behindUs);
-    m_timing.AtUs =
-        static_cast<std::int64_t>(pa_rtclock_now()) - static_cast<std::int64_t>(info->transport_usec);
+    m_timing.AtUs = NowUs() - static_cast<std::int64_t>(info->transport_usec);
 }
 
 std::int64_t PulseOutput::HeardFrames(std::int64_t nowUs) {
@@ -238,6 +238,10 @@ std::int64_t PulseOutput::HeardFrames(std::int64_t nowUs) {
         heard += std::max<std::int64_t>(0, nowUs - m_timing.AtUs) * m_format.RateHz / 1'000'000;
     m_heard = std::clamp(heard, m_heard, std::max(m_heard, m_written));
     return m_heard;
+}
+
+double PulseOutput::Pace() const {
+    return m_timing.Known && m_baseKnown && m_timing.Running && !m_held ? m_format.RateHz : 0;
 }
 
 void PulseOutput::AskSoon(std::int64_t nowUs) {

@@ -16,12 +16,11 @@ struct SampleFrame {
     std::int64_t AtMs = 0; ///< When it was heard, on a clock that never jumps.
 };
 
-/// Shared by the player's thread, which puts frames in, the window layer, which tells whether anybody looks,
-/// and the scope. Any thread may call anything.
+/// Shared by the player's thread, which puts frames in, and the scope on the loop's. Any thread may call
+/// anything.
 class SampleRing {
 public:
-    /// Told by the window layer whenever it changes. Starts at false; while it is false the player raises no
-    /// `OnVisData`.
+    /// Told whenever it changes. Starts at false; while it is false the player raises no `OnVisData`.
     void SetSeen(bool seen) { m_seen.store(seen, std::memory_order_relaxed); }
     [[nodiscard]] bool Seen() const { return m_seen.load(std::memory_order_relaxed); }
 
@@ -33,7 +32,8 @@ public:
     [[nodiscard]] bool Take(Long number, SampleFrame& frame) const;
 
 private:
-    static constexpr std::size_t kSlots = 8;
+    /// Those that are given ahead, and some that are being drawn.
+    static constexpr std::size_t kSlots = 16;
 
     std::atomic<bool> m_seen{false};
     mutable std::mutex m_mutex;

@@ -49,6 +49,9 @@ public:
     /// The number of frames heard so far: never goes back, never above what was written.
     [[nodiscard]] virtual std::int64_t HeardFrames(std::int64_t nowUs) = 0;
 
+    /// How many frames a second `HeardFrames` goes on by; 0 while it stands or that isn't known yet.
+    [[nodiscard]] virtual double Pace() const = 0;
+
     /// When the output wants the next call of any kind by itself, beside what the server sends.
     [[nodiscard]] virtual std::optional<std::int64_t> DueUs() const = 0;
     virtual void Poll(std::int64_t nowUs) = 0;

@@ -9,7 +9,12 @@
 namespace {
 
 constexpr std::int64_t kTellUs = 200'000;
+constexpr std::int64_t kTellUnwatchedUs = 1'000'000;
+/// A position that nobody watches goes along with whatever else woke the thread.
+constexpr std::int64_t kTellEarlyUs = 500'000;
 constexpr std::int64_t kScopeUs = 33'000;
+/// Beyond the next position, so that the frames need no wake-up of their own.
+constexpr std::int64_t kScopeAheadUs = 260'000;
 /// What the output may still hold when by its own account all has been heard.
 constexpr std::int64_t kCloseUs = 500'000;
 /// How far ahead of what is heard a change of the volume begins, so that the server can still take it in.
@@ -145,6 +150,11 @@ void Transport::SetVolume(int percent, std::int64_t nowUs) {
     RewriteFrom(from);
 }
 
+void Transport::SetWatched(bool watched, std::int64_t nowUs) {
+    if (watched && !m_watched) m_tellAtUs = nowUs;
+    m_watched = watched;
+}
+
 std::vector<std::int16_t>& Transport::Prepared(std::int64_t frame, std::int64_t frames) {
     m_scratch.clear();
     for (std::int64_t done = 0; done < frames;) {
@@ -172,7 +182,7 @@ void Transport::Pump(std::int64_t nowUs) {
     Feed(nowUs);
     NoticeEnd(nowUs);
     TellPosition(nowUs);
-    ShowScope(nowUs);
+    FillScope(nowUs);
 }
 
 void Transport::TakeFacts() {
@@ -273,8 +283,8 @@ void Transport::TellEnd() {
 }
 
 void Transport::TellPosition(std::int64_t nowUs) {
-    if (!m_length || !IsSounding() || nowUs < m_tellAtUs) return;
-    m_tellAtUs = std::max(m_tellAtUs + kTellUs, nowUs + kTellUs / 2);
+    if (!m_length || !IsSounding() || nowUs < m_tellAtUs - (m_watched ? 0 : kTellEarlyUs)) return;
+    m_tellAtUs = m_watched ? std::max(m_tellAtUs + kTellUs, nowUs + kTellUs / 2) : nowUs + kTellUnwatchedUs;
     // `Length` itself is kept for the end.
     const Long ms =
         std::min<Long>(PositionMs(HeardFrame(nowUs)), std::max<Long>(0, PositionMs(*m_length) - 1));
@@ -283,14 +293,27 @@ void Transport::TellPosition(std::int64_t nowUs) {
     m_relay.Raise(m_stamp, PositionEvent{ms});
 }
 
-void Transport::ShowScope(std::int64_t nowUs) {
-    if (!IsSounding() || !m_ring.Seen() || nowUs < m_scopeAtUs) return;
-    m_scopeAtUs = std::max(m_scopeAtUs + kScopeUs, nowUs + kScopeUs / 2);
+void Transport::FillScope(std::int64_t nowUs) {
+    if (!IsSounding() || !m_ring.Seen()) return;
+    const double pace = m_output->Pace();
+    const std::int64_t heard = HeardFrame(nowUs);
+    m_scopeAtUs = std::max(m_scopeAtUs, nowUs);
+    while (m_scopeAtUs <= nowUs + (pace > 0 ? kScopeAheadUs : 0)) {
+        const double ahead = static_cast<double>(m_scopeAtUs - nowUs) / 1e6 * pace;
+        const std::int64_t middle = heard + static_cast<std::int64_t>(ahead);
+        // What isn't decoded yet can wait until its moment.
+        if (m_scopeAtUs > nowUs && middle + SampleFrame::kCount / 2 > m_history.End()) break;
+        PutScopeFrame(middle, m_scopeAtUs);
+        m_scopeAtUs += kScopeUs;
+    }
+}
+
+void Transport::PutScopeFrame(std::int64_t middle, std::int64_t atUs) {
     SampleFrame frame;
     frame.RateHz = m_facts->Format.RateHz;
-    frame.AtMs = nowUs / 1000;
+    frame.AtMs = atUs / 1000;
     const int channels = m_facts->Format.Channels;
-    const std::int64_t first = HeardFrame(nowUs) - SampleFrame::kCount / 2;
+    const std::int64_t first = middle - SampleFrame::kCount / 2;
     std::int64_t at = std::max(first, m_history.Begin());
     while (at < first + SampleFrame::kCount) {
         const std::span<const std::int16_t> part = m_history.From(at, first + SampleFrame::kCount - at);
@@ -301,7 +324,7 @@ void Transport::ShowScope(std::int64_t nowUs) {
             frame.Samples[static_cast<std::size_t>(at - first)] = static_cast<float>(sum) / 65536.0F;
         }
     }
-    m_relay.Raise(m_stamp, VisEvent{m_ring.Put(frame)});
+    m_relay.RaiseFrame(m_stamp, m_ring.Put(frame), atUs);
 }
 
 std::optional<std::int64_t> Transport::DueUs(std::int64_t nowUs) const {

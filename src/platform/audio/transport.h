@@ -27,6 +27,8 @@ public:
     void TogglePause(int command, std::int64_t nowUs);
     void Seek(Long seconds, int command, std::int64_t nowUs);
     void SetVolume(int percent, std::int64_t nowUs);
+    /// Whether the window can be seen. Unseen, the position is told once a second instead of five times.
+    void SetWatched(bool watched, std::int64_t nowUs);
 
     void Pump(std::int64_t nowUs);
     /// When `Pump` has something to do although nothing happens; nothing while nothing plays.
@@ -52,7 +54,8 @@ private:
     void JumpToEnd(std::int64_t nowUs);
     void TellPosition(std::int64_t nowUs);
     void TellEnd();
-    void ShowScope(std::int64_t nowUs);
+    void FillScope(std::int64_t nowUs);
+    void PutScopeFrame(std::int64_t middle, std::int64_t atUs);
 
     OutputChooser& m_outputs;
     EventRelay& m_relay;
@@ -63,6 +66,7 @@ private:
     std::string m_streamName;
     std::optional<TrackFacts> m_facts;
     std::optional<std::int64_t> m_length; ///< In frames.
+    bool m_watched = true;
     bool m_held = false;
     bool m_ended = false;
     bool m_endTold = false;
@@ -81,7 +85,7 @@ private:
     std::optional<std::int64_t> m_seekTo;   ///< The frame that the reader is looking for.
 
     std::int64_t m_tellAtUs = 0;
-    std::int64_t m_scopeAtUs = 0;
+    std::int64_t m_scopeAtUs = 0; ///< The moment of the next frame for the scope.
     std::int64_t m_closeAtUs = 0; ///< When the output of an ended track is let go.
     std::optional<Long> m_lastToldMs;
 };

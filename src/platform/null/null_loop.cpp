@@ -2,7 +2,6 @@
 #include "platform/null/null_loop.h"
 
 #include <algorithm>
-#include <chrono>
 
 #include "state/timers.h"
 
@@ -39,12 +38,27 @@ void NullLoop::Post(std::function<void()> task) {
     m_posted.notify_one();
 }
 
+void NullLoop::PostIn(std::int64_t delayMs, std::function<void()> task) {
+    const std::lock_guard lock(m_mutex);
+    m_later.emplace(std::chrono::steady_clock::now() + std::chrono::milliseconds(delayMs), std::move(task));
+}
+
+// Called with the lock held.
+void NullLoop::TakeDueTasks() {
+    while (!m_later.empty() && m_later.begin()->first <= std::chrono::steady_clock::now()) {
+        m_tasks.push_back(std::move(m_later.begin()->second));
+        m_later.erase(m_later.begin());
+    }
+}
+
 bool NullLoop::RunUntil(const std::function<bool()>& done, int limitMs) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(limitMs);
     while (!done()) {
         if (RunOneTask()) continue;
         std::unique_lock lock(m_mutex);
-        if (!m_posted.wait_until(lock, end, [this] { return !m_tasks.empty(); })) return done();
+        const Moment until = m_later.empty() ? end : std::min(end, m_later.begin()->first);
+        if (m_posted.wait_until(lock, until, [this] { return !m_tasks.empty(); })) continue;
+        if (until == end) return done();
     }
     return true;
 }
@@ -53,6 +67,7 @@ bool NullLoop::RunOneTask() {
     std::function<void()> task;
     {
         const std::lock_guard lock(m_mutex);
+        TakeDueTasks();
         if (m_tasks.empty()) return false;
         task = std::move(m_tasks.front());
         m_tasks.pop_front();

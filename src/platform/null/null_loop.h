@@ -1,9 +1,11 @@
 // A loop without a display: a clock that a test moves, timers of the form, and tasks from other threads.
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
+#include <map>
 #include <mutex>
 
 #include "platform/loop.h"
@@ -22,6 +24,8 @@ public:
     void Turn() override;
     [[nodiscard]] std::int64_t NowMs() const override { return m_nowMs; }
     void Post(std::function<void()> task) override;
+    /// In real time, as it is for parts with threads of their own.
+    void PostIn(std::int64_t delayMs, std::function<void()> task) override;
 
     /// For tests of parts with threads of their own: runs tasks as they are posted, sleeping in between,
     /// until `done` says so. False if `limitMs` of real time pass first.
@@ -31,7 +35,10 @@ public:
     std::function<void()> AfterEvent;
 
 private:
+    using Moment = std::chrono::steady_clock::time_point;
+
     bool RunOneTask();
+    void TakeDueTasks();
     void TickDueTimers();
 
     const Form* m_form = nullptr;
@@ -41,4 +48,5 @@ private:
     mutable std::mutex m_mutex;
     std::condition_variable m_posted;
     std::deque<std::function<void()>> m_tasks;
+    std::multimap<Moment, std::function<void()>> m_later;
 };

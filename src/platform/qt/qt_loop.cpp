@@ -68,6 +68,11 @@ void QtLoop::Post(std::function<void()> task) {
     QCoreApplication::postEvent(this, new QEvent(kTaskEvent));
 }
 
+void QtLoop::PostIn(std::int64_t delayMs, std::function<void()> task) {
+    m_later.emplace(NowMs() + std::max<std::int64_t>(delayMs, 0), std::move(task));
+    ScheduleTick();
+}
+
 void QtLoop::Handle(const std::function<void()>& handler) {
     handler();
     if (m_afterEvent) m_afterEvent();
@@ -80,6 +85,7 @@ bool QtLoop::event(QEvent* event) {
         return true;
     }
     if (event->type() == kTickEvent) {
+        RunDueTasks();
         TickDueTimers();
         return true;
     }
@@ -97,6 +103,16 @@ void QtLoop::RunOneTask() {
     Handle(task);
 }
 
+void QtLoop::RunDueTasks() {
+    while (!m_later.empty() && m_later.begin()->first <= NowMs()) {
+        const std::function<void()> task = std::move(m_later.begin()->second);
+        m_later.erase(m_later.begin());
+        // As with the timers: a task that waits must not hold up the others.
+        ScheduleTick();
+        Handle(task);
+    }
+}
+
 void QtLoop::TickDueTimers() {
     if (!m_form) return;
     while (const Timer* timer = m_schedule.TakeDue(*m_form, NowMs())) {
@@ -108,9 +124,10 @@ void QtLoop::TickDueTimers() {
 }
 
 void QtLoop::ScheduleTick() {
-    if (!m_form) return;
     const std::int64_t nowMs = NowMs();
-    const std::optional<std::int64_t> dueMs = m_schedule.NextDue(*m_form, nowMs);
+    std::optional<std::int64_t> dueMs;
+    if (m_form) dueMs = m_schedule.NextDue(*m_form, nowMs);
+    if (!m_later.empty()) dueMs = std::min(dueMs.value_or(m_later.begin()->first), m_later.begin()->first);
     if (dueMs.value_or(-1) == m_tickDueMs && m_tick.isActive() == dueMs.has_value()) return;
     m_tickDueMs = dueMs.value_or(-1);
     if (dueMs)

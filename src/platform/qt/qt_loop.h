@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <deque>
 #include <functional>
+#include <map>
 #include <mutex>
 
 #include "platform/loop.h"
@@ -26,6 +27,7 @@ public:
     void Turn() override;
     [[nodiscard]] std::int64_t NowMs() const override;
     void Post(std::function<void()> task) override;
+    void PostIn(std::int64_t delayMs, std::function<void()> task) override;
 
     /// Has `handler` run now, then shows the form and looks at the timers. Whatever calls into the system
     /// from an event of the toolkit goes through here.
@@ -36,6 +38,7 @@ protected:
 
 private:
     void RunOneTask();
+    void RunDueTasks();
     void TickDueTimers();
     void ScheduleTick();
 
@@ -45,6 +48,7 @@ private:
     TimerSchedule m_schedule;
     QTimer m_tick;
     std::int64_t m_tickDueMs = -1;
+    std::multimap<std::int64_t, std::function<void()>> m_later; ///< By the moment at which each is due.
     std::mutex m_mutex;
     std::deque<std::function<void()>> m_tasks;
 };

@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QToolTip>
 #include <QWindow>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -70,10 +71,10 @@ QtWindow::QtWindow(QtLoop& loop) : m_loop(loop) {
                    Qt::WindowCloseButtonHint);
 }
 
-void QtWindow::Attach(Form& form, FormEvents& events, std::function<void(bool)> scopeSeen) {
+void QtWindow::Attach(Form& form, FormEvents& events, std::function<void(bool, bool)> tellSight) {
     m_form = &form;
     m_events = &events;
-    m_scopeSeen = std::move(scopeSeen);
+    m_tellSight = std::move(tellSight);
 }
 
 void QtWindow::LetSpeak(SpokenSource source) {
@@ -99,7 +100,7 @@ void QtWindow::ShowFirst() {
     ShowCaption(m_shown);
     CentreOnScreen();
     show();
-    TellScopeSeen(m_shown);
+    TellSight(m_shown);
 }
 
 void QtWindow::Present() {
@@ -138,7 +139,7 @@ QRegion QtWindow::TakeDamage(const Scene& now) {
     }
     if (now.Caption != m_shown.Caption) ShowCaption(now);
     if (now.State != m_shown.State && now.State == WindowState::Minimised) showMinimized();
-    TellScopeSeen(now);
+    TellSight(now);
     if (otherShape) return rect();
     QRegion damage;
     for (const Rect& rect : DamageBetween(m_shown, now))
@@ -177,13 +178,15 @@ void QtWindow::ShowCaption(const Scene& now) {
     windowHandle()->setTitle(ToQString(TextView(now.Caption).substr(0, kMostCaption)));
 }
 
-void QtWindow::TellScopeSeen(const Scene& now) {
-    bool seen = false;
-    for (const Figure& figure : now.Figures)
-        seen = seen || figure.Kind == ControlKind::Scope;
-    seen = seen && now.State == WindowState::Normal;
-    if (seen != m_wasScopeSeen) m_scopeSeen(seen);
-    m_wasScopeSeen = seen;
+void QtWindow::TellSight(const Scene& now) {
+    const bool window = now.State == WindowState::Normal;
+    const bool scope =
+        window && std::any_of(now.Figures.begin(), now.Figures.end(),
+                              [](const Figure& figure) { return figure.Kind == ControlKind::Scope; });
+    if (window == m_wasWindowSeen && scope == m_wasScopeSeen) return;
+    m_wasWindowSeen = window;
+    m_wasScopeSeen = scope;
+    m_tellSight(window, scope);
 }
 
 void QtWindow::CentreOnScreen() {
@@ -220,7 +223,7 @@ void QtWindow::changeEvent(QEvent* event) {
         // The platform restores a minimised window; without this a second minimise would show no difference.
         m_form->State = isMinimized() ? WindowState::Minimised : WindowState::Normal;
         m_shown.State = m_form->State;
-        TellScopeSeen(m_shown);
+        TellSight(m_shown);
         m_loop.Handle([] {});
     }
     QWidget::changeEvent(event);

@@ -19,9 +19,9 @@ class QtWindow : public QWidget, public Window {
 public:
     explicit QtWindow(QtLoop& loop);
 
-    /// The form that the window shows and who is told. `scopeSeen` is called whenever the visualisation
-    /// begins or ceases to be on the screen.
-    void Attach(Form& form, FormEvents& events, std::function<void(bool)> scopeSeen);
+    /// The form that the window shows and who is told. `tellSight` is called whenever the window or the
+    /// visualisation in it begins or ceases to be on the screen.
+    void Attach(Form& form, FormEvents& events, std::function<void(bool window, bool scope)> tellSight);
 
     /// What screen readers are told, and how they press. Without it they see a window without content.
     void LetSpeak(SpokenSource source);
@@ -60,7 +60,7 @@ private:
     void ShowShape(const Scene& now);
     void ShowSize(const Scene& now);
     void ShowCaption(const Scene& now);
-    void TellScopeSeen(const Scene& now);
+    void TellSight(const Scene& now);
     void ShowToolTip(QHelpEvent& event);
     void Report(PointerKind kind, const QMouseEvent& event, Integer button);
     [[nodiscard]] bool FollowPointer(const QMouseEvent& event);
@@ -71,9 +71,10 @@ private:
     QtLook m_look;
     Form* m_form = nullptr;
     FormEvents* m_events = nullptr;
-    std::function<void(bool)> m_scopeSeen;
+    std::function<void(bool, bool)> m_tellSight;
     SpokenSource m_spokenBy;
     std::vector<SpokenControl> m_spoken; ///< As told last; empty while no screen reader listens.
+    bool m_wasWindowSeen = false;
     bool m_wasScopeSeen = false;
     Scene m_shown;
     QRegion m_shape; ///< The region in client pixels; used only while one is set.

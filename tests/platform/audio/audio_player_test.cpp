@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "platform/audio/audio_clock.h"
 #include "platform/audio/event_log.h"
 #include "platform/audio/media_maker.h"
 #include "platform/null/null_loop.h"
@@ -338,16 +339,43 @@ TEST_F(AudioPlayerTest, FramesForTheScopeComeOnlyWhileItIsSeenAndTheMusicMoves) 
     Start(Song("song.mp3", 20000));
     ASSERT_TRUE(Until([&] { return m_log.Positions.size() > 1; }));
     EXPECT_TRUE(m_log.Frames.empty());
-    m_player->Ring().SetSeen(true);
-    ASSERT_TRUE(Until([&] { return m_log.Frames.size() > 5; }));
+    m_player->SetSight(true, true);
     SampleFrame frame;
+    std::int64_t lastMs = 0;
+    std::size_t seen = 0;
+    const auto noteFrame = [&] {
+        if (m_log.Frames.size() == seen) return;
+        seen = m_log.Frames.size();
+        if (!m_player->Ring().Take(m_log.Frames.back(), frame)) return;
+        EXPECT_GT(frame.AtMs, lastMs);
+        EXPECT_LE(frame.AtMs, NowUs() / 1000 + 2) << "shown before it is heard";
+        lastMs = frame.AtMs;
+    };
+    ASSERT_TRUE(Until([&] {
+        noteFrame();
+        return seen > 20;
+    }));
     ASSERT_TRUE(m_player->Ring().Take(m_log.Frames.back(), frame));
     EXPECT_TRUE(
         std::any_of(frame.Samples.begin(), frame.Samples.end(), [](float sample) { return sample != 0; }));
     m_player->TogglePause();
     m_log.Frames.clear();
-    LetPass(200);
+    LetPass(300);
     EXPECT_TRUE(m_log.Frames.empty());
+}
+
+TEST_F(AudioPlayerTest, UnseenThePlaceIsToldMoreSeldomAndAtOnceWhenSeenAgain) {
+    Make(Silent(4));
+    m_player->SetSight(false, false);
+    Start(Song("song.mp3", 30000));
+    ASSERT_TRUE(Until([&] { return !m_log.Positions.empty() && m_log.Positions.back() > 12000; }));
+    // Five times a second would be about 15.
+    EXPECT_LT(m_log.Positions.size(), 8U);
+    const std::size_t before = m_log.Positions.size();
+    m_player->SetSight(true, false);
+    ASSERT_TRUE(Until([&] { return m_log.Positions.size() >= before + 3; }));
+    EXPECT_LT(m_log.Positions.back(), 18000);
+    ASSERT_TRUE(Until([&] { return m_log.HasEnded(); }));
 }
 
 } // namespace

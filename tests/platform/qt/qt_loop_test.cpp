@@ -61,6 +61,23 @@ TEST(QtLoop, ATaskThatWaitsStrandsNoOther) {
     EXPECT_EQ(ran, (std::vector<int>{1, 2, 3, 4}));
 }
 
+TEST(QtLoop, LaterTasksRunByTheirMomentsAndOneThatWaitsHoldsUpNoOther) {
+    QtLoop loop;
+    std::vector<int> ran;
+    const std::int64_t startMs = loop.NowMs();
+    loop.PostIn(30, [&] { ran.push_back(3); });
+    loop.PostIn(10, [&] {
+        EXPECT_GE(loop.NowMs(), startMs + 10);
+        ran.push_back(1);
+        EXPECT_TRUE(WaitUntil(loop, [&] { return ran.size() == 3; }));
+        ran.push_back(4);
+    });
+    loop.PostIn(-1, [&] { ran.push_back(0); });
+    EXPECT_TRUE(ran.empty());
+    ASSERT_TRUE(WaitUntil(loop, [&] { return ran.size() == 4; }));
+    EXPECT_EQ(ran, (std::vector<int>{0, 1, 3, 4}));
+}
+
 TEST(QtLoop, TimersTickWhileATickItselfWaits) {
     QtLoop loop;
     Form form;
