@@ -5,6 +5,7 @@
 #include <QCompleter>
 #include <QDir>
 #include <QFile>
+#include <QFileIconProvider>
 #include <QLineEdit>
 
 #include "platform/qt/qt_text.h"
@@ -34,12 +35,25 @@ bool Run(QFileDialog& chooser) {
     return chosen;
 }
 
+// The toolkit would look into files for an icon that fits, on the window's thread: one whose reading waits
+// would hold up everything.
+class PlainIcons : public QFileIconProvider {
+public:
+    using QFileIconProvider::icon;
+    QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
+    QString type(const QFileInfo& file) const override {
+        return file.isDir() ? QFileDialog::tr("Folder") : file.suffix().toUpper();
+    }
+};
+
 } // namespace
 
 ToolkitChooser::ToolkitChooser() {
     setFileMode(QFileDialog::ExistingFile);
     setAcceptMode(QFileDialog::AcceptOpen);
     setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails | QFileDialog::ReadOnly);
+    // Never destroyed, as the chooser isn't.
+    setIconProvider(new PlainIcons);
 }
 
 QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {

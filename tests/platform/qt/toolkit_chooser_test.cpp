@@ -1,6 +1,7 @@
 // What the chooser takes from its name field.
 #include "platform/qt/toolkit_chooser.h"
 
+#include <QAbstractFileIconProvider>
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QFileSystemModel>
@@ -54,6 +55,12 @@ TEST_F(ToolkitChooserTest, ARelativeNameIsOneOfTheDirectoryShown) {
                   m_chooser.accept();
               }).toStdString(),
               m_home.Path("b \"c\".mp3"));
+}
+
+TEST_F(ToolkitChooserTest, NoFileIsReadForItsIcon) {
+    m_home.Put("picture", "\x89PNG\r\n\x1a\n");
+    const QFileInfo picture(QString::fromStdString(m_home.Path("picture")));
+    EXPECT_FALSE(m_chooser.iconProvider()->type(picture).contains(QStringLiteral("PNG")));
 }
 
 TEST_F(ToolkitChooserTest, CancelledItGivesNothingAndNotWhatWasChosenBefore) {
