@@ -44,7 +44,8 @@ start_display() {
   # The server chooses a free number and tells it. It must not start afresh whenever its last client leaves.
   Xvfb -displayfd 3 -screen 0 "${SESSION_SCREEN:-1280x800x24}" -nolisten tcp -noreset 3>"$session_dir/display" \
     >/dev/null 2>&1 &
-  session_pids+=($!)
+  display_pid=$!
+  session_pids+=("$display_pid")
   wait_for 'the display' test -s "$session_dir/display" || return 1
   export DISPLAY=":$(cat "$session_dir/display")"
   unset WAYLAND_DISPLAY

@@ -120,6 +120,7 @@ percent_above() {
 
 # await_progress: the display counts on from where it is.
 await_progress() {
+  await_caption '* [0-9]*% *'
   wait_for 'the caption to count' percent_above "$(percent)"
 }
 

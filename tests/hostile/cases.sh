@@ -2,7 +2,6 @@
 # program as the first argument. A row is one line that begins with `row`, so that `list` can print them all.
 . "$(dirname "${BASH_SOURCE[0]}")/../desktop/velora.sh"
 hostile=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-preloads=${2:-}
 this_row=
 
 # row WHAT SEEN [COMMAND...]: what is done to the program, and what must be seen; the command does and sees
@@ -51,10 +50,10 @@ start_own_bus() {
   <policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy>
 </busconfig>
 CONF
-  dbus-daemon --config-file="$session_dir/bus.conf" --nofork 2>>"$session_dir/bus.log" &
+  dbus-daemon --config-file="$session_dir/bus.conf" --nofork >>"$session_dir/bus.log" 2>&1 &
   session_pids+=($!)
   wait_for 'the bus' test -S "$session_dir/bus"
-  /usr/libexec/at-spi-bus-launcher 2>>"$session_dir/bus.log" &
+  /usr/libexec/at-spi-bus-launcher >>"$session_dir/bus.log" 2>&1 &
   session_pids+=($!)
   wait_for 'the bus of assistive technology' dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus \
     org.a11y.Bus.GetAddress
