@@ -22,16 +22,18 @@ QString NameFilter(const FilterRow& row) {
 }
 
 // Runs the chooser. The list of proposals for its name field is a window of its own, which can outlast it or
-// come up behind it, and would swallow the next press on the window; so it is let go with the dialog.
+// come up behind it, and would swallow the next press on the window; so it is let go with the dialog. A key
+// that is on its way to that list by then would be handed on to a field that is none.
 bool Run(QFileDialog& chooser) {
     auto* name = chooser.findChild<QLineEdit*>(QLatin1String(kNameField));
     auto* proposals = chooser.findChild<QCompleter*>();
-    if (name && proposals) name->setCompleter(proposals);
+    if (!name || !proposals) return chooser.exec() == QDialog::Accepted;
+    name->setCompleter(proposals);
+    proposals->popup()->installEventFilter(proposals);
     const bool chosen = chooser.exec() == QDialog::Accepted;
-    if (name && proposals) {
-        name->setCompleter(nullptr);
-        proposals->popup()->hide();
-    }
+    name->setCompleter(nullptr);
+    proposals->popup()->hide();
+    proposals->popup()->removeEventFilter(proposals);
     return chosen;
 }
 
@@ -57,6 +59,9 @@ ToolkitChooser::ToolkitChooser() {
 }
 
 QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
+    // A press on the owner can come between an answer and the return of its question.
+    if (m_asking) return {};
+    m_asking = true;
     setParent(owner, windowFlags());
     setWindowTitle(question.Title);
     QStringList filters;
@@ -67,7 +72,9 @@ QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
     setDirectory(QFile::decodeName(question.Directory));
     selectFile(QString());
     m_path.clear();
-    return Run(*this) ? QFile::encodeName(m_path) : QByteArray();
+    const bool chosen = Run(*this);
+    m_asking = false;
+    return chosen ? QFile::encodeName(m_path) : QByteArray();
 }
 
 // The selection follows the name field from afar: after quick typing it can still be the directory that the

@@ -18,4 +18,5 @@ public:
 
 private:
     QString m_path;
+    bool m_asking = false;
 };

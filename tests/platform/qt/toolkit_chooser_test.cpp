@@ -4,7 +4,9 @@
 #include <QAbstractFileIconProvider>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
 #include <QFileSystemModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -61,6 +63,28 @@ TEST_F(ToolkitChooserTest, NoFileIsReadForItsIcon) {
     m_home.Put("picture", "\x89PNG\r\n\x1a\n");
     const QFileInfo picture(QString::fromStdString(m_home.Path("picture")));
     EXPECT_FALSE(m_chooser.iconProvider()->type(picture).contains(QStringLiteral("PNG")));
+}
+
+TEST_F(ToolkitChooserTest, AKeyThatIsLateForTheProposalsGoesNowhere) {
+    EXPECT_TRUE(Ask([&] { m_chooser.reject(); }).isEmpty());
+    QAbstractItemView* proposals = m_chooser.findChild<QCompleter*>()->popup();
+    for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress}) {
+        QKeyEvent key(type, Qt::Key_Return, Qt::NoModifier);
+        QCoreApplication::sendEvent(proposals, &key);
+    }
+    EXPECT_FALSE(proposals->isVisible());
+}
+
+TEST_F(ToolkitChooserTest, AQuestionThatComesBeforeTheLastOneHasReturnedTakesNothingFromIt) {
+    m_home.Put("e.mp3", "x");
+    QByteArray further = "none yet";
+    EXPECT_EQ(Ask([&] {
+                  Name().setText(QStringLiteral("e.mp3"));
+                  m_chooser.accept();
+                  further = Ask([] {});
+              }).toStdString(),
+              m_home.Path("e.mp3"));
+    EXPECT_TRUE(further.isEmpty());
 }
 
 TEST_F(ToolkitChooserTest, CancelledItGivesNothingAndNotWhatWasChosenBefore) {
