@@ -104,8 +104,7 @@ remember_files() {
 }
 
 list_user_files() {
-  local file
-  for file in "${remembered[@]}"; do stat -c '%n %F %s %a %Y' "$file"; done
+  stat -c '%n %F %s %a %Y' "${remembered[@]}"
   find "$app" "$HOME" -name '.velora-*' -o -name 'vel*.ini' | sort
   sha256sum $(find "${remembered[@]}" -maxdepth 0 -type f -size -10M)
 }
