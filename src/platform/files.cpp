@@ -44,8 +44,7 @@ void MakeDirectory(TextView directory) {
     std::filesystem::create_directories(PathBytes(directory), error);
 }
 
-std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit) {
-    const FileHandle file = OpenForReading(path);
+std::optional<std::string> ReadFileBytes(const FileHandle& file, std::size_t limit) {
     struct stat facts {};
     if (!file || fstat(file.Descriptor(), &facts) != 0) return std::nullopt;
     if (facts.st_size < 0 || static_cast<std::size_t>(facts.st_size) > limit) return std::nullopt;
@@ -62,4 +61,8 @@ std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit) {
     }
     bytes.resize(filled);
     return bytes;
+}
+
+std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit) {
+    return ReadFileBytes(OpenForReading(path), limit);
 }

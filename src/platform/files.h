@@ -36,6 +36,9 @@ private:
 /// written there.
 void MakeDirectory(TextView directory);
 
-/// All bytes of the plain file that `path` names. Nothing if it isn't there, can't be read, or holds more
-/// than `limit` bytes. A file that shrinks or grows meanwhile gives what was there.
+/// The bytes of a file that has just been opened. Nothing if it can't be read or holds more than `limit`
+/// bytes. One that shrinks or grows meanwhile gives what was there.
+[[nodiscard]] std::optional<std::string> ReadFileBytes(const FileHandle& file, std::size_t limit);
+
+/// The same for the plain file that `path` names; nothing also if there is none.
 [[nodiscard]] std::optional<std::string> ReadFileBytes(TextView path, std::size_t limit);

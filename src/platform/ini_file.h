@@ -1,7 +1,6 @@
 // An ini file of this machine as it was at one moment, and the test whether it still is that.
 #pragma once
 
-#include <ctime>
 #include <optional>
 #include <string>
 #include <sys/stat.h>
