@@ -3,17 +3,12 @@
 
 namespace {
 
-constexpr Long kPassed = 0x00FFFF;
-constexpr Long kReset = 0x0000FF;
+constexpr Long kResetColour = 0x0000FF;
 constexpr double kSecondsPerLight = 0.02;
 
 Integer ScaledPosition(Long Position, Long Length, int scale) {
     return RoundToEven<Integer>(static_cast<double>(Position) / static_cast<double>(Length) * scale)
         .value_or(Integer{0});
-}
-
-void SetIfChanged(Text& caption, const Text& text) {
-    if (caption != text) caption = text;
 }
 
 } // namespace
@@ -33,9 +28,8 @@ void UpdateProgress(Velora& velora, Long Position, Long Length) {
     const auto [Segments, Percent] = ProgressAt(Position, Length);
     FillProgress(velora, Segments);
     const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(velora.CurrentTrack)];
-    SetIfChanged(velora.frmMain.Caption,
-                 CaptionAt(velora.TrackTitle, velora.TrackArtist, entry.File, Percent));
-    SetIfChanged(velora.frmMain.lblStatusLabel.Caption, u"Playing " + Decimal(Percent) + u"%");
+    velora.frmMain.Caption = CaptionAt(velora.TrackTitle, velora.TrackArtist, entry.File, Percent);
+    velora.frmMain.lblStatusLabel.Caption = u"Playing " + Decimal(Percent) + u"%";
     if (Segments == kLights) ResetDisplay(velora);
 }
 
@@ -44,7 +38,7 @@ void FillProgress(Velora& velora, Integer Segments) {
         if (light > kLights) return;
         Shape& shape = velora.frmMain.shpPercent[static_cast<std::size_t>(light)];
         if (!shape.Exists) return;
-        shape.FillColour = kPassed;
+        shape.FillColour = kPassedColour;
     }
 }
 
@@ -56,7 +50,7 @@ void ResetDisplay(Velora& velora) {
     SetPicture(form.picPlay, form.picPlay1.Picture);
     form.lblFilescroll.Caption.clear();
     for (std::size_t light = 1; light <= kLights; ++light) {
-        if (form.shpPercent[light].Exists) form.shpPercent[light].FillColour = kReset;
+        if (form.shpPercent[light].Exists) form.shpPercent[light].FillColour = kResetColour;
         Delay(velora.Loop, kSecondsPerLight);
     }
     form.VFmp3scope1.Visible = false;

@@ -4,9 +4,6 @@
 
 #include "state/velora.h"
 
-/// The lights of a whole track, `shpPercent` 1 to 13.
-constexpr Integer kLights = 13;
-
 /// What a position comes to, each rounded to the nearest whole number, the exact half to the even neighbour;
 /// 0 where that doesn't fit.
 struct Progress {

@@ -9,8 +9,8 @@ struct TickerFacts {
     ::PlayerState State = ::PlayerState::Stopped;
     TextView Title, Artist; ///< Used only if neither is empty.
     TextView File;          ///< The name of the file that plays.
-    Integer Bitrate = 0;
-    Long SampleRate = 0;
+    Integer Bitrate = 0;    ///< Kilobits a second.
+    Long SampleRate = 0;    ///< Hertz.
 };
 
 /// The line for the track that plays; empty in every state but `Playing`.

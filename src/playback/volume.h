@@ -7,8 +7,6 @@
 #include "state/mouse_event.h"
 #include "state/velora.h"
 
-constexpr Integer kVolumeSteps = 7;
-
 /// The step that a mouse position means, nothing between the steps. The first step whose `VolumeY` is exactly
 /// `y` wins, whatever the other coordinate is. Elements 1 to 7 count, in twips.
 [[nodiscard]] std::optional<Integer> VolumeStepAt(Single y, std::span<const Integer, 10> volumeY);

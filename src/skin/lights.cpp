@@ -11,7 +11,7 @@ struct ColourName {
     Long Value; // Blue, green, red from the high byte down.
 };
 
-constexpr ColourName ColourTable[] = {
+constexpr ColourName kColours[] = {
     {u"vbblue", 0xFF0000},    {u"vbblack", 0x000000}, {u"vbcyan", 0xFFFF00},  {u"vbgreen", 0x00FF00},
     {u"vbmagenta", 0xFF00FF}, {u"vbred", 0x0000FF},   {u"vbwhite", 0xFFFFFF}, {u"vbyellow", 0x00FFFF},
 };
@@ -44,7 +44,7 @@ bool ReadPlaceAndForm(ProfileReader& file, const Text& section, Shape& light) {
     return true;
 }
 
-bool MakeLight(ProfileReader& file, std::array<Shape, 14>& lights, std::size_t number) {
+bool MakeLight(ProfileReader& file, std::array<Shape, kLights + 1>& lights, std::size_t number) {
     Shape& light = lights[number];
     if (light.Exists) return false;
     light = lights[0];
@@ -62,7 +62,7 @@ bool MakeLight(ProfileReader& file, std::array<Shape, 14>& lights, std::size_t n
 
 void SetNamedColour(const Text& name, Long& colour) {
     const Text lower = LowerCase(name);
-    for (const ColourName& row : ColourTable)
+    for (const ColourName& row : kColours)
         if (row.Name == lower) colour = row.Value;
 }
 
@@ -73,7 +73,7 @@ bool LoadShapeObject(Velora& velora, Integer Slot, Integer ObjectIndex) {
         velora.Skins[static_cast<std::size_t>(Slot)].Objects[static_cast<std::size_t>(ObjectIndex)];
     if (object.FileName.empty() || !FileExists(object.FileName) || !object.Enabled) return true;
     ProfileReader file(object.FileName);
-    std::array<Shape, 14>& lights = velora.frmMain.shpPercent;
+    std::array<Shape, kLights + 1>& lights = velora.frmMain.shpPercent;
     for (std::size_t number = 1; number < lights.size(); ++number)
         if (!MakeLight(file, lights, number)) return false;
     return true;

@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::size_t kVolumeSteps = 7;
 constexpr std::size_t kSuffixLength = 4;
 
 // An element is a copy of element 0; one that exists stays.

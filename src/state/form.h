@@ -15,6 +15,15 @@
 
 class Region;
 
+/// The lights of a whole track, `shpPercent` 1 to 13.
+constexpr Integer kLights = 13;
+
+/// A light that a track has passed is yellow.
+constexpr Long kPassedColour = 0x00FFFF;
+
+/// The steps of the volume, `picVolumeArray` 1 to 7.
+constexpr Integer kVolumeSteps = 7;
+
 /// The four surfaces that hold controls. `picMemoryGFX` and `picActiveX` never show.
 enum class Container { frmMain, picBackground, picMemoryGFX, picActiveX };
 
@@ -39,8 +48,8 @@ struct PictureBox : Control {
 /// One line of text on a transparent ground, cut at the label's edges.
 struct Label : Control {
     Text Caption;
-    int FontPx = 11; ///< 8.25 point is 11 pixels, 6.75 point is 9.
-    Long ForeColour = 0;
+    int FontPx = 11;     ///< 8.25 point is 11 pixels, 6.75 point is 9.
+    Long ForeColour = 0; ///< A number in blue-green-red order.
 };
 
 /// The six forms that a shape can have.
@@ -60,6 +69,7 @@ struct ScopeBox : Control {
     ScopeBars Bars;
 };
 
+/// A timer, which ticks once in each interval while it is enabled.
 struct Timer {
     std::string_view Name;
     int IntervalMs = 0;
@@ -84,21 +94,21 @@ struct Form {
 
     PictureBox picVolume, picPlay, picPause, picBackward, picForward, picPlaylist, picEject;
     ScopeBox VFmp3scope1;
-    std::array<Shape, 14> shpPercent; ///< Element 0 comes with the form; a skin loads 1 to 13.
+    std::array<Shape, kLights + 1> shpPercent; ///< Element 0 comes with the form; a skin loads 1 to 13.
     Label lblStatusLabel, lblFilescroll;
 
     PictureBox picBackground1, picBackground2, picPlay1, picPlay2, picPause1, picPause2;
     PictureBox picStop1, picStop2, picBackward1, picBackward2, picForeward1, picForeward2;
     PictureBox picPlaylist1, picPlaylist2, picEject1, picEject2, picStop;
-    std::array<PictureBox, 8> picVolumeArray; ///< Element 0 comes with the form.
-    std::array<bool, 8> picVolumeArrayExists{true};
+    std::array<PictureBox, kVolumeSteps + 1> picVolumeArray; ///< Element 0 comes with the form.
+    std::array<bool, kVolumeSteps + 1> picVolumeArrayExists{true};
 
     Timer tmrSeekBackward, tmrSeekForward, tmrScrollFiletitle;
     Label Label1;
 
     std::vector<MenuEntry> Menu; ///< The tree whose root is `mnuHidden`, in its order.
 
-    Integer lCurVol = 0; ///< The volume step now shown, 1 to 7; 0 before a skin with a volume object.
+    Integer lCurVol = 0; ///< The volume step now shown, from 1; 0 before a skin with a volume object.
 };
 
 /// The one writer of a box's picture: boxes of the surface take the size of a picture that they get. No

@@ -26,8 +26,8 @@ struct PlaylistRecord {
 /// A region of a skin's shape. Places and sizes in pixels.
 struct SkinRegionRecord {
     Text Name;
-    Long Type = 0; ///< 1 rectangle, 2 ellipse, 3 rectangle with rounded corners.
-    Long Handle = 0;
+    Long Type = 0;               ///< 1 rectangle, 2 ellipse, 3 rectangle with rounded corners.
+    Long Handle = 0;             ///< Of the region built last, 0 before the first.
     Long X1 = 0, X2 = 0, X3 = 0; ///< Left, right, width of the corner ellipse.
     Long Y1 = 0, Y2 = 0, Y3 = 0; ///< Top, bottom, height of the corner ellipse.
     Long CombineMode = 0;        ///< 1 AND, 2 OR, 3 XOR, 4 DIFF, 5 COPY; 0 combines nothing.
@@ -52,15 +52,15 @@ struct SkinRecord {
     Text Name;
     std::array<SkinRegionRecord, 21> Regions;
     std::array<SkinObjectRecord, 25> Objects;
-    Long Width = 0, Height = 0; ///< The window's outer size in twips.
-    Long Left = 0, Top = 0;     ///< Nothing reads them.
-    Integer ShapeCount = 0;     ///< As the file states it, also above 20.
-    Integer ObjectCount = 0;    ///< As the file states it, also above 24.
-    Text FileName;              ///< The skin file's name.
-    Text Directory;             ///< Its directory, ending in a backslash.
-    Text Graphic;               ///< Full path of the background picture.
-    Long Type = 0;              ///< Only 1 can be applied.
-    std::array<Text, 10> VolumeImages;
+    Long Width = 0, Height = 0;                   ///< The window's outer size in twips.
+    Long Left = 0, Top = 0;                       ///< Nothing reads them.
+    Integer ShapeCount = 0;                       ///< As the file states it, also above 20.
+    Integer ObjectCount = 0;                      ///< As the file states it, also above 24.
+    Text FileName;                                ///< The skin file's name.
+    Text Directory;                               ///< Its directory, ending in a backslash.
+    Text Graphic;                                 ///< Full path of the background picture.
+    Long Type = 0;                                ///< Only 1 can be applied.
+    std::array<Text, 10> VolumeImages;            ///< Full paths of the pictures of the steps 1 to 7.
     std::array<Integer, 10> VolumeX{}, VolumeY{}; ///< Mouse positions of the steps 1 to 7, in twips.
     Text Playlist;                                ///< Full path of the companion skin, or empty.
 };

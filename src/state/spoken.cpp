@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr Long kYellow = 0x00FFFF;
-
 struct NameRow {
     std::string_view ControlName;
     SpokenRole Role;
@@ -55,14 +53,14 @@ void FillWords(SpokenControl& spoken, const Velora& velora) {
     if (spoken.ControlName == "lblStatusLabel") spoken.Name = form.lblStatusLabel.Caption;
     if (spoken.ControlName == "picVolume") {
         spoken.Value = form.lCurVol;
-        spoken.Most = 7;
+        spoken.Most = kVolumeSteps;
     }
 }
 
 // The lights as one row: the rectangle around them, and how many are lit.
 void AddLight(std::vector<SpokenControl>& controls, SpokenControl&& spoken, const Shape& light) {
-    spoken.Most = 13;
-    spoken.Value = light.FillColour == kYellow ? 1 : 0;
+    spoken.Most = kLights;
+    spoken.Value = light.FillColour == kPassedColour ? 1 : 0;
     const auto row = std::find_if(controls.begin(), controls.end(), [](const SpokenControl& each) {
         return each.Role == SpokenRole::ProgressBar;
     });

@@ -50,21 +50,21 @@ struct Velora {
 
     ::PlayerState PlayerState = ::PlayerState::Stopped;
 
-    // Set once at start-up.
+    // Set once at start-up. The three are full paths.
     Text SettingsIni;
     Text PlaylistsIni;
     Text SkinsIni;
-    Integer MediaLimit = 0;
+    Integer MediaLimit = 0; ///< How many entries the media list takes.
     std::vector<FilterRow> MediaFilter;
     std::vector<FilterRow> PlaylistFilter;
     std::vector<FilterRow> SkinFilter;
 
     // What the player's events said last; never cleared.
-    Integer TrackBitrate = 0;
-    Long TrackSampleRate = 0;
+    Integer TrackBitrate = 0; ///< Kilobits a second.
+    Long TrackSampleRate = 0; ///< Hertz.
     Text TrackTitle;
     Text TrackArtist;
-    Long TrackLength = 0;
+    Long TrackLength = 0; ///< Milliseconds.
 
     Integer CurrentTrack = 0; ///< The entry started last, 0 before the first.
     Integer SeekOffset = 0;   ///< Seconds to seek by, collected while a seek button is held.
