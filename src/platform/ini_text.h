@@ -1,12 +1,11 @@
 // The grammar of ini files, on bytes: sections in square brackets, lines of key, equals sign and value.
 //
 // Lines end with CR LF, LF or CR. A line whose first letter is `[` begins a section, whose name goes to the
-// next
-// `]`, or to the line's end where that is missing. A line whose first letter is `;` is a comment. Any other
-// line with an equals sign holds a key; the rest is passed over. White space around names and values doesn't
-// count, and one pair of double or single quotation marks around a value doesn't either. Names match without
-// regard to the case of the 26 letters. Of sections with one name the first counts, and in it the first line
-// of a key. A byte order mark of UTF-8 at the start doesn't count.
+// next `]`, or to the line's end where that is missing. A line whose first letter is `;` is a comment. Any
+// other line with an equals sign holds a key; the rest is passed over. White space around names and values
+// doesn't count, and one pair of double or single quotation marks around a value doesn't either. Names match
+// without regard to the case of the 26 letters. Of sections with one name the first counts, and in it the
+// first line of a key. A byte order mark of UTF-8 at the start doesn't count.
 #pragma once
 
 #include <cstddef>

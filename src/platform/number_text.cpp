@@ -22,6 +22,12 @@ std::string TrimmedAscii(TextView text) {
     return ascii.substr(first, ascii.find_last_not_of(kBlanks) - first + 1);
 }
 
+TextView TrimBlanks(TextView text) {
+    const std::size_t first = text.find_first_not_of(u' ');
+    if (first == TextView::npos) return {};
+    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+}
+
 // An exponent below 0 makes a number that is out of range a very small one.
 bool HasNegativeExponent(std::string_view digits) {
     const std::size_t exponent = digits.find_first_of("eE");

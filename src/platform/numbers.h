@@ -7,8 +7,6 @@
 #include <optional>
 #include <type_traits>
 
-#include "platform/text.h"
-
 using Integer = std::int16_t;
 using Long = std::int32_t;
 using Single = float;

@@ -7,7 +7,6 @@
 #include <sys/stat.h>
 #include <unicode/utf16.h>
 #include <unicode/utf8.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {

@@ -163,16 +163,6 @@ bool Region::Holds(std::int32_t x, std::int32_t y) const {
     return span != spans.end() && x >= span->Left;
 }
 
-Rect Region::Bounds() const {
-    if (IsEmpty()) return {};
-    Rect bounds{m_spans.front().Left, m_bands.front().Top, m_spans.front().Right, m_bands.back().Bottom};
-    for (const RowSpan& span : m_spans) {
-        bounds.Left = std::min(bounds.Left, span.Left);
-        bounds.Right = std::max(bounds.Right, span.Right);
-    }
-    return bounds;
-}
-
 std::vector<Rect> Region::Rectangles(const Rect& view) const {
     std::vector<Rect> rectangles;
     for (const Band& band : m_bands)

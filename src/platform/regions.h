@@ -26,9 +26,6 @@ public:
     [[nodiscard]] bool Holds(std::int32_t x, std::int32_t y) const;
     [[nodiscard]] bool IsEmpty() const { return m_bands.empty(); }
 
-    /// The smallest rectangle around all pixels; an empty one for an empty region.
-    [[nodiscard]] Rect Bounds() const;
-
     /// The part of the region inside `view`, as rectangles that don't overlap, from top to bottom and left to
     /// right, counted from the corner of `view`. With the place of the client area as `view` they are what a
     /// window layer cuts its surface to.

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 
 #include "platform/numbers.h"
 

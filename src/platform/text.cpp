@@ -106,9 +106,3 @@ Text Decimal(std::int64_t number) {
     const std::string digits = std::to_string(number);
     return Text(digits.begin(), digits.end());
 }
-
-TextView TrimBlanks(TextView text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    if (first == TextView::npos) return {};
-    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
-}

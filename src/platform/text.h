@@ -28,6 +28,3 @@ using TextView = std::u16string_view;
 
 /// `number` in plain decimal.
 [[nodiscard]] Text Decimal(std::int64_t number);
-
-/// `text` without the blanks (U+0020 alone) at its two ends.
-[[nodiscard]] TextView TrimBlanks(TextView text);

@@ -1,7 +1,6 @@
 // Playlist files: plain text, one path to a line. Every line counts, nothing is a comment.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "state/velora.h"

@@ -8,6 +8,7 @@
 #include "playback/transport.h"
 #include "playback/volume.h"
 #include "shell/window_behaviour.h"
+#include "state/mouse_event.h"
 #include "state/stack.h"
 
 namespace {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "state/form_events.h"
-#include "state/mouse_event.h"
 #include "state/velora.h"
 
 /// What one event of the pointer comes to.

@@ -1,6 +1,8 @@
 // Places are sums of numbers out of skin files, so they are worked out wide and clamped.
 #include "state/stack.h"
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace {

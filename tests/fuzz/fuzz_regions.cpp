@@ -3,7 +3,6 @@
 #include <bitset>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 
 #include "platform/regions.h"
 

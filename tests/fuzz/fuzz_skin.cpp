@@ -16,9 +16,12 @@ void CheckWindow(const Velora& velora) {
     Require(velora.CurrentSkin >= 0 && velora.CurrentSkin <= velora.SkinCount);
     Require(velora.Regions.Regions.size() <= 20u * static_cast<std::size_t>(velora.SkinCount));
     if (!form.Region) return;
-    const Rect bounds = form.Region->Bounds();
-    Require(bounds.Left >= 0 && bounds.Top >= 0);
-    Require(bounds.Right <= PixelsOfTwips(form.Width) && bounds.Bottom <= PixelsOfTwips(form.Height));
+    constexpr std::int32_t kFar = 1'000'000;
+    for (const Rect& part : form.Region->Rectangles({-kFar, -kFar, kFar, kFar})) {
+        Require(part.Left >= kFar && part.Top >= kFar);
+        Require(part.Right - kFar <= PixelsOfTwips(form.Width));
+        Require(part.Bottom - kFar <= PixelsOfTwips(form.Height));
+    }
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // Regions against a naive model: a pixel at a time, with whole numbers only.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
 #include <limits>
 
@@ -148,13 +147,6 @@ TEST(RegionMakers, AbsurdNumbersGiveWhatCanShowOfThem) {
     ExpectPixels(table, CreateRectRgn(table, {0, 0, 0, 0}, {0, 0, 9, 9}), none, {0, 0, 9, 9});
 }
 
-TEST(RegionMakers, ARegionOfAnyNumbersHasNoMoreRowsThanTheWindow) {
-    RegionTable table;
-    constexpr Rect kLargest{0, 0, 16383, 16383};
-    const auto region = FindRegion(table, CreateEllipticRgn(table, kLargest, {-10, -10, kMost, kMost}));
-    EXPECT_LE(region->Bands().size(), 16383u);
-}
-
 TEST(CombineRgn, EachModeWorksPixelByPixel) {
     for (Long mode = 1; mode <= 5; ++mode) {
         TwoRegions two;
@@ -232,11 +224,4 @@ TEST(Regions, TheirRectanglesAreThePartInAViewCountedFromItsCorner) {
     }
     for (int at = 0; at < 26 * 21; ++at)
         EXPECT_EQ(covered[std::size_t(at)], region->Holds(3 + at % 26, 7 + at / 26) ? 1 : 0) << at;
-}
-
-TEST(Regions, TheirBoundsAreTheSmallestRectangleAround) {
-    RegionTable table;
-    EXPECT_EQ(FindRegion(table, CreateRectRgn(table, kOuter, {5, 5, 5, 5}))->Bounds(), Rect{});
-    const Long one = CreateEllipticRgn(table, kOuter, {4, 3, 15, 12});
-    EXPECT_EQ(FindRegion(table, one)->Bounds(), (Rect{4, 3, 15, 12}));
 }

@@ -30,19 +30,21 @@ protected:
     }
     // The window's region as one rectangle; an empty one if it isn't a single rectangle.
     Rect WindowRectangle() const {
-        if (!form.Region || form.Region->Bands().size() != 1) return {};
-        return form.Region->SpansOf(form.Region->Bands().front()).size() == 1 ? form.Region->Bounds()
-                                                                              : Rect{};
+        if (!form.Region) return {};
+        const std::vector<Rect> parts = form.Region->Rectangles({0, 0, 1000, 1000});
+        return parts.size() == 1 ? parts.front() : Rect{};
     }
 };
 
 } // namespace
 
-TEST_F(Applying, GivesTheWindowItsOuterSizeInTwips) {
+TEST_F(Applying, GivesTheWindowItsOuterSizeInTwipsAndOffsetsThatAreSumsOverTheFrame) {
     Apply("[Settings]\nWidth=3000\nHeight=1500\nLeft=99\nTop=99\n");
     EXPECT_EQ(form.Width, 3000);
     EXPECT_EQ(form.Height, 1500);
     EXPECT_EQ(velora.CurrentSkin, 1);
+    EXPECT_EQ(velora.RegionOffsetX, 4);
+    EXPECT_EQ(velora.RegionOffsetY, 25);
 }
 
 TEST_F(Applying, ASizeThatNoWindowCanHaveLeavesThatSide) {
@@ -70,12 +72,6 @@ TEST_F(Applying, ASkinOfAnotherTypeKeepsTheOneThatShows) {
     EXPECT_EQ(velora.CurrentSkin, first);
     EXPECT_EQ(form.Width, 3000);
     EXPECT_EQ(form.Region, region);
-}
-
-TEST_F(Applying, TheOffsetsAreSumsOverTheFrame) {
-    Apply("[Settings]\nWidth=3000\nHeight=1500\n");
-    EXPECT_EQ(velora.RegionOffsetX, 4);
-    EXPECT_EQ(velora.RegionOffsetY, 25);
 }
 
 TEST_F(Applying, AWindowAsWideAsItsClientAreaHasAnOffsetOfMinusTwo) {
@@ -225,7 +221,7 @@ TEST_F(Applying, ASkinWhoseFolderIsGoneKeepsItsPictures) {
     EXPECT_NE(form.Region, nullptr);
 }
 
-TEST_F(Applying, TheLargestSkinIsAppliedInNoTime) {
+TEST_F(Applying, TheLargestSkinHasAShapeOfNoMoreRowsThanTheWindow) {
     std::string text = "[Settings]\nWidth=245745\nHeight=245745\nShapeCount=20\n";
     for (int number = 1; number <= 20; ++number)
         text += "[rgn" + std::to_string(number) + "]\nenabled=1\ntype=2\nx1=" + std::to_string(number * 300) +

@@ -5,15 +5,12 @@
 #include <cmath>
 
 #include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_rect.h"
 #include "platform/qt/qt_text.h"
 
 namespace {
 
 constexpr int kBarPitchPx = 4;
-
-QRect ToQRect(const Rect& rect) {
-    return QRect(QPoint(rect.Left, rect.Top), QPoint(rect.Right - 1, rect.Bottom - 1));
-}
 
 // A colour number has its red in the low byte.
 QColor ToColour(Long colour) {

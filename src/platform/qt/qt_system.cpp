@@ -10,7 +10,6 @@
 
 #include "platform/machine.h"
 #include "platform/paths.h"
-#include "platform/qt/qt_text.h"
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)

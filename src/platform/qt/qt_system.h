@@ -9,7 +9,7 @@ class QWidget;
 
 class QtSystem : public System {
 public:
-    /// `arguments` is the command line behind the program's name. `playSound` plays a sound to its end and
+    /// `commandLine` is the text behind the program's name. `playSound` plays a sound to its end and
     /// says whether it could.
     QtSystem(Text commandLine, std::function<bool(const Text&)> playSound);
 
