@@ -7,9 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/null/null_loop.h"
-#include "platform/null/null_parts.h"
-#include "platform/null/null_window.h"
+#include "../tests/support/null_platform.h"
 #include "platform/paths.h"
 #include "platform/qt/qt_pictures.h"
 #include "skin/apply_skin.h"
@@ -36,16 +34,9 @@ int main(int count, char** arguments) {
     QGuiApplication application(count, arguments);
     std::vector<double> reading, applying;
     for (int round = 0; round < 21; ++round) {
-        Journal journal;
-        NullWindow window(journal);
-        NullDialogs dialogs(journal);
-        NullLoop loop;
+        NullPlatform platform;
         QtPictures pictures;
-        NullSystem machine(journal);
-        NullPlayer player(journal);
-        NullScope scope(journal);
-        const auto velora =
-            std::make_unique<Velora>(PlatformParts{window, dialogs, loop, pictures, machine, player, scope});
+        const auto velora = std::make_unique<Velora>(platform.PartsWith(pictures));
         const auto start = Clock::now();
         const Integer slot = LoadSkinFile(*velora, PathText(arguments[1]));
         const double read = MsSince(start);

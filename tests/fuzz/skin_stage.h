@@ -7,14 +7,10 @@
 #include <fstream>
 #include <memory>
 #include <string>
-#include <sys/stat.h>
 
-#include "platform/null/null_loop.h"
-#include "platform/null/null_parts.h"
-#include "platform/null/null_window.h"
+#include "../support/null_platform.h"
 #include "platform/paths.h"
 #include "state/scene.h"
-#include "state/velora.h"
 
 inline void Require(bool holds) {
     if (!holds) std::abort();
@@ -43,15 +39,7 @@ public:
     std::string Directory;
 };
 
-/// The parts and the state, in an order in which they may be destroyed.
-struct SkinMachine {
-    Journal journal;
-    NullWindow window{journal};
-    NullDialogs dialogs{journal};
-    NullLoop loop;
+struct SkinMachine : NullPlatform {
     NullPictures pictures;
-    NullSystem machine{journal};
-    NullPlayer player{journal};
-    NullScope scope{journal};
-    Velora velora{PlatformParts{window, dialogs, loop, pictures, machine, player, scope}};
+    Velora velora{PartsWith(pictures)};
 };

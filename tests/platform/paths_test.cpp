@@ -1,7 +1,6 @@
 // The door between backslash-separated texts and this machine's paths.
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -17,14 +16,11 @@ namespace fs = std::filesystem;
 // A directory with files of the given names (directories end in a slash), gone with the test.
 class Paths : public testing::Test {
 protected:
-    Paths() { fs::create_directories(m_directory); }
-
     void Make(const std::string& name) {
-        const std::string path = m_directory + "/" + name;
         if (name.ends_with('/'))
-            fs::create_directories(path);
+            fs::create_directories(m_directory + "/" + name);
         else
-            std::ofstream(path) << name;
+            m_temp.Put(name, name);
     }
     Text In(TextView name) const { return PathText(m_directory) + u"\\" + Text(name); }
     std::string Found(TextView name) const {
@@ -33,7 +29,7 @@ protected:
     }
 
     const TempDirectory m_temp;
-    const std::string m_directory = m_temp.Path("stage");
+    const std::string m_directory = m_temp.Path();
 };
 
 } // namespace

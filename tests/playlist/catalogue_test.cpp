@@ -73,7 +73,7 @@ TEST_F(PlaylistCatalogue, WhatIsAddedIsFoundAtTheNextStartAndNotBefore) {
     EXPECT_EQ(InFile(u"Settings", u"Count"), "2");
     EXPECT_EQ(InFile(u"1", u"Enabled"), "True");
     EXPECT_EQ(InFile(u"1", u"File"), "my list.m3u") << "the bare name";
-    Velora next({window, dialogs, loop, pictures, machine, player, scope});
+    Velora next(PartsWith(pictures));
     next.MediaLimit = 2500;
     next.PlaylistsIni = velora.PlaylistsIni;
     LoadPlaylistCatalogue(next);
@@ -87,7 +87,7 @@ TEST_F(PlaylistCatalogue, WithoutANameNothingIsWritten) {
 }
 
 TEST_F(PlaylistCatalogue, TwoRunsThatAddKeepBothEntries) {
-    Velora other({window, dialogs, loop, pictures, machine, player, scope});
+    Velora other(PartsWith(pictures));
     other.PlaylistsIni = velora.PlaylistsIni;
     EXPECT_EQ(AddPlaylist(velora, u"Mine", directory.PathText("a.m3u")), 1);
     EXPECT_EQ(AddPlaylist(other, u"Theirs", directory.PathText("b.m3u")), 2);

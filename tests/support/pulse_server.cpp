@@ -3,7 +3,6 @@
 
 #include <chrono>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -80,15 +79,7 @@ bool Listens(const std::string& path) {
 } // namespace
 
 PrivatePulseServer::PrivatePulseServer(TestSink sink) : m_sink(sink) {
-    std::string pattern = (std::filesystem::temp_directory_path() / "velora-sound-XXXXXX").string();
-    if (mkdtemp(pattern.data())) m_directory = pattern;
     Start();
-}
-
-PrivatePulseServer::~PrivatePulseServer() {
-    Kill();
-    std::error_code ignored;
-    if (!m_directory.empty()) std::filesystem::remove_all(m_directory, ignored);
 }
 
 bool PrivatePulseServer::CanRun() {
@@ -96,18 +87,18 @@ bool PrivatePulseServer::CanRun() {
 }
 
 bool PrivatePulseServer::Start() {
-    if (m_directory.empty() || !CanRun()) return false;
+    if (!CanRun()) return false;
     Kill();
-    const std::string socket = m_directory + "/native";
+    const std::string socket = m_directory.Path("native");
     std::filesystem::remove(socket);
     const std::string format = " sink_name=out format=s16le rate=44100 channels=2";
-    const std::string sink =
-        m_sink == TestSink::Null
-            ? "module-null-sink" + format
-            : "module-pipe-sink" + format + " use_system_clock_for_timing=yes file=" + m_directory + "/pipe";
+    const std::string sink = m_sink == TestSink::Null
+                                 ? "module-null-sink" + format
+                                 : "module-pipe-sink" + format +
+                                       " use_system_clock_for_timing=yes file=" + m_directory.Path("pipe");
     m_process = Spawn({"pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--log-level=error", "-L",
                        sink, "-L", "module-native-protocol-unix socket=" + socket + " auth-anonymous=1"},
-                      EnvironmentIn(m_directory), m_directory + "/server.log");
+                      EnvironmentIn(Directory()), m_directory.Path("server.log"));
     if (m_process > 0 && WaitFor([&] { return Listens(socket); })) return true;
     Kill();
     return false;
@@ -118,9 +109,9 @@ void PrivatePulseServer::Kill() {
 }
 
 std::string PrivatePulseServer::Ask(const std::string& arguments) const {
-    const std::string answer = m_directory + "/answer";
+    const std::string answer = m_directory.Path("answer");
     std::string command = "env";
-    for (const std::string& variable : EnvironmentIn(m_directory))
+    for (const std::string& variable : EnvironmentIn(Directory()))
         command += " '" + variable + "'";
     command += " pactl " + arguments + " >'" + answer + "' 2>/dev/null";
     if (std::system(command.c_str()) != 0) return {};

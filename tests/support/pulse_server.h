@@ -6,6 +6,8 @@
 #include <sys/types.h>
 #include <vector>
 
+#include "support/temp_directory.h"
+
 /// `Null` behaves as a sound card does and takes back what it hasn't played yet, but a recording of it lacks
 /// the few milliseconds that were taken back and played anew. `Pipe` takes nothing back and shows every
 /// sample that the server played, so a pause or seek is heard late.
@@ -15,10 +17,9 @@ enum class TestSink { Null, Pipe };
 /// sends in that format arrives bit for bit.
 class PrivatePulseServer {
 public:
-    /// Makes the directory and starts the server; `IsRunning` tells whether that worked.
+    /// Starts the server; `IsRunning` tells whether that worked.
     explicit PrivatePulseServer(TestSink sink = TestSink::Null);
-    /// Kills the server and removes the directory.
-    ~PrivatePulseServer();
+    ~PrivatePulseServer() { Kill(); }
     PrivatePulseServer(const PrivatePulseServer&) = delete;
     PrivatePulseServer& operator=(const PrivatePulseServer&) = delete;
 
@@ -31,15 +32,15 @@ public:
     void Kill();
     [[nodiscard]] bool IsRunning() const { return m_process > 0; }
     /// What `PULSE_SERVER` is to be.
-    [[nodiscard]] std::string Address() const { return "unix:" + m_directory + "/native"; }
-    [[nodiscard]] const std::string& Directory() const { return m_directory; }
+    [[nodiscard]] std::string Address() const { return "unix:" + m_directory.Path("native"); }
+    [[nodiscard]] std::string Directory() const { return m_directory.Path(); }
     [[nodiscard]] TestSink Sink() const { return m_sink; }
     /// What a run of `pactl` with these arguments prints.
     [[nodiscard]] std::string Ask(const std::string& arguments) const;
 
 private:
     TestSink m_sink;
-    std::string m_directory;
+    TempDirectory m_directory;
     pid_t m_process = -1;
 };
 

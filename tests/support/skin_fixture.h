@@ -4,13 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
-#include "platform/null/null_loop.h"
-#include "platform/null/null_parts.h"
-#include "platform/null/null_window.h"
 #include "skin/apply_skin.h"
 #include "skin/load_skin.h"
 #include "state/scene.h"
-#include "state/velora.h"
+#include "support/null_platform.h"
 #include "support/temp_directory.h"
 
 /// A picture that knows where it came from.
@@ -32,9 +29,9 @@ struct FilePictures : Pictures {
     std::vector<std::string> Loaded; ///< File names in the order of the loads.
 };
 
-class SkinTest : public ::testing::Test {
+class SkinTest : public ::testing::Test, protected NullPlatform {
 protected:
-    SkinTest() : velora({window, dialogs, loop, pictures, machine, player, scope}) {
+    SkinTest() : velora(PartsWith(pictures)) {
         window.Attach(form);
         machine.Directory = directory.PathText("program");
         velora.SkinsIni = directory.PathText("velskins.ini");
@@ -66,14 +63,7 @@ protected:
     }
 
     TempDirectory directory;
-    Journal journal;
-    NullWindow window{journal};
-    NullDialogs dialogs{journal};
-    NullLoop loop;
     FilePictures pictures;
-    NullSystem machine{journal};
-    NullPlayer player{journal};
-    NullScope scope{journal};
     Velora velora;
     Form& form = velora.frmMain;
 };

@@ -20,11 +20,11 @@ TempDirectory::~TempDirectory() {
 }
 
 std::string TempDirectory::Path(std::string_view name) const {
-    return m_path + "/" + std::string(name);
+    return name.empty() ? m_path : m_path + "/" + std::string(name);
 }
 
 Text TempDirectory::PathText(std::string_view name) const {
-    return ::PathText(Path(name));
+    return ::PathText(m_path + "/" + std::string(name));
 }
 
 Text TempDirectory::Put(std::string_view name, std::string_view bytes) const {

@@ -3,20 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/null/null_loop.h"
-#include "platform/null/null_parts.h"
-#include "platform/null/null_window.h"
 #include "playback/player_events.h"
 #include "shell/handlers.h"
-#include "state/velora.h"
+#include "support/null_platform.h"
 
 using Lines = std::vector<std::string>;
 
 /// The form shows a background at (5, 7), six buttons of 30 by 20 pixels, a volume indicator, two labels and
 /// the visualisation; each pair of holders has pictures of its own, and the buttons are at rest.
-class VeloraTest : public ::testing::Test {
+class VeloraTest : public ::testing::Test, protected NullPlatform {
 protected:
-    VeloraTest() : state({window, dialogs, loop, pictures, machine, player, scope}) {
+    VeloraTest() : state(PartsWith(pictures)) {
         window.Attach(form);
         loop.Attach(form, handlers);
         loop.AfterEvent = [this] { window.Present(); };
@@ -63,14 +60,7 @@ protected:
     /// A picture of a button that no other control has.
     static PicturePtr NewPicture() { return std::make_shared<LoadedPicture>(30, 20); }
 
-    Journal journal;
-    NullWindow window{journal};
-    NullDialogs dialogs{journal};
-    NullLoop loop;
     NullPictures pictures;
-    NullSystem machine{journal};
-    NullPlayer player{journal};
-    NullScope scope{journal};
     Velora state;
     Velora& velora = state;
     Form& form = state.frmMain;
@@ -117,7 +107,7 @@ private:
             Place(*button, left, 10, 30, 20);
             left += 40;
         }
-        for (std::size_t light = 1; light <= 13; ++light)
+        for (std::size_t light = 1; light <= kLights; ++light)
             form.shpPercent[light].Exists = true;
     }
 

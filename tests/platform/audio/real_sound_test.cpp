@@ -1,23 +1,18 @@
 // The player on a real sound server, recorded behind the sink and compared with the decoded file.
 #include <algorithm>
 #include <cmath>
-#include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
-#include "platform/audio/audio_player.h"
-#include "platform/audio/event_log.h"
-#include "platform/audio/media_maker.h"
-#include "platform/null/null_loop.h"
+#include "platform/audio/player_fixture.h"
 #include "support/pulse_server.h"
 
 namespace {
 
 using Samples = std::vector<std::int16_t>;
-constexpr int kLimitMs = 30000;
 
 /// Where `part` lies in `all`, from `from` on.
 std::optional<std::size_t> Find(const Samples& all, const Samples& part, std::size_t from = 0) {
@@ -52,7 +47,7 @@ Samples Piece(const Samples& samples, std::size_t from, std::size_t count) {
                          std::min(count, samples.size() - std::min(from, samples.size())))};
 }
 
-class RealSoundTest : public ::testing::Test {
+class RealSoundTest : public PlayerTest {
 protected:
     void SetUp() override {
         if (!PrivatePulseServer::CanRun()) GTEST_SKIP() << "no sound server installed";
@@ -62,29 +57,17 @@ protected:
         m_player.reset();
         m_server = std::make_unique<PrivatePulseServer>(sink);
         ASSERT_TRUE(m_server->IsRunning());
-        Make(m_server->Address());
+        MakeOn(m_server->Address());
     }
-    void Make(const std::string& address) {
+    void MakeOn(const std::string& address) {
         AudioSettings settings;
         settings.Server = address;
-        m_player = std::make_unique<AudioPlayer>(m_loop, std::move(settings));
-        m_player->Attach(m_log);
+        Make(std::move(settings));
     }
-    void Start(const Text& path) {
-        m_player->Stop();
-        m_player->TrackFile(path);
-        m_player->Play();
-    }
-    bool Until(const std::function<bool()>& done) { return m_loop.RunUntil(done, kLimitMs); }
     bool UntilPlace(Long ms) {
         return Until([&] { return !m_log.Positions.empty() && m_log.Positions.back() >= ms; });
     }
-    void LetPass(int ms) {
-        static_cast<void>(m_loop.RunUntil([] { return false; }, ms));
-    }
-    Text Song(int ms) {
-        return m_media.Write("song.mp3", m_media.Encode("lame --quiet -b 128", 44100, 2, ms));
-    }
+    Text Song(int ms) { return PlayerTest::Song("song.mp3", ms, "-b 128"); }
     /// Waits until the recorder has got what the sink still holds when the end is told.
     void Drain(const SoundRecorder& recorder) {
         const auto isSilent = [&] {
@@ -102,11 +85,7 @@ protected:
             << heard.size();
     }
 
-    MediaMaker m_media;
-    NullLoop m_loop;
-    EventLog m_log;
     std::unique_ptr<PrivatePulseServer> m_server;
-    std::unique_ptr<AudioPlayer> m_player;
 };
 
 TEST_F(RealSoundTest, EverySampleFromTheFirstToTheLastIsHeard) {
@@ -196,9 +175,7 @@ TEST_F(RealSoundTest, TheVolumeChangesSoonAndWithoutAStep) {
 }
 
 TEST_F(RealSoundTest, TheMixerShowsNameRoleAndTitle) {
-    const Text song =
-        m_media.Write("song.mp3", m_media.Encode("lame --quiet -b 128 --tt Moonlight", 44100, 2, 5000));
-    Start(song);
+    Start(PlayerTest::Song("song.mp3", 5000, "-b 128 --tt Moonlight"));
     ASSERT_TRUE(UntilPlace(100));
     const std::string inputs = m_server->Ask("list sink-inputs");
     for (const char* expected :
@@ -265,7 +242,7 @@ TEST_F(RealSoundTest, AServerThatRefusesOrNeverAnswersLeavesTheTrackPlayingSilen
     const Text song = Song(1000);
     for (const std::string& server : {"unix:" + path, "unix:" + m_server->Directory() + "/nobody"}) {
         m_log = {};
-        Make(server);
+        MakeOn(server);
         Start(song);
         EXPECT_TRUE(Until([&] { return m_log.HasEnded(); })) << server;
     }
@@ -274,8 +251,8 @@ TEST_F(RealSoundTest, AServerThatRefusesOrNeverAnswersLeavesTheTrackPlayingSilen
 
 TEST_F(RealSoundTest, TheNextTrackIsHeardWholeInTheSameStreamOrAnother) {
     StartServer(TestSink::Pipe);
-    const Text first = m_media.Write("first.mp3", m_media.Encode("lame --quiet -b 128", 44100, 2, 2000));
-    const Text second = m_media.Write("second.mp3", m_media.Encode("lame --quiet -b 128", 44100, 2, 1500));
+    const Text first = PlayerTest::Song("first.mp3", 2000, "-b 128");
+    const Text second = PlayerTest::Song("second.mp3", 1500, "-b 128");
     const Samples file = WithoutSilence(DecodeAll(second));
     const SoundRecorder recorder(*m_server);
     Start(first);

@@ -1,8 +1,6 @@
 // Picture files of every format, and what only looks like one.
 #include <QBuffer>
 #include <QImage>
-#include <cstdlib>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <random>
 #include <sys/stat.h>
@@ -52,8 +50,7 @@ bool IsSmall(const LoadedPicture& picture) {
 class QtPicturesTest : public testing::Test {
 protected:
     PicturePtr Load(const std::string& bytes, const std::string& name = "picture.gif") {
-        std::ofstream(m_directory + "/" + name, std::ios::binary) << bytes;
-        return m_pictures.LoadPicture(PathText(m_directory + "/" + name));
+        return m_pictures.LoadPicture(m_temp.Put(name, bytes));
     }
 
     const TempDirectory m_temp;
