@@ -36,39 +36,13 @@ constexpr Row kRows[] = {
     {u"-32769", {}, -32769},
     {u"1e9", {}, 1000000000},
     {u"2147483647", {}, 2147483647},
-    {u"2147483648", {}, {}},
     {u"-2147483648", {}, -2147483647 - 1},
-    {u"9223372036854775808", {}, {}},
-    {u"1234567890123456789012345678901234567890", {}, {}},
-    {u"1e999", {}, {}},
     {u"&HFF", 255, 255},
     {u" &h7f ", 127, 127},
     {u"&HFFFF", -1, 65535},
     {u"&H10000", {}, 65536},
     {u"&HFFFFFFFF", {}, -1},
     {u"&H0000FFFF", -1, 65535},
-    {u"&H100000000", {}, {}},
-    {u"", {}, {}},
-    {u" ", {}, {}},
-    {u"-", {}, {}},
-    {u".", {}, {}},
-    {u"e5", {}, {}},
-    {u"1e", {}, {}},
-    {u"--1", {}, {}},
-    {u"+-1", {}, {}},
-    {u"- 1", {}, {}},
-    {u"1 2", {}, {}},
-    {u"12px", {}, {}},
-    {u"1,5", {}, {}},
-    {u"inf", {}, {}},
-    {u"-nan", {}, {}},
-    {u"0x10", {}, {}},
-    {u"&H", {}, {}},
-    {u"&H-1", {}, {}},
-    {u"-&H1", {}, {}},
-    {u"&HG", {}, {}},
-    {u"True", {}, {}},
-    {u"\u0663", {}, {}},
 };
 
 } // namespace
@@ -78,6 +52,13 @@ TEST(NumberText, ConvertsNumbersAndNothingElse) {
         EXPECT_EQ(RoundedNumber<Integer>(row.Written), row.AsInteger) << Utf8(row.Written);
         EXPECT_EQ(RoundedNumber<Long>(row.Written), row.AsLong) << Utf8(row.Written);
     }
+    for (const TextView tooLarge : {u"2147483648", u"-2147483649", u"9223372036854775808", u"1e999",
+                                    u"&H100000000", u"1234567890123456789012345678901234567890"})
+        EXPECT_EQ(RoundedNumber<Long>(tooLarge), std::nullopt) << Utf8(tooLarge);
+    for (const TextView none :
+         {u"",    u" ",   u"-",    u".",    u"e5", u"1e",   u"--1",  u"+-1", u"- 1",  u"1 2",   u"12px",
+          u"1,5", u"inf", u"-nan", u"0x10", u"&H", u"&H-1", u"-&H1", u"&HG", u"True", u"\u0663"})
+        EXPECT_EQ(RoundedNumber<Long>(none), std::nullopt) << Utf8(none);
 }
 
 TEST(NumberText, TheOtherRoundingCutsDownward) {

@@ -27,7 +27,7 @@ TEST_F(PlayerReports, TagsShowOnlyWithTheNextStreamInfo) {
     EXPECT_NE(form.lblFilescroll.Caption.find(u"sample: 48000 ::.. "), Text::npos);
 }
 
-TEST_F(PlayerReports, PositionsCountOnlyWhilePlaying) {
+TEST_F(PlayerReports, PositionsCountOnlyWhilePlayingSoAnEndDuringASeekGoesUnnoticed) {
     playerEvents.OnTrackLength(1000);
     for (const PlayerState other : {PlayerState::Stopped, PlayerState::Paused, PlayerState::SeekingForward,
                                     PlayerState::SeekingBackward}) {

@@ -70,13 +70,6 @@ TEST_F(Seeking, AStepThatLeavesTheRangeOfAnIntegerIsSkipped) {
     EXPECT_EQ(velora.SeekOffset, 32760);
 }
 
-TEST_F(Seeking, TheDisplayStandsStillAndTheEndOfTheTrackGoesUnnoticed) {
-    playerEvents.OnTrackLength(1000);
-    Press(form.picForward, 5, 5, kLeftButton, 1);
-    playerEvents.OnPosition(1000);
-    EXPECT_EQ(velora.PlayerState, PlayerState::SeekingForward);
-}
-
 TEST_F(Seeking, ATickInAnotherStateDoesNothing) {
     tmrSeekForward_Timer(velora);
     tmrSeekBackward_Timer(velora);

@@ -1,7 +1,6 @@
 // The lines of playlists of every form, and what stays within its bounds.
 #include "playlist/playlist_file.h"
 
-#include <chrono>
 #include <sys/stat.h>
 
 #include "platform/paths.h"
@@ -93,24 +92,22 @@ TEST_F(PlaylistFiles, WhatIsNoPlainFileAddsNothing) {
 }
 
 TEST_F(PlaylistFiles, TheEventLoopTurnsWithEachEntry) {
-    int turns = 0;
-    loop.Post([&] { ++turns; });
-    dialogs.WhileOpen = [&] { ++turns; };
+    Integer entriesThen = 0;
+    loop.Post([&] { entriesThen = velora.Count; });
     (void)Load("a.mp3\r\nb.mp3\r\n");
-    EXPECT_EQ(turns, 1);
+    EXPECT_EQ(entriesThen, 1) << "not only when all has been read";
 }
 
 TEST_F(PlaylistFiles, AMillionLinesStopAtTheLimit) {
     std::string bytes;
     for (int line = 0; line < 1000000; ++line)
         bytes += "C:\\Music\\Some Artist\\track " + std::to_string(line) + ".mp3\r\n";
-    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(Load(bytes).size(), 2500U);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
     EXPECT_EQ(journal.Take(), Lines{}) << "the limit is no message here";
 }
 
-// Forms in which a reader that cuts its text line by line would need time by the square of the size.
+// Forms in which a reader that cuts its text line by line would need time by the square of the size: it would
+// not come to an end before ctest loses its patience.
 TEST_F(PlaylistFiles, NoFormCostsMoreThanItsSize) {
     const std::size_t size = 8 * 1024 * 1024;
     const std::string forms[] = {
@@ -118,10 +115,8 @@ TEST_F(PlaylistFiles, NoFormCostsMoreThanItsSize) {
         std::string(size, ' ') + "..",   "a\n" + std::string(size, 'y'), "b\n" + std::string(size, '\r'),
         "c\n" + std::string(size, '\n'), std::string(size, '\\') + "..",
     };
-    const auto start = std::chrono::steady_clock::now();
     for (const std::string& bytes : forms)
         EXPECT_LE(Load(bytes).size(), 2U);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 TEST(TextBetween, IsWhatStandsBetweenTheFirstOfEach) {

@@ -85,15 +85,6 @@ TEST_F(Catalogue, AnyCountButZeroIsACatalogue) {
     EXPECT_TRUE(journal.Take().empty());
 }
 
-TEST_F(Catalogue, MoreSkinsThanSlotsAreRefusedInSilence) {
-    PutSkin("a.vs4", 100);
-    PutCatalogue("LastSkin=15\nCount=40\n", std::vector<std::string>(40, InDirectory("a.vs4")));
-    LoadSkinCatalogue(velora);
-    EXPECT_EQ(velora.SkinCount, 15);
-    EXPECT_EQ(velora.CurrentSkin, 15);
-    EXPECT_TRUE(journal.Take().empty());
-}
-
 TEST_F(Catalogue, WithoutOneTheDefaultSkinComesUp) {
     PutSkin("program/VELORA_MAIN/velora.vs4", 400);
     for (const char* text : {"", "[Settings]\nCount=x\n", "[Settings]\nCount=40000\n"}) {
@@ -192,13 +183,6 @@ TEST_F(Companion, WithoutOneNothingHappens) {
     ShowCompanionSkin(velora);
     EXPECT_EQ(velora.SkinCount, 2);
     EXPECT_TRUE(journal.Take().empty());
-}
-
-TEST_F(Companion, ASkinMayNameItself) {
-    ApplySkin(velora, LoadSkinFile(velora, PutSkin("a.vs4", 100, "a.vs4")));
-    for (int press = 0; press < 20; ++press)
-        ShowCompanionSkin(velora);
-    EXPECT_EQ(velora.CurrentSkin, 15);
 }
 
 TEST_F(Companion, PicPlayShowsPlayWhenStoppedAndStopOtherwise) {

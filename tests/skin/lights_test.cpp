@@ -1,7 +1,6 @@
 // The progress lights: thirteen, once in a run, up to the first fault of the shape file.
 #include "skin/lights.h"
 
-#include "platform/number_text.h"
 #include "support/skin_fixture.h"
 
 namespace {

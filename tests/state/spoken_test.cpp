@@ -1,6 +1,5 @@
 // What a screen reader is told about the window.
 #include <algorithm>
-#include <map>
 
 #include "state/spoken.h"
 #include "state/stack.h"
