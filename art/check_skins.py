@@ -3,7 +3,8 @@
 
     check_skins.py [DIRECTORY]
 
-Prints one line for each finding and ends with 1 if there was any.
+Prints one line for each finding and ends with 1 if there was any. Needs
+`./setup art`.
 """
 import sys
 from pathlib import Path
@@ -13,9 +14,9 @@ from PIL import Image
 
 sys.path.insert(0, str(Path(__file__).parent))
 from skinlib import region, skinfile  # noqa: E402
+from skinlib.skinfile import FRAME, TWIPS  # noqa: E402
 
 HOME = Path(__file__).resolve().parent.parent / 'app' / 'VELORA_MAIN'
-FRAME, TWIPS = (6, 25), 15
 PICTURES, TEXTS, SCOPE, VOLUME, LIGHTS = (1, 3, 4, 5, 6, 7), (9, 12), 8, 11, 13
 MARK = (288, 64, 5, 5)      # the black oval that no skin can move
 

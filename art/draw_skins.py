@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Draws the skins that Velora comes with, and writes their files, all anew.
 
-Needs the packages python3-numpy and python3-pil. The same files come out
-each time: nothing here is left to chance.
+Needs `./setup art`. The same files come out each time, but for a shade in a
+few pixels where a processor rounds in its own way.
 """
 import sys
 from pathlib import Path

@@ -1,6 +1,6 @@
 """Make the click of the buttons, so that its sound can be tuned by ear.
 
-Needs the Debian package python3-numpy.
+Needs `./setup art`.
 """
 import os
 import wave

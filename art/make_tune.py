@@ -1,6 +1,6 @@
 """Make the demo tune, so that a fresh copy has something of its own to play.
 
-Needs the Debian packages python3-numpy, lame, twolame and mjpegtools.
+Needs `./setup art`.
 """
 import os
 import subprocess

@@ -4,8 +4,7 @@
     preview_skin.py SKIN.vs4 DIRECTORY
 
 Each picture has a light and a dark desktop; the states are at rest, playing,
-and playing with every button pressed. Needs python3-numpy, python3-pil and,
-for the right letters, fonts-wine.
+and playing with every button pressed. Needs `./setup art`.
 """
 import sys
 from pathlib import Path
@@ -15,9 +14,9 @@ from PIL import Image, ImageDraw, ImageFont
 
 sys.path.insert(0, str(Path(__file__).parent))
 from skinlib import region, skinfile  # noqa: E402
+from skinlib.skinfile import FRAME, TWIPS  # noqa: E402
 
 TAHOMA = '/usr/share/wine/fonts/tahoma.ttf'
-FRAME, TWIPS = (6, 25), 15
 TEXT = (255, 255, 128)
 COLOURS = {'vbblue': (0, 0, 255), 'vbblack': (0, 0, 0), 'vbcyan': (0, 255, 255), 'vbgreen': (0, 255, 0),
            'vbmagenta': (255, 0, 255), 'vbred': (255, 0, 0), 'vbwhite': (255, 255, 255), 'vbyellow': (255, 255, 0)}

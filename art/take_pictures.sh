@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Takes the pictures of the running program that the documents show, docs/velora.png and
 # docs/velora_small.png, at twice the size of the skins: `art/take_pictures.sh [BUILD]`.
-# Needs the packages of `./setup test`, and x11-xserver-utils.
+# Needs `./setup art`.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$top/build}

@@ -3,11 +3,9 @@ from PIL import Image
 
 from .daybreak import LIGHT_SIZE, lights
 from .painter import STEPS, pictures
-from .skinfile import text_of
+from .skinfile import FRAME, TWIPS, text_of
 
 TYPES = {'play': 1, 'stop': 2, 'forward': 3, 'backward': 4, 'eject': 5, 'playlist': 6, 'pause': 7}
-FRAME = (6, 25)     # outer size less client size, in pixels
-TWIPS = 15
 
 
 def save_gif(image, path):

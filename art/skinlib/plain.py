@@ -5,7 +5,8 @@ by line. All pictures are GIFs, as a paint program would save them.
 """
 from PIL import Image, ImageDraw
 
-from .output import FRAME, TWIPS, write_text
+from .output import write_text
+from .skinfile import FRAME, TWIPS
 
 SIZE = (270, 70)
 GROUND, PANEL, EDGE = '#2e3440', '#1d2129', '#5b6578'

@@ -1,5 +1,8 @@
 """Writing and reading the text files of a skin."""
 
+FRAME = (6, 25)     # outer size less client size, in pixels
+TWIPS = 15          # to the pixel
+
 REGION_KEYS = ('destrgn', 'srcrgn1', 'srcrgn2', 'combinemode',
                'x1', 'x2', 'x3', 'y1', 'y2', 'y3', 'type')
 
