@@ -1,4 +1,4 @@
-// When the first sound is at the sink. Listens to its monitor in pieces of 2 ms. Part of the measurements.
+// When the first sound is at the sink.
 #pragma once
 
 #include <atomic>
@@ -13,7 +13,7 @@ inline double NowMs() {
     return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
-/// Reads what the sink plays in pieces of 2 ms; gives the time of the first sample that isn't 0.
+/// Reads what the sink plays from its monitor, in pieces of 2 ms, until there is a sound.
 class SinkListener {
 public:
     bool Start() {
@@ -33,8 +33,8 @@ public:
         Quit = true;
         if (m_thread.joinable()) m_thread.join();
     }
-    int Threshold = 0; ///< What is louder is a sound.
-    std::atomic<double> FirstMs{-1};
+    int Threshold = 0;               ///< What is louder is a sound.
+    std::atomic<double> FirstMs{-1}; ///< When the first sound was there; below 0 before.
     std::atomic<bool> Quit{false};
 
 private:

@@ -41,7 +41,7 @@ bool ShowsPicture(const Screen& screen) {
     return pixel.size() >= 3 && (pixel[0] != 0 || pixel[1] != 0 || pixel[2] != 0);
 }
 
-// Waits for a top window of more than a few pixels; toolkits map nothing smaller, but make such windows.
+// Waits for a top window to be mapped; what toolkits make for themselves never is.
 void WaitForMap(xcb_connection_t* display) {
     while (xcb_generic_event_t* event = xcb_wait_for_event(display)) {
         const bool mapped = (event->response_type & 0x7F) == XCB_MAP_NOTIFY;
