@@ -45,7 +45,7 @@ private:
     FormEvents* m_events = nullptr;
     std::int64_t m_nowMs = 0;
     TimerSchedule m_schedule;
-    mutable std::mutex m_mutex;
+    std::mutex m_mutex;
     std::condition_variable m_posted;
     std::deque<std::function<void()>> m_tasks;
     std::multimap<Moment, std::function<void()>> m_later;

@@ -19,20 +19,13 @@
 #include <utility>
 
 #include "platform/qt/qt_paint.h"
+#include "platform/qt/qt_rect.h"
 #include "platform/qt/qt_text.h"
 #include "platform/regions.h"
 
 namespace {
 
 constexpr std::size_t kMostCaption = 1000;
-
-QRect ToQRect(const Rect& rect) {
-    return QRect(QPoint(rect.Left, rect.Top), QPoint(rect.Right - 1, rect.Bottom - 1));
-}
-
-Rect FromQRect(const QRect& rect) {
-    return {rect.left(), rect.top(), rect.left() + rect.width(), rect.top() + rect.height()};
-}
 
 Integer ButtonNumber(Qt::MouseButton button) {
     switch (button) {

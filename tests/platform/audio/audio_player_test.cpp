@@ -1,22 +1,15 @@
 // The player on the silent clock, which runs faster here: events, their order, and what they say.
-#include "platform/audio/audio_player.h"
-
 #include <algorithm>
 #include <condition_variable>
-#include <fcntl.h>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <thread>
 
 #include "platform/audio/audio_clock.h"
-#include "platform/audio/event_log.h"
-#include "platform/audio/media_maker.h"
-#include "platform/null/null_loop.h"
+#include "platform/audio/player_fixture.h"
 #include "platform/paths.h"
 
 namespace {
-
-constexpr int kLimitMs = 20000;
 
 AudioSettings Silent(double speed) {
     AudioSettings settings;
@@ -25,31 +18,7 @@ AudioSettings Silent(double speed) {
     return settings;
 }
 
-class AudioPlayerTest : public ::testing::Test {
-protected:
-    void Make(AudioSettings settings) {
-        m_player = std::make_unique<AudioPlayer>(m_loop, std::move(settings));
-        m_player->Attach(m_log);
-    }
-    void Start(const Text& path) {
-        m_player->Stop();
-        m_player->TrackFile(path);
-        m_player->Play();
-    }
-    bool Until(const std::function<bool()>& done) { return m_loop.RunUntil(done, kLimitMs); }
-    /// Lets real time pass for what must not come.
-    void LetPass(int ms) {
-        static_cast<void>(m_loop.RunUntil([] { return false; }, ms));
-    }
-    Text Song(const std::string& name, int ms, const std::string& options = "-b 64") {
-        return m_media.Write(name, m_media.Encode("lame --quiet " + options, 44100, 2, ms));
-    }
-
-    MediaMaker m_media;
-    NullLoop m_loop;
-    EventLog m_log;
-    std::unique_ptr<AudioPlayer> m_player;
-};
+using AudioPlayerTest = PlayerTest;
 
 TEST_F(AudioPlayerTest, ATrackTellsItsTagsStreamLengthAndPlacesInOrderAndEndsWithItsLength) {
     Make(Silent(10));
