@@ -111,13 +111,17 @@ void FlushDirectoryOf(const std::string& path) {
 }
 
 Outcome WriteOnce(const std::string& target, std::string_view section, std::string_view key,
-                  std::string_view value, const FileCalls& calls) {
+                  std::string_view value, const FileCalls& calls, const std::string& seed) {
     std::optional<IniFile> old;
+    IniText text;
     if (IsThere(target)) {
         old = OpenIniFile(target);
         if (!old || !IsWritableAsItStands(target, old->Facts)) return Outcome::Failed;
+        text = old->Content;
+    } else if (const std::optional<IniFile> first = seed.empty() ? std::nullopt : OpenIniFile(seed)) {
+        text = first->Content;
     }
-    const auto content = (old ? old->Content : IniText()).With(section, key, value);
+    const auto content = text.With(section, key, value);
     if (!content || content->find('\0') != std::string::npos || content->size() > kMostIniBytes)
         return Outcome::Failed;
     // Nobody else may read it before it has the old one's mode.
@@ -137,11 +141,11 @@ int CreateNewFile(const char* path, mode_t mode) {
 }
 
 bool WriteIniValue(const std::string& pathBytes, std::string_view section, std::string_view key,
-                   std::string_view value, const FileCalls& calls) {
+                   std::string_view value, const FileCalls& calls, const std::string& seed) {
     const std::optional<std::string> target = FollowLinks(pathBytes);
     if (!target) return false;
     Outcome outcome = Outcome::ChangedMeanwhile;
     for (int attempt = 0; attempt < kMostAttempts && outcome == Outcome::ChangedMeanwhile; ++attempt)
-        outcome = WriteOnce(*target, section, key, value, calls);
+        outcome = WriteOnce(*target, section, key, value, calls, seed);
     return outcome == Outcome::Written;
 }

@@ -49,9 +49,13 @@ Text CommandLineText(const std::vector<std::string>& arguments, const Text& dire
 
 Text IniPlace(const Text& programDirectory, const Text& name) {
     const Text beside = programDirectory + name;
-    if (access(PathBytes(programDirectory).c_str(), W_OK) == 0) return beside;
-    const std::string directory = UserDirectory();
-    if (directory.empty()) return beside;
-    const Text own = PathText(directory) + name;
+    const Text own = OwnIniPlace(programDirectory, name);
     return FileExists(own) || !FileExists(beside) ? own : beside;
+}
+
+Text OwnIniPlace(const Text& programDirectory, const Text& name) {
+    const std::string directory = UserDirectory();
+    if (directory.empty() || access(PathBytes(programDirectory).c_str(), W_OK) == 0)
+        return programDirectory + name;
+    return PathText(directory) + name;
 }

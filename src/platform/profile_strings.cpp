@@ -45,9 +45,11 @@ Text ReadProfileString(TextView File, TextView Section, TextView Key, TextView D
     return ProfileReader(File).Read(Section, Key, Default);
 }
 
-void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value) {
+void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value, TextView Seed) {
     const std::optional<std::string> path = FindPathForWriting(File);
-    if (path) static_cast<void>(WriteIniValue(*path, Utf8(Section), Utf8(Key), Utf8(Value)));
+    if (!path) return;
+    const std::string seed = FindPath(Seed).value_or(std::string());
+    static_cast<void>(WriteIniValue(*path, Utf8(Section), Utf8(Key), Utf8(Value), {}, seed));
 }
 
 bool ReadsBackWhole(TextView Value) {

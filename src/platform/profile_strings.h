@@ -15,8 +15,9 @@
 [[nodiscard]] Text ReadProfileString(TextView File, TextView Section, TextView Key, TextView Default);
 
 /// Sets a key, making section and file as needed, by the safe writing of `WriteIniValue`; the directory has
-/// to be there. A write that fails is silent and changes nothing.
-void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value);
+/// to be there. A write that fails is silent and changes nothing. A file that is made begins as a copy of
+/// `Seed`, where there is one.
+void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value, TextView Seed = {});
 
 /// Whether a value that was written is read back whole: no more than 254 bytes in UTF-8, and neither a line
 /// end nor a NUL in it.

@@ -11,9 +11,12 @@ public:
     [[nodiscard]] virtual Text ApplicationDirectory() const = 0;
 
     /// Where the three ini files are: `ApplicationDirectory`, or the user's own directory if that one can't
-    /// be written. `name` begins with a backslash. The file with that name that a read should go to and a
-    /// write should change.
+    /// be written. `name` begins with a backslash. The file with that name that a read should go to.
     [[nodiscard]] virtual Text IniFile(const Text& name) const = 0;
+
+    /// The file that a write should go to: the same, unless that one is installed for all users. Then it is
+    /// the user's own, which needn't be there.
+    [[nodiscard]] virtual Text OwnIniFile(const Text& name) const = 0;
 
     /// What follows the program's name on the command line: every argument made absolute and put in
     /// quotation marks, joined by blanks.

@@ -2,6 +2,7 @@
 #include "playlist/catalogue.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/directory_lock.h"
 #include "platform/files.h"
@@ -44,10 +45,11 @@ void RaiseCount(Velora& velora) {
     velora.PlaylistCount = std::max({velora.PlaylistCount, inFile, Integer{0}});
 }
 
-void WriteRecord(const Velora& velora, Integer number) {
+// The first write also takes over what is `installed` for all users, where the user has no catalogue yet.
+void WriteRecord(const Velora& velora, Integer number, const Text& installed) {
     const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(number)];
     const Text section = Decimal(number);
-    WriteProfileString(velora.PlaylistsIni, section, u"Enabled", u"True");
+    WriteProfileString(velora.PlaylistsIni, section, u"Enabled", u"True", installed);
     WriteProfileString(velora.PlaylistsIni, section, u"Name", record.Name);
     WriteProfileString(velora.PlaylistsIni, section, u"File", record.File);
     WriteProfileString(velora.PlaylistsIni, section, u"Path", record.Path);
@@ -56,6 +58,8 @@ void WriteRecord(const Velora& velora, Integer number) {
 
 Entering Enter(Velora& velora, const PlaylistRecord& record) {
     const Text& ini = velora.PlaylistsIni;
+    const Text installed =
+        std::exchange(velora.PlaylistsIni, velora.System.OwnIniFile(u"\\" + GetFileName(ini)));
     const std::size_t nameLength = GetFileName(ini).size();
     const TextView directory = TextView(ini).substr(0, ini.size() - nameLength);
     // The user's own place for the file is made when something is to be written there, not before.
@@ -67,7 +71,7 @@ Entering Enter(Velora& velora, const PlaylistRecord& record) {
         return {Refusal::TooLong, 0};
     ++velora.PlaylistCount;
     velora.Playlists[static_cast<std::size_t>(velora.PlaylistCount)] = record;
-    WriteRecord(velora, velora.PlaylistCount);
+    WriteRecord(velora, velora.PlaylistCount, installed);
     return {Refusal::None, velora.PlaylistCount};
 }
 

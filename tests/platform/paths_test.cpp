@@ -130,6 +130,7 @@ TEST_F(Paths, IniFilesStandBesideTheProgramUnlessThatCantBeWritten) {
     // A directory that isn't there can't be written by anybody, not even by root.
     setenv("XDG_DATA_HOME", (m_directory + "/data").c_str(), 1);
     EXPECT_EQ(IniPlace(In(u"gone"), u"\\velskins.ini"), In(u"data\\velora\\velskins.ini"));
+    EXPECT_EQ(OwnIniPlace(In(u"gone"), u"\\velskins.ini"), In(u"data\\velora\\velskins.ini"));
     EXPECT_FALSE(fs::exists(m_directory + "/data")) << "a start leaves nothing behind";
     MakeDirectory(In(u"data\\velora\\"));
     EXPECT_TRUE(fs::is_directory(m_directory + "/data/velora"));

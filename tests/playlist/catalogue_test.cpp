@@ -10,7 +10,10 @@ namespace {
 
 class PlaylistCatalogue : public VeloraTest {
 protected:
-    PlaylistCatalogue() { velora.PlaylistsIni = directory.PathText("velplaylists.ini"); }
+    PlaylistCatalogue() {
+        machine.OwnDirectory = directory.PathText().substr(0, directory.PathText().size() - 1);
+        velora.PlaylistsIni = directory.PathText("velplaylists.ini");
+    }
 
     [[nodiscard]] std::string InFile(TextView section, TextView key) const {
         return Utf8(ReadProfileString(velora.PlaylistsIni, section, key, u"-"));
@@ -29,6 +32,21 @@ TEST_F(PlaylistCatalogue, IsEmptyWithoutAFile) {
     LoadPlaylistCatalogue(velora);
     EXPECT_EQ(velora.PlaylistCount, 0);
     EXPECT_EQ(directory.Names(), Lines{});
+}
+
+TEST_F(PlaylistCatalogue, AnInstalledOneIsCompletedInTheUsersOwnPlace) {
+    const std::string installed = "[Settings]\r\nCount=1\r\n" + Record("1", "one.m3u");
+    directory.Put("velplaylists.ini", installed);
+    TempDirectory home;
+    machine.OwnDirectory = home.PathText("velora");
+    LoadPlaylistCatalogue(velora);
+    EXPECT_EQ(AddPlaylist(velora, u"Mine", directory.PathText("two.m3u")), 2);
+    EXPECT_EQ(AddPlaylist(velora, u"Mine, too", directory.PathText("three.m3u")), 3);
+    EXPECT_EQ(directory.Get("velplaylists.ini"), installed);
+    EXPECT_EQ(velora.PlaylistsIni, home.PathText("velora/velplaylists.ini"));
+    EXPECT_EQ(InFile(u"Settings", u"Count"), "3");
+    EXPECT_EQ(InFile(u"1", u"File"), "one.m3u");
+    EXPECT_EQ(InFile(u"3", u"Name"), "Mine, too");
 }
 
 TEST_F(PlaylistCatalogue, PoursTheEnabledPlaylistsIntoTheListInTheirOrder) {

@@ -1,7 +1,6 @@
 // The player's own thread: takes the commands, runs libpulse's loop, keeps the time.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <optional>

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr std::int64_t kLongestFrameBytes = 2881;
 constexpr std::size_t kBytesToRead = 2 * 3072;
 /// From a frame's first byte to the letters: header, an optional checksum, and the side information, whose
 /// size depends on version and channels.

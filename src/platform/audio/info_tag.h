@@ -6,6 +6,9 @@
 
 class MediaFile;
 
+/// No MPEG frame is longer.
+constexpr std::int64_t kLongestFrameBytes = 2881;
+
 /// Read from a Xing, Info or VBRI tag; 0 for a number that isn't there.
 struct InfoTag {
     std::int64_t Frames = 0; ///< MPEG frames.

@@ -13,7 +13,6 @@ namespace {
 constexpr long kPreFrames = 16;
 constexpr long kJunkBytes = 1024 * 1024;
 constexpr int kErrorLimit = 16;
-constexpr std::int64_t kLongestFrameBytes = 2881;
 constexpr std::int64_t kShortestFrameBytes = 24;
 
 ssize_t ReadMedia(void* file, void* bytes, std::size_t count) {

@@ -8,7 +8,6 @@
 #include <pulse/proplist.h>
 #include <pulse/sample.h>
 #include <pulse/stream.h>
-#include <utility>
 
 #include "platform/audio/audio_clock.h"
 

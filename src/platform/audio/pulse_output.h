@@ -1,7 +1,6 @@
 // A stream of the sound server.
 #pragma once
 
-#include <cstddef>
 #include <deque>
 
 #include "platform/audio/pulse_server.h"

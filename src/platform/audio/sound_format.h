@@ -1,7 +1,6 @@
 // The one kind of sound that goes from the decoder to the output: 16 bits, interleaved.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 
 /// Samples are `std::int16_t`; a "frame" is one sample of each channel.

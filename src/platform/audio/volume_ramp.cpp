@@ -27,10 +27,6 @@ std::int32_t VolumeRamp::At(std::int64_t frame) const {
     return m_from + static_cast<std::int32_t>((static_cast<std::int64_t>(m_to) - m_from) * gone / m_length);
 }
 
-bool VolumeRamp::IsFullFrom(std::int64_t frame) const {
-    return m_to == kFull && (m_from == kFull || frame >= m_start + m_length);
-}
-
 void VolumeRamp::Apply(std::int64_t frame, int channels, std::span<std::int16_t> samples) const {
     const auto scaled = [](std::int16_t sample, std::int32_t factor) {
         return static_cast<std::int16_t>((sample * factor + kFull / 2) >> 16);

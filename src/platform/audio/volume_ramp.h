@@ -21,8 +21,6 @@ public:
     void Settle() { Set(m_to); }
 
     [[nodiscard]] std::int32_t At(std::int64_t frame) const;
-    /// Whether samples from `frame` on are left as they are.
-    [[nodiscard]] bool IsFullFrom(std::int64_t frame) const;
     /// Applies the volume to samples of which the first belongs to `frame`.
     void Apply(std::int64_t frame, int channels, std::span<std::int16_t> samples) const;
 

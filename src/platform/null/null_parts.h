@@ -51,6 +51,9 @@ public:
     explicit NullSystem(Journal& journal) : m_journal(journal) {}
     Text ApplicationDirectory() const override { return Directory; }
     Text IniFile(const Text& name) const override { return Directory + name; }
+    Text OwnIniFile(const Text& name) const override {
+        return (OwnDirectory.empty() ? Directory : OwnDirectory) + name;
+    }
     Text CommandLine() const override { return Arguments; }
     Text CurrentDirectory() const override { return Current; }
     void SetCurrentDirectory(const Text& directory) override { Current = directory; }
@@ -59,6 +62,7 @@ public:
     [[noreturn]] void EndProcess() override;
 
     Text Directory = u"\\velora";
+    Text OwnDirectory; ///< Where ini files are written; `Directory` if empty.
     Text Arguments;
     Text Current = u"\\home";
     std::function<void()> WhileSound; ///< Runs inside each sound.

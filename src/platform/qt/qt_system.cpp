@@ -29,6 +29,10 @@ Text QtSystem::IniFile(const Text& name) const {
     return IniPlace(m_directory, name);
 }
 
+Text QtSystem::OwnIniFile(const Text& name) const {
+    return OwnIniPlace(m_directory, name);
+}
+
 void QtSystem::StartProgram(const Text& path) {
     const std::optional<std::string> found = FindPath(path);
     if (found) QProcess::startDetached(QFile::decodeName(found->c_str()), {});

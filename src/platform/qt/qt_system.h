@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] Text ApplicationDirectory() const override { return m_directory; }
     [[nodiscard]] Text IniFile(const Text& name) const override;
+    [[nodiscard]] Text OwnIniFile(const Text& name) const override;
     [[nodiscard]] Text CommandLine() const override { return m_commandLine; }
     [[nodiscard]] Text CurrentDirectory() const override { return m_current; }
     void SetCurrentDirectory(const Text& directory) override { m_current = directory; }

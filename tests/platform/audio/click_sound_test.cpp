@@ -1,5 +1,4 @@
 // The click: heard whole, each time, before the caller goes on; and no harm where it can't be.
-#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>

@@ -1,7 +1,6 @@
 // The decoder against the kinds of files there are, and against files that are none.
 #include "platform/audio/mpeg_decoder.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "platform/audio/media_maker.h"
