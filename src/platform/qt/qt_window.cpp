@@ -141,6 +141,10 @@ QRegion QtWindow::TakeDamage(const Scene& now) {
 }
 
 void QtWindow::ShowSize(const Scene& now) {
+    // What a window manager does with a new window can leave the handle at a place where the window isn't,
+    // without a word to the widget; a change of size would then take the window there.
+    QWindow* handle = windowHandle();
+    if (handle && handle->position() != geometry().topLeft()) handle->setPosition(geometry().topLeft());
     setFixedSize(now.Client.Right, now.Client.Bottom);
 }
 
