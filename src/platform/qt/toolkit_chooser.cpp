@@ -70,7 +70,8 @@ QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
     setNameFilters(filters);
     if (!filters.isEmpty()) selectNameFilter(filters.first());
     setDirectory(QFile::decodeName(question.Directory));
-    selectFile(QString());
+    // The toolkit keeps the last answer there as long as the directory is the same.
+    if (auto* name = findChild<QLineEdit*>(QLatin1String(kNameField))) name->clear();
     m_path.clear();
     const bool chosen = Run(*this);
     m_asking = false;

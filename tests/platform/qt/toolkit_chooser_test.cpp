@@ -87,6 +87,20 @@ TEST_F(ToolkitChooserTest, AQuestionThatComesBeforeTheLastOneHasReturnedTakesNot
     EXPECT_TRUE(further.isEmpty());
 }
 
+TEST_F(ToolkitChooserTest, EachQuestionBeginsWithAnEmptyName) {
+    m_home.Put("f.mp3", "x");
+    EXPECT_FALSE(Ask([&] {
+                     Name().setText(QStringLiteral("f.mp3"));
+                     m_chooser.accept();
+                 }).isEmpty());
+    QString first;
+    EXPECT_TRUE(Ask([&] {
+                    first = Name().text();
+                    m_chooser.reject();
+                }).isEmpty());
+    EXPECT_EQ(first, QString());
+}
+
 TEST_F(ToolkitChooserTest, CancelledItGivesNothingAndNotWhatWasChosenBefore) {
     m_home.Put("d.mp3", "x");
     EXPECT_FALSE(Ask([&] {
