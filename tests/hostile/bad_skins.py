@@ -77,7 +77,7 @@ OBJECT_SKINS = {
     "less_than_nothing": dict(objects=[{"type": kind, "left": 5, "top": 5, "width": -1, "height": -2**31} for kind in (8, 9, 12)]),
     "odd_names": dict(objects=[{**EYE, "type": 6, "filename": name, "filename2": name} for name in (
         r"..\..\..\..\..\etc\passwd", "/etc/passwd", "x" * 5000, "", ".", "..", "folder", r"folder\\", "pipe.png", "endless.png",
-        "outside.png", "http://localhost/x.png", "%s%n", "*", "?.png", "eye.png\t", "\u202egnp.eye", "~", "$HOME", "eye.png|", "-")]),
+        "link_out.png", "http://localhost/x.png", "%s%n", "*", "?.png", "eye.png\t", "\u202egnp.eye", "~", "$HOME", "eye.png|", "-")]),
     "letters_for_numbers": dict(objects=[{**EYE, "type": 1, "left": "left", "top": "1e400", "width": "9" * 40}], Width="wide"),
     "itself": dict(),
 }
@@ -109,6 +109,9 @@ def make(directory):
     (directory / "folder").mkdir()
     os.mkfifo(directory / "pipe.png")
     (directory / "endless.png").symlink_to("/dev/zero")
-    (directory / "outside.png").symlink_to("/etc/passwd")
+    # A file of our own outside the directory: a link to one of the machine's would be a danger to it.
+    outside = directory.parent / "outside_the_skins"
+    outside.write_text("no picture")
+    (directory / "link_out.png").symlink_to(outside)
     for number, (name, what) in enumerate({**REGION_SKINS, **OBJECT_SKINS}.items(), 3):
         write_skin(directory, number, name, **what)
