@@ -1,6 +1,7 @@
 // Puts the real parts together and runs the loop.
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QPixmapCache>
 #include <csignal>
 #include <cstdlib>
 #include <string>
@@ -25,6 +26,9 @@
 
 namespace {
 
+// A dialog's icons, while it is open.
+constexpr int kIconCacheKb = 256;
+
 // What has to be settled before the application object exists.
 void PrepareToolkit() {
     // A sound server that goes away in the middle of a message must not end the program.
@@ -47,6 +51,8 @@ void PrepareApplication() {
     // object exists, this would be lost.
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QGuiApplication::setDesktopFileName(QStringLiteral("velora"));
+    // Each dialog draws its icons anew, under names of its own; by default 10 MB of them would pile up.
+    QPixmapCache::setCacheLimit(kIconCacheKb);
 }
 
 // The state, and the scope that draws into its form: each knows the other.
