@@ -6,6 +6,7 @@ import select
 import time
 
 PATIENCE_SECONDS = 60
+MOMENT_SECONDS = 2
 CLIENT_MESSAGE, PROPERTY_ANY = 33, 0
 STRUCTURE_NOTIFY, SUBSTRUCTURE_NOTIFY, SUBSTRUCTURE_REDIRECT = 1 << 17, 1 << 19, 1 << 20
 VIEWABLE = 2
@@ -56,6 +57,16 @@ IGNORE_ERRORS = c.CFUNCTYPE(I, P, P)(lambda display, event: 0)
 
 class GaveUp(Exception):
     """Something that has to happen did not."""
+
+
+def soon(condition):
+    """Whether it becomes true within a moment; where it doesn't, the caller tries something else."""
+    deadline = time.monotonic() + MOMENT_SECONDS
+    while not condition():
+        if time.monotonic() > deadline:
+            return False
+        time.sleep(0.002)
+    return True
 
 
 def wait_for(what, condition):

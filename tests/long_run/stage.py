@@ -3,7 +3,7 @@ import os
 import subprocess
 import time
 
-from hand import VIEWABLE, Hand, wait_for
+from hand import VIEWABLE, Hand, soon, wait_for
 from vitals import threads
 
 QUIET = "..:: velora-pro.team qu><llo ::.."
@@ -240,7 +240,10 @@ class Stage:
         self.release(button)
 
     def choose(self, button, shift, name):
-        """Opens a chooser by a button and answers it."""
-        self.with_keys(shift, lambda: self.click(button))
-        wait_for("the chooser", lambda: self.dialog() is not None)
+        """Opens a chooser by a button and answers it. A window manager that is late with a new skin's size lets
+        the first press miss."""
+        def opened():
+            self.with_keys(shift, lambda: self.click(button))
+            return soon(lambda: self.dialog() is not None)
+        wait_for("the chooser", opened)
         self.answer(self.dialog(), name)
