@@ -3,13 +3,15 @@
 
 session_pids=()
 
-# wait_for WHAT COMMAND...: tries the command until it succeeds; after a minute says what failed.
+# wait_for WHAT COMMAND...: tries the command until it succeeds; after a minute says what failed, and what the
+# last try said.
 wait_for() {
   local what=$1 deadline=$((SECONDS + ${SESSION_PATIENCE:-60}))
   shift
-  until "$@" >/dev/null 2>&1; do
+  until "$@" >/dev/null 2>"$session_dir/last_try"; do
     if [ "$SECONDS" -ge "$deadline" ]; then
       echo "gave up waiting for $what" >&2
+      cat "$session_dir/last_try" >&2
       return 1
     fi
     sleep 0.05
