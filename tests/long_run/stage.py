@@ -128,8 +128,9 @@ class Stage:
     # Ways back to the bare window.
 
     def minimise(self):
+        """A dialog that comes up meanwhile keeps the window on the screen."""
         self.hand.minimise(self.window)
-        wait_for("the window to be minimised", self.is_minimised)
+        wait_for("the window to be minimised", lambda: self.is_minimised() or self.dialog() is not None)
 
     def restore(self):
         """A message that came up meanwhile can hold the window back until it is answered."""
