@@ -96,12 +96,24 @@ start_session() {
   done
 }
 
-# A message bus of the session's own.
+# A message bus of the session's own, with that of assistive technology. It starts nothing by itself, or a real
+# desktop's file chooser might come up.
 start_bus() {
-  local bus
-  bus=$(dbus-daemon --session --fork --print-address=1 --print-pid=1) || return 1
-  export DBUS_SESSION_BUS_ADDRESS=$(head -1 <<<"$bus")
-  session_pids+=("$(tail -1 <<<"$bus")")
+  export DBUS_SESSION_BUS_ADDRESS="unix:path=$session_dir/bus"
+  cat >"$session_dir/bus.conf" <<CONF
+<busconfig>
+  <type>session</type>
+  <listen>$DBUS_SESSION_BUS_ADDRESS</listen>
+  <policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy>
+</busconfig>
+CONF
+  dbus-daemon --config-file="$session_dir/bus.conf" --nofork >>"$session_dir/bus.log" 2>&1 &
+  session_pids+=($!)
+  wait_for 'the bus' test -S "$session_dir/bus"
+  /usr/libexec/at-spi-bus-launcher >>"$session_dir/bus.log" 2>&1 &
+  session_pids+=($!)
+  wait_for 'the bus of assistive technology' dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus \
+    org.a11y.Bus.GetAddress
 }
 
 # start_recording FILE [OPTION]: records the sink (the one in `sink`, or the session's own) as s16le stereo at

@@ -34,29 +34,10 @@ stay_calm() {
 set_hostile_stage() {
   SESSION_SCREEN=640x480x24 set_stage "$@"
   : >"$session_dir/velora.log"
-  start_own_bus
+  start_bus
   export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
   coproc HAND { exec "$hostile/hand" 2>>"$session_dir/hand.log"; }
   session_pids+=("$HAND_PID")
-}
-
-# A bus that starts nothing by itself: the desktop's file chooser is somebody else's.
-start_own_bus() {
-  export DBUS_SESSION_BUS_ADDRESS="unix:path=$session_dir/bus"
-  cat >"$session_dir/bus.conf" <<CONF
-<busconfig>
-  <type>session</type>
-  <listen>$DBUS_SESSION_BUS_ADDRESS</listen>
-  <policy context="default"><allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy>
-</busconfig>
-CONF
-  dbus-daemon --config-file="$session_dir/bus.conf" --nofork >>"$session_dir/bus.log" 2>&1 &
-  session_pids+=($!)
-  wait_for 'the bus' test -S "$session_dir/bus"
-  /usr/libexec/at-spi-bus-launcher >>"$session_dir/bus.log" 2>&1 &
-  session_pids+=($!)
-  wait_for 'the bus of assistive technology' dbus-send --session --print-reply --dest=org.a11y.Bus /org/a11y/bus \
-    org.a11y.Bus.GetAddress
 }
 
 # hand COMMAND [NAME]: see there; each waits by itself.
