@@ -17,6 +17,7 @@ leave_traces() {
   mkdir -p "$pictures"
   [ -z "${DISPLAY:-}" ] || take_picture "$pictures/$test_name.png"
   echo "picture: $pictures/$test_name.png" >&2
+  [ -z "${window:-}" ] || echo "caption: $(caption)" >&2
   tail -n 60 "$session_dir"/*.log >&2
 }
 
