@@ -1,7 +1,16 @@
-"""What can be seen of the display, and who holds it, without a program for each look."""
+"""What can be seen of the display, and who holds it, without a program for each look; and the message by which
+windows are asked for something."""
 import ctypes
 
 ALL_PLANES, Z_PIXMAP, ASYNCHRONOUS, NOW, TAKEN = 0xFFFFFF, 2, 1, 0, 1
+CLIENT_MESSAGE = 33
+
+
+class ClientMessage(ctypes.Structure):
+    """As long as any event."""
+    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("send_event", ctypes.c_int),
+                ("display", ctypes.c_void_p), ("window", ctypes.c_ulong), ("message_type", ctypes.c_ulong),
+                ("format", ctypes.c_int), ("data", ctypes.c_long * 5), ("room", ctypes.c_long * 24)]
 
 
 class Screen:

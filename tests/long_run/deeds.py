@@ -118,7 +118,7 @@ def lost_release(stage, chance):
 
 
 def late_release(stage, chance):
-    """The button stays down over what comes next; `main` lets it go."""
+    """The button stays down over what comes next; in most cases `make_way` lets it go."""
     stage.point_at(chance.choice(SURFACES), *inside(chance))
     stage.press(1)
 

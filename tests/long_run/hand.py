@@ -2,23 +2,22 @@
 display's own libraries in one process, since thousands of events are too many for a tool's start each."""
 import collections
 import ctypes as c
+import pathlib
 import select
+import sys
 import time
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "desktop"))
+from screen import CLIENT_MESSAGE, ClientMessage  # noqa: E402
 
 PATIENCE_SECONDS = 60
 MOMENT_SECONDS = 2
-CLIENT_MESSAGE, PROPERTY_ANY = 33, 0
+PROPERTY_ANY = 0
 STRUCTURE_NOTIFY, SUBSTRUCTURE_NOTIFY, SUBSTRUCTURE_REDIRECT = 1 << 17, 1 << 19, 1 << 20
 VIEWABLE = 2
 PLAIN_NAMES = {".": "period", "_": "underscore", "-": "minus"}
 
 Rect = collections.namedtuple("Rect", "left top width height")
-
-
-class ClientMessage(c.Structure):
-    _fields_ = [("type", c.c_int), ("serial", c.c_ulong), ("send_event", c.c_int), ("display", c.c_void_p),
-                ("window", c.c_ulong), ("message_type", c.c_ulong), ("format", c.c_int),
-                ("data", c.c_long * 5), ("room", c.c_long * 24)]
 
 
 class Attributes(c.Structure):
