@@ -10,6 +10,7 @@
 #include <pulse/pulseaudio.h>
 #include <utility>
 
+#include "platform/audio/pulse_operation.h"
 #include "platform/audio/sound_file.h"
 #include "platform/audio/worker_thread.h"
 
@@ -23,10 +24,6 @@ constexpr milliseconds kReadyWait{100};
 /// What a click may cost beyond its own length; a sink that is slower is not waited for.
 constexpr milliseconds kMostLatency{20};
 constexpr pa_usec_t kRestUs = 500'000;
-
-void Forget(pa_operation* operation) {
-    if (operation) pa_operation_unref(operation);
-}
 
 milliseconds Within(milliseconds value, milliseconds most) {
     return std::clamp(value, milliseconds(0), most);

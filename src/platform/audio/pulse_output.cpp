@@ -10,6 +10,7 @@
 #include <pulse/stream.h>
 
 #include "platform/audio/audio_clock.h"
+#include "platform/audio/pulse_operation.h"
 
 namespace {
 
@@ -22,10 +23,6 @@ constexpr std::int64_t kAskEarlyUs = 150'000;
 constexpr std::int64_t kRestUs = 5'000'000;
 /// The server asks once a second; each time wakes us.
 constexpr int kRequestMs = 1000;
-
-void Forget(pa_operation* operation) {
-    if (operation) pa_operation_unref(operation);
-}
 
 std::int64_t BytesOfMs(const SoundFormat& format, int ms) {
     return static_cast<std::int64_t>(format.RateHz) * ms / 1000 * format.Channels * 2;

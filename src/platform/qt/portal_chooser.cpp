@@ -11,12 +11,11 @@
 #include <QDBusServiceWatcher>
 #include <QUuid>
 
+#include "platform/qt/portal_names.h"
 #include "platform/qt/qt_text.h"
 
 namespace {
 
-constexpr char kService[] = "org.freedesktop.portal.Desktop";
-constexpr char kPath[] = "/org/freedesktop/portal/desktop";
 constexpr char kChooser[] = "org.freedesktop.portal.FileChooser";
 constexpr char kRequest[] = "org.freedesktop.portal.Request";
 
@@ -123,14 +122,16 @@ PortalAnswer PortalRequest::Ask(const FileQuestion& question) {
     qDBusRegisterMetaType<QList<PortalFilter>>();
 
     const QDBusConnection bus = QDBusConnection::sessionBus();
-    QDBusServiceWatcher life(QString::fromLatin1(kService), bus, QDBusServiceWatcher::WatchForUnregistration);
+    QDBusServiceWatcher life(QString::fromLatin1(kPortalService), bus,
+                             QDBusServiceWatcher::WatchForUnregistration);
     connect(&life, &QDBusServiceWatcher::serviceUnregistered, this,
             [this] { Finish(PortalOutcome::NoPortal); });
 
     const QString token = QStringLiteral("velora") + QUuid::createUuid().toString(QUuid::Id128);
     const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
     // Known before the call, so that not even the quickest answer is missed.
-    Listen(QString::fromLatin1(kPath) + QStringLiteral("/request/") + sender + QLatin1Char('/') + token);
+    Listen(QString::fromLatin1(kPortalPath) + QStringLiteral("/request/") + sender + QLatin1Char('/') +
+           token);
     Send(question, token);
     exec();
     return m_answer;
@@ -138,14 +139,14 @@ PortalAnswer PortalRequest::Ask(const FileQuestion& question) {
 
 void PortalRequest::Listen(const QString& requestPath) {
     m_requestPath = requestPath;
-    QDBusConnection::sessionBus().connect(QString::fromLatin1(kService), requestPath,
+    QDBusConnection::sessionBus().connect(QString::fromLatin1(kPortalService), requestPath,
                                           QString::fromLatin1(kRequest), QStringLiteral("Response"), this,
                                           SLOT(OnResponse(uint, QVariantMap)));
 }
 
 void PortalRequest::Send(const FileQuestion& question, const QString& token) {
     QDBusMessage call =
-        QDBusMessage::createMethodCall(QString::fromLatin1(kService), QString::fromLatin1(kPath),
+        QDBusMessage::createMethodCall(QString::fromLatin1(kPortalService), QString::fromLatin1(kPortalPath),
                                        QString::fromLatin1(kChooser), QStringLiteral("OpenFile"));
     call << WindowName(parentWidget()) << question.Title << Options(question, token);
     auto* accepted =
@@ -165,7 +166,7 @@ void PortalRequest::Send(const FileQuestion& question, const QString& token) {
 
 void PortalRequest::CloseRequest() {
     QDBusConnection::sessionBus().send(
-        QDBusMessage::createMethodCall(QString::fromLatin1(kService), m_requestPath,
+        QDBusMessage::createMethodCall(QString::fromLatin1(kPortalService), m_requestPath,
                                        QString::fromLatin1(kRequest), QStringLiteral("Close")));
 }
 

@@ -11,6 +11,8 @@
 #include <QStyle>
 #include <QToolTip>
 
+#include "platform/qt/portal_names.h"
+
 namespace {
 
 constexpr int kPatienceMs = 200;
@@ -124,7 +126,7 @@ DesktopLook QtLook::AskPortal() {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!m_portalAnswers || !bus.isConnected()) return {};
     QDBusMessage call = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.portal.Desktop"), QStringLiteral("/org/freedesktop/portal/desktop"),
+        QLatin1String(kPortalService), QLatin1String(kPortalPath),
         QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("ReadAll"));
     call << QStringList{kAppearance, kInterface};
     call.setAutoStartService(false);

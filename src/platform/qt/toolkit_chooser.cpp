@@ -6,35 +6,16 @@
 #include <QDir>
 #include <QFile>
 #include <QFileIconProvider>
-#include <QLineEdit>
 
 #include "platform/qt/qt_text.h"
 
 namespace {
-
-constexpr char kNameField[] = "fileNameEdit";
 
 // A row as the toolkit wants it: the label, and behind it the pattern, which is then hidden. All files are
 // `*` there; `*.*` would leave out those without a point.
 QString NameFilter(const FilterRow& row) {
     const QString pattern = row.Pattern == u"*.*" ? QStringLiteral("*") : ToQString(row.Pattern);
     return ToQString(row.Label) + QStringLiteral(" (") + pattern + QStringLiteral(")");
-}
-
-// Runs the chooser. The list of proposals for its name field is a window of its own, which can outlast it or
-// come up behind it, and would swallow the next press on the window; so it is let go with the dialog. A key
-// that is on its way to that list by then would be handed on to a field that is none.
-bool Run(QFileDialog& chooser) {
-    auto* name = chooser.findChild<QLineEdit*>(QLatin1String(kNameField));
-    auto* proposals = chooser.findChild<QCompleter*>();
-    if (!name || !proposals) return chooser.exec() == QDialog::Accepted;
-    name->setCompleter(proposals);
-    proposals->popup()->installEventFilter(proposals);
-    const bool chosen = chooser.exec() == QDialog::Accepted;
-    name->setCompleter(nullptr);
-    proposals->popup()->hide();
-    proposals->popup()->removeEventFilter(proposals);
-    return chosen;
 }
 
 // The toolkit would look into files for an icon that fits, on the window's thread: one whose reading waits
@@ -58,6 +39,10 @@ ToolkitChooser::ToolkitChooser() {
     setIconProvider(new PlainIcons);
 }
 
+QLineEdit* ToolkitChooser::NameField() const {
+    return findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
 QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
     // A press on the owner can come between an answer and the return of its question.
     if (m_asking) return {};
@@ -71,17 +56,33 @@ QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
     if (!filters.isEmpty()) selectNameFilter(filters.first());
     setDirectory(QFile::decodeName(question.Directory));
     // The toolkit keeps the last answer there as long as the directory is the same.
-    if (auto* name = findChild<QLineEdit*>(QLatin1String(kNameField))) name->clear();
+    if (QLineEdit* name = NameField()) name->clear();
     m_path.clear();
-    const bool chosen = Run(*this);
+    const bool chosen = Run();
     m_asking = false;
     return chosen ? QFile::encodeName(m_path) : QByteArray();
+}
+
+// The list of proposals for the name field is a window of its own, which can outlast the dialog or come up
+// behind it, and would swallow the next press on the window; so it is let go with the dialog. A key that is
+// on its way to that list by then would be handed on to a field that is none.
+bool ToolkitChooser::Run() {
+    QLineEdit* name = NameField();
+    auto* proposals = findChild<QCompleter*>();
+    if (!name || !proposals) return exec() == QDialog::Accepted;
+    name->setCompleter(proposals);
+    proposals->popup()->installEventFilter(proposals);
+    const bool chosen = exec() == QDialog::Accepted;
+    name->setCompleter(nullptr);
+    proposals->popup()->hide();
+    proposals->popup()->removeEventFilter(proposals);
+    return chosen;
 }
 
 // The selection follows the name field from afar: after quick typing it can still be the directory that the
 // name began with, and the toolkit would open that one. What stands in the field is what the user means.
 void ToolkitChooser::accept() {
-    const auto* name = findChild<QLineEdit*>(QLatin1String(kNameField));
+    const QLineEdit* name = NameField();
     const QString typed = name ? directory().absoluteFilePath(name->text()) : QString();
     if (QFileInfo(typed).isFile()) {
         m_path = QDir::cleanPath(typed);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QLineEdit>
 
 #include "platform/qt/file_question.h"
 
@@ -17,6 +18,10 @@ public:
     void accept() override;
 
 private:
+    [[nodiscard]] bool Run();
+    /// Null if the toolkit has none of the name that it goes by.
+    [[nodiscard]] QLineEdit* NameField() const;
+
     QString m_path;
     bool m_asking = false;
 };
