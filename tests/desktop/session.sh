@@ -56,8 +56,10 @@ start_display() {
 
 start_sound() {
   # A sink that the recordings are made from: CD quality, no sound card needed. Without rewinds, since a
-  # recorder does not get again what the sink makes anew.
-  pulseaudio -n --log-level=error --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
+  # recorder does not get again what the sink makes anew. Without shared memory, since the server ends by an
+  # assertion of its own now and then where a recorder is handed a player's memory.
+  pulseaudio -n --disable-shm="${SESSION_WITHOUT_SHM:-yes}" --log-level=error --daemonize=no \
+    --use-pid-file=no --exit-idle-time=-1 \
     -L "module-null-sink sink_name=out format=s16le rate=44100 channels=2 norewinds=1" \
     -L "module-native-protocol-unix socket=$session_dir/native auth-anonymous=1" \
     >"$session_dir/pulse.log" 2>&1 &
