@@ -151,6 +151,22 @@ click() {
   fi
 }
 
+# place_of_step STEP: left and top of the window's pixel that stands for a step of the volume, 1 to 7. With the
+# button held, the volume follows the pointer there.
+place_of_step() {
+  local left top width height twips
+  read -r left top width height < <(place_of volume)
+  twips=$(sed -n "s/\r$//; s/^y$1=//p" <(sed -n '/^name=volume/,/^\[/p' "$skin"))
+  echo $((left + width / 2)) $((top + twips / 15))
+}
+
+# point_at_step STEP
+point_at_step() {
+  local left top
+  read -r left top < <(place_of_step "$1")
+  point_at "$left" "$top"
+}
+
 # corner: the window's place on the screen.
 corner() {
   xwininfo -id "${1:-$window}" | awk '/Absolute upper-left X/ { x = $4 } /Absolute upper-left Y/ { y = $4 } END { print x, y }'
