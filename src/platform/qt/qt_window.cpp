@@ -98,6 +98,8 @@ void QtWindow::ShowFirst() {
 
 void QtWindow::Present() {
     if (!m_isUp) return;
+    // Dialogs are placed by it.
+    PlaceHandle();
     Scene now = SceneOf(*m_form);
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
@@ -140,11 +142,14 @@ QRegion QtWindow::TakeDamage(const Scene& now) {
     return damage;
 }
 
-void QtWindow::ShowSize(const Scene& now) {
-    // What a window manager does with a new window can leave the handle at a place where the window isn't,
-    // without a word to the widget; a change of size would then take the window there.
+void QtWindow::PlaceHandle() {
     QWindow* handle = windowHandle();
     if (handle && handle->position() != geometry().topLeft()) handle->setPosition(geometry().topLeft());
+}
+
+void QtWindow::ShowSize(const Scene& now) {
+    // A change of size would take the window to where the handle is.
+    PlaceHandle();
     setFixedSize(now.Client.Right, now.Client.Bottom);
 }
 
@@ -280,6 +285,8 @@ void QtWindow::Report(PointerKind kind, const QMouseEvent& event, Integer button
 
 void QtWindow::BeginMove(Integer button) {
     QToolTip::hideText();
+    // The window manager is told the pointer's place as the handle sees it.
+    PlaceHandle();
     if (button == kLeftButton && windowHandle()->startSystemMove()) return;
     m_movingButton = button;
     // Not where the pointer is by now, or what it has gone since the press would be lost.

@@ -59,6 +59,9 @@ private:
     void ShowFrame(const Scene& now);
     void ShowShape(const Scene& now);
     void ShowSize(const Scene& now);
+    /// Takes the handle to where the widget is. What a window manager does with a new window can leave it at
+    /// another place, without a word to the widget.
+    void PlaceHandle();
     void ShowCaption(const Scene& now);
     void TellSight(const Scene& now);
     void ShowToolTip(QHelpEvent& event);
