@@ -119,10 +119,17 @@ percent_above() {
   [ "$(percent)" -gt "$1" ]
 }
 
+# counts_on: the display has counted since the last look. A look at a moment between two tracks finds no number.
+counts_on() {
+  local last=$counted
+  counted=$(percent)
+  [ -n "$last" ] && [ -n "$counted" ] && [ "$counted" -gt "$last" ]
+}
+
 # await_progress: the display counts on from where it is.
 await_progress() {
-  await_caption '* [0-9]*% *'
-  wait_for 'the caption to count' percent_above "$(percent)"
+  counted=
+  wait_for 'the caption to count' counts_on
 }
 
 # place_of NAME: left, top, width, height of a control.
@@ -240,13 +247,21 @@ await_dialog() {
   wait_for "the dialog $1 to take the keys" has_focus "$1"
 }
 
+# is_managed WINDOW: the window manager holds it. It takes the frame away a moment after the dialog in it has gone,
+# and until then a click would fall on that.
+is_managed() {
+  xprop -root _NET_CLIENT_LIST | grep -Eqw "$(printf '0x%x' "$1")"
+}
+
 # answer TITLE KEY...: types at a dialog, and waits until it is gone.
 answer() {
-  local title=$1
+  local title=$1 dialog
   shift
   await_dialog "$title"
+  dialog=$(find_dialog "$title")
   xdotool key "$@"
   wait_for "the dialog $title to close" not has_dialog "$title"
+  wait_for "the frame of $title to go" not is_managed "$dialog"
 }
 
 # choose_file TITLE PATH: in a file chooser.
