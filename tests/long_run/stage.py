@@ -129,8 +129,10 @@ class Stage:
 
     def minimise(self):
         """A dialog that comes up meanwhile keeps the window on the screen."""
-        self.hand.minimise(self.window)
-        wait_for("the window to be minimised", lambda: self.is_minimised() or self.dialog() is not None)
+        def is_away():
+            self.hand.minimise(self.window)
+            return soon(lambda: self.is_minimised() or self.dialog() is not None)
+        wait_for("the window to be minimised", is_away)
 
     def restore(self):
         """A message that came up meanwhile can hold the window back until it is answered."""
@@ -239,6 +241,16 @@ class Stage:
         self.point_at(name)
         self.press(button)
         self.release(button)
+
+    def change_skin(self):
+        """By its button, which a window manager that is late with the last skin's shape lets a press miss."""
+        before = self.skin()
+
+        def is_other():
+            self.click("playlist")
+            return soon(lambda: self.skin() != before)
+        wait_for("another skin", is_other)
+        self.ping()
 
     def choose(self, button, shift, name):
         """Opens a chooser by a button and answers it. A window manager that is late with a new skin's size lets
