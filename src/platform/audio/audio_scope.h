@@ -20,15 +20,12 @@ public:
 private:
     struct Transform;
 
-    void FindEdges(int rateHz);
-    void Follow(const std::array<float, ScopeBars::kCount>& heights, float seconds);
+    void Follow(const std::array<float, ScopeBars::kCount>& heights, std::int64_t stepMs);
 
     const SampleRing& m_ring;
     ScopeBars& m_bars;
     std::unique_ptr<Transform> m_transform;
     SampleFrame m_frame;
-    int m_edgesRateHz = 0;
-    std::array<std::size_t, ScopeBars::kCount + 1> m_edges{}; ///< The line that each band begins with.
-    std::array<float, ScopeBars::kCount> m_peakHeldS{};
+    std::array<std::int64_t, ScopeBars::kCount> m_peakHeldMs{};
     std::int64_t m_lastMs = 0;
 };

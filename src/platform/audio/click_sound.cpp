@@ -25,10 +25,6 @@ constexpr milliseconds kReadyWait{100};
 constexpr milliseconds kMostLatency{20};
 constexpr pa_usec_t kRestUs = 500'000;
 
-milliseconds Within(milliseconds value, milliseconds most) {
-    return std::clamp(value, milliseconds(0), most);
-}
-
 } // namespace
 
 /// One attempt: a file, a connection and a stream, or the failure of one of them.
@@ -67,12 +63,10 @@ struct ClickSound::Stream {
         Forget(Timing);
         if (Rest) pa_threaded_mainloop_get_api(Loop)->time_free(Rest);
         if (Playback) {
-            pa_stream_set_state_callback(Playback, nullptr, nullptr);
             pa_stream_disconnect(Playback);
             pa_stream_unref(Playback);
         }
         if (Context) {
-            pa_context_set_state_callback(Context, nullptr, nullptr);
             pa_context_disconnect(Context);
             pa_context_unref(Context);
         }
@@ -189,8 +183,8 @@ struct ClickSound::Stream {
         const auto failed = [this] { return Current == State::Failed; };
         std::unique_lock lock(Mutex);
         Changed.wait_until(lock, start + kMostLatency, [&] { return Latency || failed(); });
-        const milliseconds latency = Within(Latency.value_or(kMostLatency), kMostLatency);
-        const milliseconds length = Within(milliseconds(Clip.LengthMs()), kMostWait - latency);
+        const milliseconds latency = std::min(Latency.value_or(kMostLatency), kMostLatency);
+        const milliseconds length = std::min(milliseconds(Clip.LengthMs()), kMostWait - latency);
         Changed.wait_until(lock, start + latency + length, failed);
         return !failed();
     }

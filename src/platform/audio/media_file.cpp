@@ -47,7 +47,6 @@ void MediaFile::SkipGiantTags() {
         if (bytes <= kTagLimit) break;
         m_start += bytes;
     }
-    m_bufferFill = 0;
 }
 
 std::int64_t MediaFile::Size() const {

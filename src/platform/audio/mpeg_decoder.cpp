@@ -36,27 +36,25 @@ MpegDecoder::MpegDecoder(FileHandle file, const std::atomic<bool>* quit)
     : m_file(std::move(file), quit), m_handle(mpg123_new(nullptr, nullptr)) {}
 
 MpegDecoder::~MpegDecoder() {
-    if (m_handle) mpg123_delete(m_handle);
+    mpg123_delete(m_handle);
 }
 
 bool MpegDecoder::Start() {
-    if (!m_handle) return false;
     mpg123_param2(m_handle, MPG123_ADD_FLAGS, MPG123_QUIET | MPG123_GAPLESS, 0);
     mpg123_param2(m_handle, MPG123_PREFRAMES, kPreFrames, 0);
     mpg123_param2(m_handle, MPG123_RESYNC_LIMIT, kJunkBytes, 0);
     mpg123_format_none(m_handle);
-    if (mpg123_format2(m_handle, 0, MPG123_MONO | MPG123_STEREO, MPG123_ENC_SIGNED_16) != MPG123_OK)
-        return false;
-    if (mpg123_replace_reader_handle(m_handle, ReadMedia, SeekMedia, nullptr) != MPG123_OK) return false;
+    mpg123_format2(m_handle, 0, MPG123_MONO | MPG123_STEREO, MPG123_ENC_SIGNED_16);
+    mpg123_replace_reader_handle(m_handle, ReadMedia, SeekMedia, nullptr);
+    // Without a handle, for want of memory, all of this fails, and this last one, too.
     if (mpg123_open_handle(m_handle, &m_file) != MPG123_OK) return false;
     long rateHz = 0;
     int channels = 0;
     int encoding = 0;
     if (mpg123_getformat(m_handle, &rateHz, &channels, &encoding) != MPG123_OK) return false;
-    if (rateHz < 1 || channels < 1 || channels > 2 || encoding != MPG123_ENC_SIGNED_16) return false;
     // From here on the library converts what differs, and the output never has to change.
     mpg123_format_none(m_handle);
-    if (mpg123_format(m_handle, rateHz, channels, MPG123_ENC_SIGNED_16) != MPG123_OK) return false;
+    mpg123_format(m_handle, rateHz, channels, MPG123_ENC_SIGNED_16);
     m_facts.Format = {static_cast<int>(rateHz), channels};
     CollectFacts();
     return true;
@@ -77,26 +75,22 @@ void MpegDecoder::CollectFacts() {
     const int samplesPerFrame = mpg123_spf(m_handle);
     m_facts.BitrateKbps = frame.bitrate;
     // A free format names no rate; its frames still have a size.
-    if (frame.bitrate <= 0 && samplesPerFrame > 0)
+    if (frame.bitrate <= 0)
         m_facts.BitrateKbps = static_cast<int>(frame.framesize * 8 * frame.rate / samplesPerFrame / 1000);
     const std::int64_t framePosition = mpg123_framepos(m_handle);
     const std::optional<InfoTag> tag = FindInfoTag(m_file, framePosition);
     if (!tag || !CanBelieve(tag->Frames, tag->Bytes, tag->At)) return;
-    if (samplesPerFrame < 1 || frame.rate < 1) return;
-    if (frame.vbr != MPG123_CBR || tag->IsVbri) {
+    if ((frame.vbr != MPG123_CBR || tag->IsVbri) && tag->Bytes > 0) {
         const double seconds =
             static_cast<double>(tag->Frames) * samplesPerFrame / static_cast<double>(frame.rate);
-        if (tag->Bytes > 0)
-            m_facts.BitrateKbps =
-                static_cast<int>(static_cast<double>(tag->Bytes) * 8 / seconds / 1000 + 0.5);
+        m_facts.BitrateKbps = static_cast<int>(static_cast<double>(tag->Bytes) * 8 / seconds / 1000 + 0.5);
     }
     if (tag->IsVbri) return;
     if (const std::int64_t length = mpg123_length(m_handle); length > 0) m_facts.LengthFrames = length;
 }
 
 void MpegDecoder::Decode(std::size_t frames, std::vector<std::int16_t>& samples) {
-    const auto channels = static_cast<std::size_t>(m_facts.Format.Channels);
-    samples.resize(frames * channels);
+    samples.resize(frames * static_cast<std::size_t>(m_facts.Format.Channels));
     const std::size_t wanted = samples.size() * sizeof(std::int16_t);
     std::size_t filled = 0;
     int errors = 0;
@@ -114,7 +108,7 @@ void MpegDecoder::Decode(std::size_t frames, std::vector<std::int16_t>& samples)
         if (at == lastErrorAt) break;
         lastErrorAt = at;
     }
-    samples.resize(filled / sizeof(std::int16_t) / channels * channels);
+    samples.resize(filled / sizeof(std::int16_t));
 }
 
 std::int64_t MpegDecoder::SeekTo(std::int64_t frame) {
@@ -136,7 +130,7 @@ std::optional<LengthScan> MpegDecoder::Scan() {
     if (scan.LengthFrames < 0) return std::nullopt;
     off_t* offsets = nullptr;
     std::size_t fill = 0;
-    if (mpg123_index(m_handle, &offsets, &scan.Index.Step, &fill) == MPG123_OK && offsets)
-        scan.Index.Offsets.assign(offsets, offsets + fill);
+    mpg123_index(m_handle, &offsets, &scan.Index.Step, &fill);
+    scan.Index.Offsets.assign(offsets, offsets + fill);
     return scan;
 }

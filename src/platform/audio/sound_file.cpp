@@ -15,7 +15,6 @@ constexpr int kMostRateHz = 192'000;
 } // namespace
 
 std::int64_t SoundClip::LengthMs() const {
-    if (RateHz <= 0 || Channels <= 0) return 0;
     const auto frames = static_cast<std::int64_t>(Samples.size()) / Channels;
     return (frames * 1000 + RateHz / 2) / RateHz;
 }
@@ -32,12 +31,11 @@ std::optional<SoundClip> ReadSoundFile(const Text& path) {
                       info.samplerate <= kMostRateHz;
     if (fits) {
         const auto channels = static_cast<std::size_t>(info.channels);
-        const std::size_t frames = kMostSamples / channels;
-        const auto stated = static_cast<std::size_t>(info.frames < 0 ? 0 : info.frames);
-        clip.Samples.resize(std::min(frames, stated) * channels);
-        const sf_count_t read = sf_readf_short(file, clip.Samples.data(),
-                                               static_cast<sf_count_t>(clip.Samples.size() / channels));
-        clip.Samples.resize(read > 0 ? static_cast<std::size_t>(read) * channels : 0);
+        const auto most = static_cast<sf_count_t>(kMostSamples / channels);
+        const sf_count_t frames = std::clamp<sf_count_t>(info.frames, 0, most);
+        clip.Samples.resize(static_cast<std::size_t>(frames) * channels);
+        const sf_count_t read = sf_readf_short(file, clip.Samples.data(), frames);
+        clip.Samples.resize(static_cast<std::size_t>(std::max<sf_count_t>(read, 0)) * channels);
     }
     sf_close(file);
     if (clip.Samples.empty()) return std::nullopt;

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <initializer_list>
 #include <mpg123.h>
+#include <span>
 #include <string_view>
 
 namespace {
@@ -11,7 +12,9 @@ namespace {
 constexpr std::size_t kTextLimit = 65536;
 constexpr int kNoGenre = 255;
 
-Text CappedText(std::string_view bytes) {
+/// Several texts in one field are parted by NULs; the first counts.
+Text TextOf(const mpg123_string& string) {
+    const std::string_view bytes(string.p, string.fill);
     Text text = TextFromBytes(bytes.substr(0, bytes.find('\0')));
     if (text.size() > kTextLimit) {
         const bool splitsPair = text[kTextLimit - 1] >= 0xD800 && text[kTextLimit - 1] < 0xDC00;
@@ -20,18 +23,12 @@ Text CappedText(std::string_view bytes) {
     return text;
 }
 
-/// Several texts in one field are parted by NULs; the first counts.
-Text TextOf(const mpg123_string& string) {
-    if (!string.p || string.fill == 0) return {};
-    return CappedText(std::string_view(string.p, string.fill));
-}
-
 /// The first field with one of `ids` that isn't empty.
 Text FirstText(const mpg123_id3v2& tag, std::initializer_list<const char*> ids) {
     for (const char* id : ids)
-        for (std::size_t i = 0; i < tag.texts; ++i) {
-            if (std::memcmp(tag.text[i].id, id, 4) != 0) continue;
-            if (Text text = TextOf(tag.text[i].text); !text.empty()) return text;
+        for (const mpg123_text& field : std::span(tag.text, tag.texts)) {
+            if (std::memcmp(field.id, id, 4) != 0) continue;
+            if (Text text = TextOf(field.text); !text.empty()) return text;
         }
     return {};
 }
@@ -39,10 +36,10 @@ Text FirstText(const mpg123_id3v2& tag, std::initializer_list<const char*> ids) 
 /// The first comment without a description; failing that the first with one.
 Text FirstComment(const mpg123_id3v2& tag) {
     Text described;
-    for (std::size_t i = 0; i < tag.comments; ++i) {
-        Text text = TextOf(tag.comment_list[i].text);
+    for (const mpg123_text& comment : std::span(tag.comment_list, tag.comments)) {
+        Text text = TextOf(comment.text);
         if (text.empty()) continue;
-        if (TextOf(tag.comment_list[i].description).empty()) return text;
+        if (TextOf(comment.description).empty()) return text;
         if (described.empty()) described = std::move(text);
     }
     return described;

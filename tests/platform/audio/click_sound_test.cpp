@@ -1,138 +1,151 @@
 // The click: heard whole, each time, before the caller goes on; and no harm where it can't be.
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
+#include <sndfile.h>
+#include <sstream>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <thread>
 
 #include "platform/audio/click_sound.h"
+#include "platform/audio/media_maker.h"
 #include "platform/audio/sound_file.h"
+#include "platform/files.h"
 #include "platform/paths.h"
 #include "support/pulse_server.h"
 
 namespace {
 
-std::string Number(std::uint32_t number, int bytes) {
-    std::string text;
-    for (int at = 0; at < bytes; ++at)
-        text += static_cast<char>(number >> (8 * at));
-    return text;
+// A wave file whose samples say how they stand, the same in each channel.
+Text CountingWave(const std::string& path, int format, int rateHz, int channels, int from, int frames) {
+    Samples16 samples;
+    for (int at = 0; at < frames * channels; ++at)
+        samples.push_back(static_cast<std::int16_t>(from + at / channels % 8000));
+    WriteWave(path, format, rateHz, channels, samples);
+    return PathText(path);
 }
 
-// A wave file of 16 bits whose samples say how they stand; stereo, so that the sink takes them unchanged.
-std::string WaveFile(std::uint32_t frames, std::uint32_t rateHz = 44100, std::uint32_t channels = 2) {
-    std::string samples;
-    for (std::uint32_t frame = 0; frame < frames; ++frame)
-        for (std::uint32_t channel = 0; channel < channels; ++channel)
-            samples += Number(1000 + frame % 20'000, 2);
-    const auto bytes = static_cast<std::uint32_t>(samples.size());
-    return "RIFF" + Number(36 + bytes, 4) + "WAVEfmt " + Number(16, 4) + Number(1, 2) + Number(channels, 2) +
-           Number(rateHz, 4) + Number(rateHz * channels * 2, 4) + Number(channels * 2, 2) + Number(16, 2) +
-           "data" + Number(bytes, 4) + samples;
+std::ptrdiff_t OpenDescriptors() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
-class Click : public testing::Test {
+class ClickTest : public testing::Test {
 protected:
-    void SetUp() override {
-        if (!PrivatePulseServer::CanRun()) GTEST_SKIP() << "no sound server here";
-        // What a monitor hears after a server took sound back isn't what was played; a pipe takes nothing
-        // back.
-        m_server.emplace(TestSink::Pipe);
-        ASSERT_TRUE(m_server->IsRunning());
+    void SetUp() override { ASSERT_TRUE(m_server.IsRunning()); }
+    // Stereo, so that the sink takes it unchanged.
+    Text File(const std::string& name, int from, int frames, int rateHz = 44100) {
+        return CountingWave(m_files.Path(name), SF_FORMAT_PCM_16, rateHz, 2, from, frames);
     }
-    Text File(const std::string& name, const std::string& bytes) {
-        const std::string path = m_server->Directory() + "/" + name;
-        std::ofstream(path, std::ios::binary) << bytes;
-        return PathText(path);
+    // Whether it plays in the end: the first calls may find a server that isn't ready.
+    bool Plays(const Text& path) {
+        return WaitUntil([&] { return m_click->PlayAndWait(path); });
     }
-    // Tries until it is heard: the first calls may find a server that isn't ready.
-    static bool HeardInTheEnd(ClickSound& click, const Text& path) {
-        for (int attempt = 0; attempt < 200; ++attempt) {
-            if (click.PlayAndWait(path)) return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        }
-        return false;
-    }
-    // How often the whole sound of `frames` stands in the recording.
-    static int Count(const std::vector<std::int16_t>& recording, int frames) {
-        int found = 0;
-        for (std::size_t at = 0; at + static_cast<std::size_t>(2 * frames) <= recording.size(); at += 2) {
-            int frame = 0;
-            while (frame < frames && recording[at + static_cast<std::size_t>(2 * frame)] == 1000 + frame)
-                ++frame;
-            if (frame == frames) ++found;
-        }
-        return found;
+    // How often the whole sound of a file stands in the recording.
+    int Count(const Text& path) {
+        const Samples16 sound = ReadSoundFile(path)->Samples;
+        const Samples16 all = m_recorder.Samples();
+        int count = 0;
+        for (auto at = all.begin();; ++at, ++count)
+            if ((at = std::search(at, all.end(), sound.begin(), sound.end())) == all.end()) return count;
     }
 
-    std::optional<PrivatePulseServer> m_server;
+    // What a monitor hears after a server took sound back isn't what was played; a pipe takes nothing back.
+    PrivatePulseServer m_server{TestSink::Pipe};
+    SoundRecorder m_recorder{m_server};
+    TempDirectory m_files;
+    std::optional<ClickSound> m_click{m_server.Address()};
 };
 
 } // namespace
 
-TEST_F(Click, IsHeardWholeBeforeTheCallerGoesOn) {
-    constexpr int kFrames = 1323;
-    const Text path = File("click.wav", WaveFile(kFrames));
-    SoundRecorder recorder(*m_server);
-    ClickSound click(m_server->Address());
-    ASSERT_TRUE(HeardInTheEnd(click, path));
+TEST_F(ClickTest, IsHeardWholeBeforeTheCallerGoesOnAndIsHeldUntilTheNext) {
     // One that follows at once takes back what isn't heard yet, so a caller who went on too soon would never
     // hear a whole one. A server that is held up loses one now and then: that one is made up for.
-    int whole = 0;
-    for (int time = 0; time < 40 && whole < 5; ++time) {
-        EXPECT_TRUE(click.PlayAndWait(path));
-        whole = Count(recorder.Samples(), kFrames);
-    }
-    EXPECT_GE(whole, 5);
-}
-
-TEST_F(Click, WithoutASoundOrAServerIsToldAtOnce) {
-    ClickSound click(m_server->Address());
-    EXPECT_FALSE(click.PlayAndWait(PathText(m_server->Directory() + "/missing.wav")));
-    EXPECT_FALSE(click.PlayAndWait(File("empty.wav", "")));
-    EXPECT_FALSE(click.PlayAndWait(File("none.wav", WaveFile(0))));
-    EXPECT_FALSE(click.PlayAndWait(File("nochannels.wav", WaveFile(10, 44100, 0))));
-    EXPECT_FALSE(click.PlayAndWait(PathText(m_server->Directory())));
-    ClickSound nowhere("unix:" + m_server->Directory() + "/nobody");
-    EXPECT_FALSE(nowhere.PlayAndWait(File("click.wav", WaveFile(100))));
-}
-
-TEST_F(Click, SurvivesAServerThatGoesAndComesBack) {
-    const Text path = File("click.wav", WaveFile(1323));
-    ClickSound click(m_server->Address());
-    ASSERT_TRUE(HeardInTheEnd(click, path));
-    m_server->Kill();
-    bool heard = true;
-    for (int attempt = 0; attempt < 200 && heard; ++attempt)
-        heard = click.PlayAndWait(path);
-    EXPECT_FALSE(heard);
-    ASSERT_TRUE(m_server->Start());
-    EXPECT_TRUE(HeardInTheEnd(click, path));
-}
-
-TEST_F(Click, AServerKilledInTheMiddleOfALongSoundFreesTheCaller) {
-    const Text path = File("long.wav", WaveFile(44100 * 20));
-    ClickSound click(m_server->Address());
-    ASSERT_TRUE(HeardInTheEnd(click, path)) << "a longer sound than a second isn't waited for";
-    std::thread killer([this] { m_server->Kill(); });
-    (void)click.PlayAndWait(path);
-    killer.join();
-}
-
-TEST(SoundFile, LongSoundsAreCutAndOddOnesRefused) {
-    const std::string directory = testing::TempDir() + "/velora-sounds";
-    std::filesystem::create_directories(directory);
-    const auto read = [&](const std::string& bytes) {
-        std::ofstream(directory + "/x.wav", std::ios::binary) << bytes;
-        return ReadSoundFile(PathText(directory + "/x.wav"));
+    const auto isHeard = [&](const Text& path, int times) {
+        times += Count(path);
+        return WaitUntil([&] { return m_click->PlayAndWait(path) && Count(path) >= times; });
     };
-    const std::optional<SoundClip> clip = read(WaveFile(441));
-    ASSERT_TRUE(clip);
-    EXPECT_EQ(clip->LengthMs(), 10);
-    EXPECT_EQ(clip->Samples.size(), 882u);
-    EXPECT_LE(read(WaveFile(2'000'000))->Samples.size(), 2u << 20);
-    EXPECT_TRUE(read(WaveFile(100, 192'000)));
-    EXPECT_FALSE(read(WaveFile(100, 400'000)));
-    EXPECT_FALSE(read("RIFF\xFF\xFF\xFF\xFFWAVEfmt "));
-    std::filesystem::remove_all(directory);
+    const Text path = File("click.wav", 1000, 1323);
+    EXPECT_TRUE(isHeard(path, 5));
+    std::string streams;
+    EXPECT_TRUE(WaitUntil([&] {
+        streams = m_server.Ask("list sink-inputs");
+        return streams.find("Corked: yes") != std::string::npos;
+    }));
+    for (const char* fact : {"s16le 2ch 44100Hz", "media.name = \"Button\"", "media.role = \"event\"",
+                             "application.name = \"Velora\"", "application.icon_name = \"velora\""})
+        EXPECT_NE(streams.find(fact), std::string::npos) << fact << " in " << streams;
+    EXPECT_TRUE(isHeard(path, 1));
+    EXPECT_TRUE(isHeard(File("other.wav", 10000, 441), 1));
+}
+
+TEST_F(ClickTest, LeavesNothingOpen) {
+    const std::ptrdiff_t before = OpenDescriptors();
+    EXPECT_TRUE(Plays(File("click.wav", 1000, 100)));
+    m_click.reset();
+    EXPECT_TRUE(WaitUntil([&] { return OpenDescriptors() == before; }));
+}
+
+TEST_F(ClickTest, WithoutASoundOrAServerIsToldAtOnceAndTriedAnew) {
+    EXPECT_FALSE(m_click->PlayAndWait(m_files.PathText("click.wav")));
+    const Text path = File("click.wav", 1000, 100);
+    EXPECT_TRUE(Plays(path));
+    EXPECT_FALSE(m_click->PlayAndWait(m_files.Put("empty.wav", "")));
+    EXPECT_FALSE(ClickSound("unix:" + m_files.Path("nobody")).PlayAndWait(path));
+    // A server that takes the connection and never answers.
+    const FileHandle deaf(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un address{AF_UNIX, {}};
+    m_files.Path("deaf").copy(address.sun_path, sizeof address.sun_path - 1);
+    ASSERT_EQ(bind(deaf.Descriptor(), reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(deaf.Descriptor(), 5), 0);
+    EXPECT_FALSE(ClickSound("unix:" + m_files.Path("deaf")).PlayAndWait(path));
+}
+
+TEST_F(ClickTest, ALongSoundIsNotWaitedForAndAServerThatDiesFreesTheCallerAndMayComeBack) {
+    using namespace std::chrono;
+    const Text path = File("long.wav", 1000, 8000 * 60, 8000);
+    auto start = steady_clock::now();
+    EXPECT_TRUE(WaitUntil([&] {
+        start = steady_clock::now();
+        return m_click->PlayAndWait(path);
+    }));
+    EXPECT_GE(steady_clock::now() - start, seconds(1));
+    EXPECT_LE(steady_clock::now() - start, seconds(30));
+    std::thread killer([this] { m_server.Kill(); });
+    EXPECT_TRUE(WaitUntil([&] { return !m_click->PlayAndWait(path); }));
+    killer.join();
+    ASSERT_TRUE(m_server.Start());
+    EXPECT_TRUE(Plays(File("short.wav", 1000, 100)));
+}
+
+TEST(SoundFileTest, EveryKindOfWaveFileIsReadAndLongOnesAreCutAndOddOnesRefused) {
+    // Format, rate in Hz, channels, frames, the bytes that the file is cut to if it is, and what is read.
+    const std::tuple<int, int, int, int, std::uintmax_t, std::string> rows[] = {
+        {SF_FORMAT_PCM_16, 44100, 2, 463, 0, "44100x2 463 10ms 8463"},
+        {SF_FORMAT_PCM_U8, 8000, 1, 5, 0, "8000x1 5 1ms 7936"},
+        {SF_FORMAT_PCM_24, 192000, 2, 96, 0, "192000x2 96 1ms 8096"},
+        {SF_FORMAT_PCM_16, 192001, 2, 100, 0, ""},
+        {SF_FORMAT_PCM_16, 1, 1, 3, 0, "1x1 3 3000ms 8003"},
+        {SF_FORMAT_PCM_16, 44100, 32, 3, 0, "44100x32 3 0ms 8003"},
+        {SF_FORMAT_PCM_16, 44100, 33, 3, 0, ""},
+        {SF_FORMAT_PCM_16, 44100, 2, 0, 0, ""},
+        {SF_FORMAT_PCM_16, 44100, 1, 100, 46, "44100x1 1 0ms 8001"},
+        {SF_FORMAT_PCM_16, 44100, 1, 100, 30, ""},
+        {SF_FORMAT_PCM_16, 44100, 3, 699050, 0, "44100x3 699050 15851ms 11050"},
+        {SF_FORMAT_PCM_16, 44100, 3, 699051, 0, "44100x3 699050 15851ms 11050"},
+    };
+    const TempDirectory files;
+    const std::ptrdiff_t before = OpenDescriptors();
+    for (const auto& [format, rateHz, channels, frames, bytes, read] : rows) {
+        const Text path = CountingWave(files.Path("wave"), format, rateHz, channels, 8001, frames);
+        if (bytes > 0) std::filesystem::resize_file(files.Path("wave"), bytes);
+        std::ostringstream text;
+        if (const std::optional<SoundClip> clip = ReadSoundFile(path))
+            text << clip->RateHz << "x" << clip->Channels << " " << clip->Samples.size() / clip->Channels
+                 << " " << clip->LengthMs() << "ms " << clip->Samples.back();
+        EXPECT_EQ(text.str(), read) << frames << " frames";
+    }
+    EXPECT_EQ(OpenDescriptors(), before);
 }
