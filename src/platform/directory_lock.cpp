@@ -21,9 +21,7 @@ DirectoryLock::DirectoryLock(Loop& loop, TextView directory) {
     if (!handle) return;
     const std::int64_t startMs = loop.NowMs();
     while (flock(handle.Descriptor(), LOCK_EX | LOCK_NB) != 0) {
-        const bool taken = errno == EWOULDBLOCK;
-        if (errno == EINTR) continue;
-        if (!taken || loop.NowMs() - startMs >= kMostWaitMs) return;
+        if (errno != EWOULDBLOCK || loop.NowMs() - startMs >= kMostWaitMs) return;
         Delay(loop, kSecondsBetweenTries);
     }
     m_directory = std::move(handle);

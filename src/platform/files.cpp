@@ -11,10 +11,7 @@
 #include "platform/paths.h"
 
 FileHandle& FileHandle::operator=(FileHandle&& other) noexcept {
-    if (this != &other) {
-        if (m_descriptor >= 0) close(m_descriptor);
-        m_descriptor = other.Release();
-    }
+    std::swap(m_descriptor, other.m_descriptor);
     return *this;
 }
 
@@ -29,7 +26,7 @@ int FileHandle::Release() {
 FileHandle OpenForReading(const std::string& pathBytes) {
     FileHandle file(open(pathBytes.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
     struct stat facts {};
-    if (!file || fstat(file.Descriptor(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
+    if (fstat(file.Descriptor(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
     return file;
 }
 
@@ -46,8 +43,8 @@ void MakeDirectory(TextView directory) {
 
 std::optional<std::string> ReadFileBytes(const FileHandle& file, std::size_t limit) {
     struct stat facts {};
-    if (!file || fstat(file.Descriptor(), &facts) != 0) return std::nullopt;
-    if (facts.st_size < 0 || static_cast<std::size_t>(facts.st_size) > limit) return std::nullopt;
+    if (fstat(file.Descriptor(), &facts) != 0) return std::nullopt;
+    if (static_cast<std::size_t>(facts.st_size) > limit) return std::nullopt;
     std::string bytes(static_cast<std::size_t>(facts.st_size) + 1, '\0');
     std::size_t filled = 0;
     for (;;) {

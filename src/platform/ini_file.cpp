@@ -12,7 +12,7 @@ bool SameTime(const timespec& left, const timespec& right) {
 std::optional<IniFile> OpenIniFile(const std::string& pathBytes) {
     IniFile file;
     file.Handle = OpenForReading(pathBytes);
-    if (!file.Handle || fstat(file.Handle.Descriptor(), &file.Facts) != 0) return std::nullopt;
+    if (fstat(file.Handle.Descriptor(), &file.Facts) != 0) return std::nullopt;
     std::optional<std::string> bytes = ReadFileBytes(file.Handle, kMostIniBytes);
     if (!bytes) return std::nullopt;
     file.Content = IniText(std::move(*bytes));

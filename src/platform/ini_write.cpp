@@ -103,11 +103,11 @@ private:
 };
 
 // A new name is on the disk once its directory is; if that fails the file is whole all the same.
-void FlushDirectoryOf(const std::string& path) {
+void FlushDirectoryOf(const std::string& path, const FileCalls& calls) {
     const std::string directory = path.substr(0, path.rfind('/') + 1);
     const FileHandle handle(
         open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (handle) fsync(handle.Descriptor());
+    if (handle) calls.Flush(handle.Descriptor());
 }
 
 Outcome WriteOnce(const std::string& target, std::string_view section, std::string_view key,
@@ -130,7 +130,7 @@ Outcome WriteOnce(const std::string& target, std::string_view section, std::stri
     if (!fresh.Fill(*content, old ? &old->Facts : nullptr)) return Outcome::Failed;
     if (old ? !IsUnchanged(*old, target) : IsThere(target)) return Outcome::ChangedMeanwhile;
     if (!fresh.MoveTo(target)) return Outcome::Failed;
-    FlushDirectoryOf(target);
+    FlushDirectoryOf(target, calls);
     return Outcome::Written;
 }
 

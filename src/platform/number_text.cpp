@@ -12,7 +12,6 @@ constexpr std::string_view kBlanks = " \t";
 // number.
 std::string TrimmedAscii(TextView text) {
     std::string ascii;
-    ascii.reserve(text.size());
     for (const char16_t letter : text) {
         if (letter >= 0x80) return {};
         ascii.push_back(static_cast<char>(letter));

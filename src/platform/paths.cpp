@@ -1,15 +1,15 @@
 // Paths travel as the bytes that the machine has; texts are only mapped, never normalised.
 #include "platform/paths.h"
 
-#include <algorithm>
 #include <dirent.h>
+#include <filesystem>
 #include <memory>
-#include <sys/stat.h>
-#include <unicode/utf16.h>
 #include <unicode/utf8.h>
 #include <vector>
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr char16_t kBackslashInName = 0xF05C;
 constexpr char16_t kFirstRawByte = 0xF700;
@@ -33,14 +33,14 @@ std::vector<std::string> NamesIn(const std::string& directory) {
     return names;
 }
 
-bool IsThere(const std::string& path) {
-    struct stat facts {};
-    return stat(path.c_str(), &facts) == 0;
+bool IsThere(const fs::path& path) {
+    std::error_code ignored;
+    return fs::exists(path, ignored);
 }
 
-bool IsPlainFile(const std::string& path) {
-    struct stat facts {};
-    return stat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+bool IsPlainFile(const fs::path& path) {
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored);
 }
 
 Text LowerName(std::string_view name) {
@@ -58,36 +58,24 @@ std::optional<std::string> NameWithoutCase(const std::string& directory, std::st
 
 // Walks `path` from its first component; each as written, else without regard to case.
 std::optional<std::string> Walk(const std::string& path) {
-    std::string found = path.starts_with('/') ? "/" : "";
-    std::size_t at = 0;
-    while (at < path.size()) {
-        const std::size_t end = std::min(path.find('/', at), path.size());
-        const std::string component = path.substr(at, end - at);
-        at = end + 1;
+    fs::path found;
+    for (const fs::path& component : fs::path(path)) {
         if (component.empty()) continue;
-        if (!found.empty() && found.back() != '/') found += '/';
-        if (IsThere(found + component)) {
-            found += component;
+        if (IsThere(found / component)) {
+            found /= component;
             continue;
         }
-        const std::optional<std::string> other = NameWithoutCase(found, component);
+        const std::optional<std::string> other = NameWithoutCase(found, component.native());
         if (!other) return std::nullopt;
-        found += *other;
+        found /= *other;
     }
-    return IsThere(found) ? std::optional(found) : std::nullopt;
+    return IsThere(found) ? std::optional<std::string>(found) : std::nullopt;
 }
 
 std::optional<std::string> FindBytes(const std::string& path) {
     if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
     if (IsThere(path)) return path;
     return Walk(path);
-}
-
-// Splits at the last slash; the directory keeps it.
-std::pair<std::string, std::string> SplitBytes(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == std::string::npos) return {"", path};
-    return {path.substr(0, slash + 1), path.substr(slash + 1)};
 }
 
 // Whether `name` matches `pattern`, in which `*` is any run of characters and `?` any one.
@@ -114,14 +102,13 @@ bool MatchesPattern(TextView name, TextView pattern) {
 
 // Whether a plain file of `directory` matches; `*.*` means all files, as it always has.
 bool AnyFileMatches(const std::string& directory, std::string_view pattern) {
-    const std::optional<std::string> found =
-        directory.empty() ? std::optional<std::string>("") : FindBytes(directory);
+    const std::optional<std::string> found = FindBytes(directory.empty() ? "." : directory);
     if (!found) return false;
-    const std::string prefix = found->empty() || found->back() == '/' ? *found : *found + '/';
     const bool all = pattern.empty() || pattern == "*.*";
     const Text lowerPattern = LowerName(pattern);
     for (const std::string& name : NamesIn(*found))
-        if ((all || MatchesPattern(LowerName(name), lowerPattern)) && IsPlainFile(prefix + name)) return true;
+        if ((all || MatchesPattern(LowerName(name), lowerPattern)) && IsPlainFile(fs::path(*found) / name))
+            return true;
     return false;
 }
 
@@ -162,11 +149,8 @@ Text PathText(std::string_view bytes) {
             path.push_back(u'\\');
         } else if (letter == '\\') {
             path.push_back(kBackslashInName);
-        } else if (letter <= 0xFFFF) {
-            path.push_back(static_cast<char16_t>(letter));
         } else {
-            path.push_back(U16_LEAD(letter));
-            path.push_back(U16_TRAIL(letter));
+            AppendUtf16(path, static_cast<char32_t>(letter));
         }
     }
     return path;
@@ -179,12 +163,11 @@ std::optional<std::string> FindPath(TextView path) {
 std::optional<std::string> FindPathForWriting(TextView path) {
     const std::string bytes = PathBytes(path);
     if (std::optional<std::string> found = FindBytes(bytes)) return found;
-    const auto [directory, name] = SplitBytes(bytes);
+    const std::string directory = fs::path(bytes).parent_path(), name = fs::path(bytes).filename();
     if (name.empty() || name.find('\0') != std::string::npos) return std::nullopt;
     if (directory.empty()) return name;
-    std::optional<std::string> found = FindBytes(directory);
-    if (!found) return std::nullopt;
-    return found->back() == '/' ? *found + name : *found + '/' + name;
+    const std::optional<std::string> found = FindBytes(directory);
+    return found ? std::optional<std::string>(fs::path(*found) / name) : std::nullopt;
 }
 
 Text GetFileName(TextView Path) {
@@ -196,10 +179,10 @@ bool FileExists(TextView Path) {
     if (Path.empty()) return false;
     const std::string bytes = PathBytes(Path);
     if (bytes.find('\0') != std::string::npos) return false;
-    const auto [directory, name] = SplitBytes(bytes);
+    const std::string name = fs::path(bytes).filename();
     if (name.empty() || name.find_first_of("*?") != std::string::npos) {
         // A name that holds a wildcard may still be a file's own.
-        return IsPlainFile(bytes) || AnyFileMatches(directory, name);
+        return IsPlainFile(bytes) || AnyFileMatches(fs::path(bytes).parent_path(), name);
     }
     const std::optional<std::string> found = FindBytes(bytes);
     return found && IsPlainFile(*found);

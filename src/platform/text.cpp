@@ -15,16 +15,58 @@ constexpr char16_t kWindows1252[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0
                                        0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-// Gives each code point of `text` to `take`; half of a pair comes as U+FFFD.
-template<typename Take>
-void ForEachCodePoint(TextView text, Take take) {
-    const auto length = static_cast<std::int64_t>(text.size());
-    std::int64_t at = 0;
-    while (at < length) {
-        char32_t letter = 0;
-        U16_NEXT(text.data(), at, length, letter);
-        take(U_IS_SURROGATE(letter) ? kReplacement : letter);
+// Decodes the letter at `at` and moves `at` behind it; half of a pair is a letter of its own.
+char32_t NextLetter(TextView text, std::size_t& at) {
+    char32_t letter = 0;
+    U16_NEXT(text.data(), at, text.size(), letter);
+    return letter;
+}
+
+// Decodes one letter of UTF-8 at `at` and moves `at` behind it; below 0 for bytes that are none.
+UChar32 NextUtf8(std::string_view bytes, std::size_t& at) {
+    UChar32 letter = 0;
+    U8_NEXT(bytes.data(), at, bytes.size(), letter);
+    return letter;
+}
+
+} // namespace
+
+bool IsUtf8(std::string_view bytes) {
+    for (std::size_t at = 0; at < bytes.size();)
+        if (NextUtf8(bytes, at) < 0) return false;
+    return true;
+}
+
+Text TextFromBytes(std::string_view bytes) {
+    Text text;
+    text.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size();) {
+        const UChar32 letter = NextUtf8(bytes, at);
+        if (letter < 0) {
+            text.clear();
+            break;
+        }
+        AppendUtf16(text, static_cast<char32_t>(letter));
     }
+    if (!text.empty()) return text;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        text.push_back(code >= 0x80 && code < 0xA0 ? kWindows1252[code - 0x80] : char16_t(code));
+    }
+    return text;
+}
+
+std::string Utf8(TextView text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t letter = NextLetter(text, at);
+        char buffer[U8_MAX_LENGTH];
+        int length = 0;
+        U8_APPEND_UNSAFE(buffer, length, U_IS_SURROGATE(letter) ? kReplacement : letter);
+        bytes.append(buffer, static_cast<std::size_t>(length));
+    }
+    return bytes;
 }
 
 void AppendUtf16(Text& text, char32_t letter) {
@@ -36,70 +78,23 @@ void AppendUtf16(Text& text, char32_t letter) {
     text.push_back(U16_TRAIL(letter));
 }
 
-// Decodes one letter of UTF-8 at `at` and moves `at` behind it; below 0 for bytes that are none.
-UChar32 NextUtf8(std::string_view bytes, std::int64_t& at) {
-    UChar32 letter = 0;
-    const auto length = static_cast<std::int64_t>(bytes.size());
-    U8_NEXT(bytes.data(), at, length, letter);
-    return letter;
-}
-
-} // namespace
-
-bool IsUtf8(std::string_view bytes) {
-    std::int64_t at = 0;
-    while (at < static_cast<std::int64_t>(bytes.size()))
-        if (NextUtf8(bytes, at) < 0) return false;
-    return true;
-}
-
-Text TextFromBytes(std::string_view bytes) {
-    Text text;
-    text.reserve(bytes.size());
-    std::int64_t at = 0;
-    while (at < static_cast<std::int64_t>(bytes.size())) {
-        const UChar32 letter = NextUtf8(bytes, at);
-        if (letter < 0) {
-            text.clear();
-            break;
-        }
-        AppendUtf16(text, static_cast<char32_t>(letter));
-    }
-    if (!text.empty() || bytes.empty()) return text;
-    for (const char byte : bytes) {
-        const auto code = static_cast<unsigned char>(byte);
-        text.push_back(code >= 0x80 && code < 0xA0 ? kWindows1252[code - 0x80] : char16_t(code));
-    }
-    return text;
-}
-
-std::string Utf8(TextView text) {
-    std::string bytes;
-    bytes.reserve(text.size());
-    ForEachCodePoint(text, [&](char32_t letter) {
-        char buffer[U8_MAX_LENGTH];
-        int length = 0;
-        U8_APPEND_UNSAFE(buffer, length, letter);
-        bytes.append(buffer, static_cast<std::size_t>(length));
-    });
-    return bytes;
+char32_t NextLowerLetter(TextView text, std::size_t& at) {
+    return static_cast<char32_t>(u_tolower(static_cast<UChar32>(NextLetter(text, at))));
 }
 
 Text LowerCase(TextView text) {
     Text lower;
     lower.reserve(text.size());
-    const auto length = static_cast<std::int64_t>(text.size());
-    std::int64_t at = 0;
-    while (at < length) {
-        char32_t letter = 0;
-        U16_NEXT(text.data(), at, length, letter);
-        AppendUtf16(lower, static_cast<char32_t>(u_tolower(static_cast<UChar32>(letter))));
-    }
+    for (std::size_t at = 0; at < text.size();)
+        AppendUtf16(lower, NextLowerLetter(text, at));
     return lower;
 }
 
 bool EqualIgnoringCase(TextView left, TextView right) {
-    return LowerCase(left) == LowerCase(right);
+    if (left.size() != right.size()) return false;
+    for (std::size_t leftAt = 0, rightAt = 0; leftAt < left.size();)
+        if (NextLowerLetter(left, leftAt) != NextLowerLetter(right, rightAt)) return false;
+    return true;
 }
 
 Text Decimal(std::int64_t number) {

@@ -19,6 +19,12 @@ using TextView = std::u16string_view;
 /// `text` in UTF-8. Half of a surrogate pair without the other half becomes U+FFFD.
 [[nodiscard]] std::string Utf8(TextView text);
 
+/// Adds one letter, as two halves if it needs them.
+void AppendUtf16(Text& text, char32_t letter);
+
+/// Decodes the letter at `at` in lower case, as `LowerCase` does, and moves `at` behind it.
+[[nodiscard]] char32_t NextLowerLetter(TextView text, std::size_t& at);
+
 /// `text` in lower case by the one-to-one mapping of Unicode, whatever the locale. The number of
 /// characters stays.
 [[nodiscard]] Text LowerCase(TextView text);

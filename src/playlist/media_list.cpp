@@ -1,4 +1,4 @@
-// A line of a playlist can be as long as its file, so names are hashed and compared piece by piece: a
+// A line of a playlist can be as long as its file, so names are hashed and compared letter by letter: a
 // lower-case copy of the whole would cost several times the file.
 #include "playlist/media_list.h"
 
@@ -22,34 +22,11 @@ constexpr TypeRow kTypes[] = {
 
 constexpr TextView kLongExtension = u".mpeg";
 
-// The length of the next piece of `text`, of about 1,000 characters; a surrogate pair stays in one piece.
-std::size_t PieceLength(TextView text) {
-    constexpr std::size_t kMost = 1000;
-    if (text.size() <= kMost) return text.size();
-    const bool cutsPair = (text[kMost - 1] & 0xFC00) == 0xD800;
-    return cutsPair ? kMost + 1 : kMost;
-}
-
 std::uint64_t HashIgnoringCase(TextView name) {
     std::uint64_t hash = 0xCBF29CE484222325;
-    while (!name.empty()) {
-        const std::size_t length = PieceLength(name);
-        for (const char16_t letter : LowerCase(name.substr(0, length)))
-            hash = (hash ^ letter) * 0x100000001B3;
-        name.remove_prefix(length);
-    }
+    for (std::size_t at = 0; at < name.size();)
+        hash = (hash ^ NextLowerLetter(name, at)) * 0x100000001B3;
     return hash;
-}
-
-bool SameName(TextView left, TextView right) {
-    if (left.size() != right.size()) return false;
-    while (!left.empty()) {
-        const std::size_t length = PieceLength(left);
-        if (!EqualIgnoringCase(left.substr(0, length), right.substr(0, length))) return false;
-        left.remove_prefix(length);
-        right.remove_prefix(length);
-    }
-    return true;
 }
 
 // Brings the index up to the list's end, whoever has filled the list.
@@ -87,15 +64,11 @@ Long MediaTypeOf(TextView Extension) {
 
 Integer FindMedia(Velora& velora, TextView FileName) {
     CatchUp(velora);
-    Integer first = 0;
     const auto [begin, end] = velora.MediaNames.Places.equal_range(HashIgnoringCase(FileName));
-    for (auto place = begin; place != end; ++place) {
-        const Integer index = place->second;
-        if ((first == 0 || index < first) &&
-            SameName(velora.MediaList[static_cast<std::size_t>(index)].File, FileName))
-            first = index;
-    }
-    return first;
+    for (auto place = begin; place != end; ++place)
+        if (EqualIgnoringCase(velora.MediaList[static_cast<std::size_t>(place->second)].File, FileName))
+            return place->second;
+    return 0;
 }
 
 Integer AppendMedia(Velora& velora, Text path, Text file, Integer flag) {

@@ -22,7 +22,7 @@ enum MediaType : Long {
 /// The kind of an extension in any case; 0 for one that isn't known.
 [[nodiscard]] Long MediaTypeOf(TextView Extension);
 
-/// The first entry whose `File` equals `FileName` without regard to case, 0 if there is none.
+/// The entry whose `File` equals `FileName` without regard to case, 0 if there is none.
 [[nodiscard]] Integer FindMedia(Velora& velora, TextView FileName);
 
 /// Fills the element behind the last one, whatever the kind of file. Its index, or 0 if the array is full.

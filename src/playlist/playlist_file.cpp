@@ -113,7 +113,6 @@ std::optional<std::string_view> PlaylistLines::Next() {
 }
 
 void LoadPlaylistFile(Velora& velora, Integer Index) {
-    if (Index < 1 || static_cast<std::size_t>(Index) >= velora.Playlists.size()) return;
     const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(Index)];
     const Text path = record.Path + record.File;
     if (!FileExists(path)) return;

@@ -1,121 +1,91 @@
-// The grammar of ini files and the exact bytes of a changed one.
+// The grammar of ini files, and the exact bytes of a changed one: each row is looked up and written to.
 #include <gtest/gtest.h>
 
 #include "platform/ini_text.h"
 
 namespace {
 
+using namespace std::string_view_literals;
+
+constexpr std::string_view kNothing = "(nothing)";
+
 std::string Found(std::string_view ini, std::string_view section, std::string_view key) {
     const IniText text{std::string(ini)};
-    const auto value = text.Find(section, key);
-    return value ? std::string(*value) : "(nothing)";
+    return std::string(text.Find(section, key).value_or(kNothing));
 }
 
 std::string Changed(std::string_view ini, std::string_view section, std::string_view key,
                     std::string_view value) {
-    return IniText(std::string(ini)).With(section, key, value).value_or("(nothing)");
+    return IniText(std::string(ini)).With(section, key, value).value_or(std::string(kNothing));
 }
+
+// A file, the key `z` of its section `a`, and the file with `new` for the key's value.
+constexpr std::string_view kFiles[][4] = {
+    {"no bytes", "", kNothing, "[a]\r\nz=new\r\n"},
+    {"a byte order mark alone", "\xEF\xBB\xBF", kNothing, "\xEF\xBB\xBF[a]\r\nz=new\r\n"},
+    {"a byte order mark in front", "\xEF\xBB\xBF[a]\nz=1", "1", "\xEF\xBB\xBF[a]\nz=new"},
+    {"other case and blanks", "; \xE4\n\n\t [ A ] b\n y = 2 \n\v Z\f= 1 2\t\n[c]", "1 2",
+     "; \xE4\n\n\t [ A ] b\n y = 2 \nz=new\n[c]"},
+    {"line ends of all kinds", "[a]\r\nx=3\ry=2\nz=1\r\nw=4", "1", "[a]\r\nx=3\ry=2\nz=new\r\nw=4"},
+    {"a last line without an end", "[a]\rz=1", "1", "[a]\rz=new"},
+    {"a key twice", "[a]\nz=\nz=2\n", "", "[a]\nz=new\nz=2\n"},
+    {"a section twice", "[b]\nz=3\n[A]\nz=1\n[a]\nz=4\n[C]\nz=5\n", "1",
+     "[b]\nz=3\n[A]\nz=new\n[a]\nz=4\n[C]\nz=5\n"},
+    {"a key in the second section of the name", "[a]\ny=1\n[a]\nz=2\n", kNothing,
+     "[a]\ny=1\nz=new\n[a]\nz=2\n"},
+    {"names that begin like it", "[ab]\nz=1\n[a]\nzz=2\n\nz z=3\n[aa]", kNothing,
+     "[ab]\nz=1\n[a]\nzz=2\n\nz z=3\nz=new\n[aa]"},
+    {"comments and lines without a key", "[a]\n; z=1\n=2\nz\n  ;z=3\nz=4;5=6\n", "4;5=6",
+     "[a]\n; z=1\n=2\nz\n  ;z=3\nz=new\n"},
+    {"a key above all sections", "z=0\n", kNothing, "z=0\n[a]\nz=new\n"},
+    {"a header without its bracket", "[b\nx=2\n[a\nz=1\n", "1", "[b\nx=2\n[a\nz=new\n"},
+    {"a header that holds a key", "[a]z=c]\n", kNothing, "[a]z=c]\nz=new\n"},
+    {"a bracket alone", "[", kNothing, "[\r\n[a]\r\nz=new\r\n"},
+    {"a header alone", "[a]", kNothing, "[a]\r\nz=new\r\n"},
+    {"a section of comments", "[a]\n; note\n[b]\nz=1\n", kNothing, "[a]\nz=new\n; note\n[b]\nz=1\n"},
+    {"a last key without a line end", "[a]\nx=1", kNothing, "[a]\nx=1\nz=new\n"},
+    {"a comment behind the last key", "[a]\nx=1\n; note\n\n[b]\ny=2\n", kNothing,
+     "[a]\nx=1\nz=new\n; note\n\n[b]\ny=2\n"},
+    {"no such section", "[b]\rx=1\r\r", kNothing, "[b]\rx=1\r\r[a]\rz=new\r"},
+    {"16-bit text", "\xFF\xFE[\0a\0]\0\n\0z\0=\0"sv, kNothing, "\xFF\xFE[\0a\0]\0\n\0z\0=\0\n[a]\nz=new\n"sv},
+    {"NULs in front of a header", "\0\0[a]\nz=1\x1A"sv, kNothing, "\0\0[a]\nz=1\x1A\n[a]\nz=new\n"sv},
+};
+
+// A line, its value without white space and one pair of quotation marks, and the line that has that value.
+constexpr std::string_view kValues[][3] = {
+    {"z= \t\v\f1 'x' 2\t\v\f ", "1 'x' 2", "z=1 'x' 2"},
+    {"z=\"\t b \"", "\t b ", "z=\"\t b \""},
+    {"z='b'", "b", "z=b"},
+    {"z=\"\"b\"\"", "\"b\"", "z=\"\"b\"\""},
+    {"z='\"b\"'", "\"b\"", "z=\"\"b\"\""},
+    {"z=\"b'", "\"b'", "z=\"b'"},
+    {"z=b\"", "b\"", "z=b\""},
+    {"z=\"", "\"", "z=\""},
+    {"z=''", "", "z="},
+    {"z= ", "", "z="},
+    {"z=\" \"\"", " \"", "z=\" \"\""},
+};
 
 } // namespace
 
-TEST(IniTextFind, NamesMatchWithoutCaseAndBlanksAroundThem) {
-    constexpr std::string_view kIni = " [ SETTINGS ] x\n\t wIDTH  =  12 3\t\n";
-    EXPECT_EQ(Found(kIni, "Settings", "Width"), "12 3");
-    EXPECT_EQ(Found(kIni, " settings ", " width "), "12 3");
-    EXPECT_EQ(Found(kIni, "Settings", "Widt"), "(nothing)");
-    EXPECT_EQ(Found(kIni, "Setting", "Width"), "(nothing)");
-}
-
-TEST(IniTextFind, EveryLineEndCounts) {
-    EXPECT_EQ(Found("[a]\r\nx=1\ry=2\nz=3", "a", "x"), "1");
-    EXPECT_EQ(Found("[a]\r\nx=1\ry=2\nz=3", "a", "y"), "2");
-    EXPECT_EQ(Found("[a]\r\nx=1\ry=2\nz=3", "a", "z"), "3");
-}
-
-TEST(IniTextFind, TheFirstSectionAndTheFirstKeyWin) {
-    constexpr std::string_view kIni = "[a]\nx=\nx=2\n[b]\nx=3\n[A]\nx=4\ny=5\n";
-    EXPECT_EQ(Found(kIni, "a", "x"), "");
-    EXPECT_EQ(Found(kIni, "a", "y"), "(nothing)");
-    EXPECT_EQ(Found(kIni, "b", "x"), "3");
-}
-
-TEST(IniTextFind, OnePairOfQuotationMarksGoes) {
-    EXPECT_EQ(Found("[a]\nx=\" b \"", "a", "x"), " b ");
-    EXPECT_EQ(Found("[a]\nx='b'", "a", "x"), "b");
-    EXPECT_EQ(Found("[a]\nx=\"\"b\"\"", "a", "x"), "\"b\"");
-    EXPECT_EQ(Found("[a]\nx=\"b'", "a", "x"), "\"b'");
-    EXPECT_EQ(Found("[a]\nx=\"", "a", "x"), "\"");
-    EXPECT_EQ(Found("[a]\nx=\"\"", "a", "x"), "");
-}
-
-TEST(IniTextFind, CommentsAndLinesWithoutAKeyArePassedOver) {
-    constexpr std::string_view kIni = "x=0\n[a]\n; x=1\n=2\nx\n  ;x=3\nx=4;5\n";
-    EXPECT_EQ(Found(kIni, "a", "x"), "4;5");
-    EXPECT_EQ(Found(kIni, "", "x"), "(nothing)") << "keys above all sections belong to none";
-}
-
-TEST(IniTextFind, AHeaderWithoutItsBracketIsAHeaderAllTheSame) {
-    EXPECT_EQ(Found("[a]\n[b\nx=1\n", "a", "x"), "(nothing)");
-    EXPECT_EQ(Found("[a]\n[b\nx=1\n", "b", "x"), "1");
-    EXPECT_EQ(Found("[", "", ""), "(nothing)");
-    EXPECT_EQ(Found("[a]b=c]\nx=1", "a", "x"), "1");
-}
-
-TEST(IniTextFind, AByteOrderMarkDoesNotHideTheFirstSection) {
-    EXPECT_EQ(Found("\xEF\xBB\xBF[a]\nx=1", "a", "x"), "1");
-    EXPECT_EQ(Found("\xEF\xBB\xBF", "a", "x"), "(nothing)");
-}
-
-TEST(IniTextFind, WideTextAndBinaryGiveNothing) {
-    EXPECT_EQ(Found(std::string_view("\xFF\xFE[\0a\0]\0\n\0x\0=\0", 14), "a", "x"), "(nothing)");
-    EXPECT_EQ(Found(std::string_view("\0\0\0[a]\nx=1", 11), "a", "x"), "(nothing)");
-    EXPECT_EQ(Found("[a]\nx=1\n\x1A", "a", "x"), "1");
-}
-
-TEST(IniTextWith, AnEmptyFileGetsItsSectionWithCarriageReturns) {
-    EXPECT_EQ(Changed("", "Settings", "Count", "1"), "[Settings]\r\nCount=1\r\n");
-    EXPECT_EQ(Changed("\xEF\xBB\xBF", "a", "x", "1"), "\xEF\xBB\xBF[a]\r\nx=1\r\n");
-}
-
-TEST(IniTextWith, ALineIsReplacedAndAllOthersStayByteForByte) {
-    EXPECT_EQ(Changed("; one\n\n[a]\n y = 2 \n  X =  old  \nx=later\n\xE4\n", "A", "x", "new"),
-              "; one\n\n[a]\n y = 2 \nx=new\nx=later\n\xE4\n");
-    EXPECT_EQ(Changed("[a]\nx=old", "a", "x", "new"), "[a]\nx=new") << "no line end comes to the last line";
-}
-
-TEST(IniTextWith, ANewKeyComesBehindTheLastKeyOfItsSection) {
-    EXPECT_EQ(Changed("[a]\nx=1\n; note\n\n[b]\ny=2\n", "a", "z", "3"),
-              "[a]\nx=1\nz=3\n; note\n\n[b]\ny=2\n");
-    EXPECT_EQ(Changed("[a]\n; note\n[b]\n", "a", "z", "3"), "[a]\nz=3\n; note\n[b]\n");
-    EXPECT_EQ(Changed("[a]\nx=1", "a", "z", "3"), "[a]\nx=1\nz=3\n");
-    EXPECT_EQ(Changed("[a]", "a", "z", "3"), "[a]\r\nz=3\r\n");
-}
-
-TEST(IniTextWith, ANewSectionComesAtTheEnd) {
-    EXPECT_EQ(Changed("[a]\rx=1", "b", "y", "2"), "[a]\rx=1\r[b]\ry=2\r");
-    EXPECT_EQ(Changed("[a]\r\nx=1\r\n\r\n", "b", "y", "2"), "[a]\r\nx=1\r\n\r\n[b]\r\ny=2\r\n");
-}
-
-TEST(IniTextWith, AValueThatAReadWouldStripIsQuoted) {
-    for (const std::string_view value :
-         {" x", "x\t", "\"x\"", "'x'", "\" x", "\"", "", "\"'", "x=y;z", "\"\"", " \" "}) {
-        const std::string changed = Changed("[a]\nx=1\n", "a", "x", value);
-        EXPECT_EQ(Found(changed, "a", "x"), value) << changed;
+TEST(IniText, IsReadAndChangedInOnePlace) {
+    for (const auto& [name, ini, found, changed] : kFiles) {
+        EXPECT_EQ(Found(ini, " A", "Z "), found) << name;
+        EXPECT_EQ(Changed(ini, " a ", " z ", "new"), changed) << name;
     }
-    EXPECT_EQ(Changed("", "a", "x", "plain 'text'"), "[a]\r\nx=plain 'text'\r\n");
 }
 
-TEST(IniTextWith, WhatCouldNotBeFoundAgainIsRefused) {
-    EXPECT_EQ(Changed("[a]\n", "a", "x", "1\n[b]\ny=2"), "(nothing)");
-    EXPECT_EQ(Changed("[a]\n", "a", "x", "1\r"), "(nothing)");
-    EXPECT_EQ(Changed("[a]\n", "a", "x=y", "1"), "(nothing)");
-    EXPECT_EQ(Changed("[a]\n", "a", ";x", "1"), "(nothing)");
-    EXPECT_EQ(Changed("[a]\n", "a]b", "x", "1"), "(nothing)");
-    EXPECT_EQ(Changed("[a]\n", "a", "[x", "1"), "(nothing)");
+TEST(IniText, AValueIsStrippedAndQuotedWhereItNeedsIt) {
+    for (const auto& [line, value, rewritten] : kValues) {
+        EXPECT_EQ(Found("[a]\n" + std::string(line), "a", "z"), value) << line;
+        EXPECT_EQ(Changed("[a]\nz=1", "a", "z", value), "[a]\n" + std::string(rewritten)) << line;
+    }
 }
 
-TEST(IniText, AnObjectThatWasMovedStillFindsItsValues) {
-    IniText first("[a]\nx=1");
-    const IniText second = std::move(first);
-    EXPECT_EQ(second.Find("a", "x"), "1");
+TEST(IniText, WhatCouldNotBeFoundAgainIsNotWritten) {
+    for (const std::string_view value : {"1\n[b]\ny=2", "1\r"})
+        EXPECT_EQ(Changed("[a]\n", "a", "z", value), kNothing) << value;
+    for (const std::string_view key : {"z=y", ";z", "[z", "z\ny"})
+        EXPECT_EQ(Changed("[a]\n", "a", key, "1"), kNothing) << key;
+    EXPECT_EQ(Changed("[a]\n", "a]b", "z", "1"), kNothing);
 }

@@ -1,8 +1,11 @@
-// The door between backslash-separated texts and this machine's paths.
+// The door between backslash-separated texts and this machine's paths, and what is opened through it.
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "platform/files.h"
 #include "platform/machine.h"
@@ -12,127 +15,169 @@
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_view_literals;
 
-// A directory with files of the given names (directories end in a slash), gone with the test.
+constexpr std::pair<std::string_view, TextView> kTexts[] = {
+    {"/a/b c.mp3", u"\\a\\b c.mp3"},
+    {"../back\\slash\0"sv, u"..\\back\uF05Cslash\0"sv},
+    {"not\xFFutf8\xC3/\x80", u"not\uF7FFutf8\uF7C3\\\uF780"},
+    // Letters that would read as stand-ins for bytes, and their neighbours.
+    {"\xEF\x81\x9B\xEF\x81\x9C\xEF\x81\x9D", u"\uF05B\uF7EF\uF781\uF79C\uF05D"},
+    {"\xEF\x9B\xBF\xEF\x9C\x80", u"\uF6FF\uF7EF\uF79C\uF780"},
+    {"\xEF\x9F\xBF\xEF\xA0\x80", u"\uF7EF\uF79F\uF7BF\uF800"},
+};
+
+constexpr const char* kFiles[] = {
+    "Album/SONG.MP3",   "Album/SOng.mp3", "Album/Song.mp3",        "Album/sONG.mp3", "ALBUm/x",
+    "aLBUM/x",          "full/tune.MP3",  "deep.mp3/folder.mp3/x", "bare/.plain",    "full/v.ini",
+    "own/velora/v.ini", "odd[1]?.mp3",    "raw\xFF\xC3\x84.mp3",   "match/abcabd.x"};
+
+// A text, the file that it names and the one that a write goes to (empty for none), and "is" for a plain
+// file.
+constexpr std::string_view kRows[][4] = {
+    {"Album\\Song.mp3", "Album/Song.mp3", "Album/Song.mp3", "is"},
+    {"Album\\song.mp3", "Album/SONG.MP3", "Album/SONG.MP3", "is"},
+    {"album\\x", "ALBUm/x", "ALBUm/x", "is"},
+    {"album\\new", "", "ALBUm/new", ""},
+    {"album\\new\\song.mp4", "", "", ""},
+    {"Album\\song.mp4", "", "Album/song.mp4", ""},
+    {"FULL\\..\\full\\\\.\\TUNE.mp3\\", "full/../full/./tune.MP3", "full/../full/./tune.MP3", ""},
+    {"full\\", "full/", "full/", "is"},
+    {"FULL\\", "full", "full", "is"},
+    {"FULL\\*.mp3", "", "full/*.mp3", "is"},
+    {"full\\*.mp2", "", "full/*.mp2", ""},
+    {"ful?\\tune.mp3", "", "", ""},
+    {"bare\\*.*", "", "bare/*.*", "is"},
+    {"deep.mp3", "deep.mp3", "deep.mp3", ""},
+    {"deep.mp3\\", "deep.mp3/", "deep.mp3/", ""},
+    {"deep.mp3\\f*", "", "deep.mp3/f*", ""},
+    {"Pipe.mp3", "pipe.mp3", "pipe.mp3", ""},
+    {"Lost", "", "Lost", ""},
+    {"odd[1]?.mp3", "odd[1]?.mp3", "odd[1]?.mp3", "is"},
+    {"RAW\uF7FF\u00E4.mp3", "raw\xFF\xC3\x84.mp3", "raw\xFF\xC3\x84.mp3", "is"},
+    {"full\\tune.MP3\0*"sv, "", "", ""},
+    {"full\0\\x"sv, "", "", ""},
+    {"gone\\", "", "", ""},
+};
+
+// A directory with those files, a pipe and a link that leads nowhere; the test runs in it.
 class Paths : public testing::Test {
 protected:
-    void Make(const std::string& name) {
-        if (name.ends_with('/'))
-            fs::create_directories(m_directory + "/" + name);
-        else
-            m_temp.Put(name, name);
+    Paths() {
+        for (const char* name : kFiles)
+            directory.Put(name, name);
+        mkfifo("pipe.mp3", 0600);
+        fs::create_symlink("gone", "lost");
     }
-    Text In(TextView name) const { return PathText(m_directory) + u"\\" + Text(name); }
-    std::string Found(TextView name) const {
-        const std::optional<std::string> found = FindPath(In(name));
-        return found ? found->substr(m_directory.size() + 1) : "nothing";
-    }
+    /// Each test leaves as many files open as it found.
+    void TearDown() override { EXPECT_EQ(OpenFiles(), m_openBefore); }
+    static std::ptrdiff_t OpenFiles() { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); }
 
-    const TempDirectory m_temp;
-    const std::string m_directory = m_temp.Path();
+    const WorkingDirectory directory;
+
+private:
+    const std::ptrdiff_t m_openBefore = OpenFiles();
 };
 
 } // namespace
 
 TEST_F(Paths, EveryNameOfThisMachineSurvivesTheWayInAndOut) {
-    for (const std::string bytes :
-         {"/a/b c.mp3", "/back\\slash", "/not\xFFutf8\xC3", "/\xEF\x81\x9C is a letter", "/\xEF\x9C\x81",
-          "relative", "/\xF0\x9D\x84\x9E"})
-        EXPECT_EQ(PathBytes(PathText(bytes)), bytes);
-    EXPECT_EQ(PathText("/a\\b"), u"\\a\uF05Cb");
-    EXPECT_EQ(PathText("x\xFF"), u"x\uF7FF");
-    EXPECT_EQ(PathBytes(u"C:\\Music/a.mp3"), "C:/Music/a.mp3");
+    for (const auto& [bytes, text] : kTexts) {
+        EXPECT_EQ(PathText(bytes), text) << bytes;
+        EXPECT_EQ(PathBytes(text), bytes) << bytes;
+    }
+    EXPECT_EQ(PathBytes(u"C:\\Music/a.mp3"), "C:/Music/a.mp3") << "a slash separates here, too";
 }
 
-TEST_F(Paths, WhatIsWrittenGoesBeforeOtherCase) {
-    Make("Music/");
-    Make("Music/Song.mp3");
-    Make("Music/SONG.MP3");
-    Make("music2/");
-    EXPECT_EQ(Found(u"Music\\Song.mp3"), "Music/Song.mp3");
-    EXPECT_EQ(Found(u"MUSIC\\song.mp3"), "Music/SONG.MP3") << "of several the first in byte order";
-    EXPECT_EQ(Found(u"MUSIC\\SONG.mp4"), "nothing");
-    EXPECT_EQ(Found(u"music\\..\\MUSIC\\Song.mp3"), "Music/../Music/Song.mp3");
-    EXPECT_EQ(Found(u"MUSIC\\\\Song.mp3"), "Music/Song.mp3");
-    EXPECT_FALSE(FindPath(u""));
-    EXPECT_FALSE(FindPath(Text(u"\\tmp\0x", 6)));
-}
-
-TEST_F(Paths, AWriteGoesToTheFileThatAReadFinds) {
-    Make("Velora.ini");
-    const std::optional<std::string> old = FindPathForWriting(In(u"VELORA.INI"));
-    EXPECT_EQ(old, m_directory + "/Velora.ini");
-    EXPECT_EQ(FindPathForWriting(In(u"new.ini")), m_directory + "/new.ini");
-    EXPECT_FALSE(FindPathForWriting(In(u"nowhere\\new.ini")));
-}
-
-TEST_F(Paths, OnlyPlainFilesExist) {
-    Make("a.mp3");
-    Make("folder.mp3/");
-    Make(".hidden");
-    mkfifo((m_directory + "/fifo.mp3").c_str(), 0600);
-    EXPECT_TRUE(FileExists(In(u"a.mp3")));
-    EXPECT_TRUE(FileExists(In(u"A.MP3")));
-    EXPECT_TRUE(FileExists(In(u".hidden"))) << "a leading dot hides nothing here";
-    EXPECT_FALSE(FileExists(In(u"folder.mp3")));
-    EXPECT_FALSE(FileExists(In(u"fifo.mp3")));
+TEST_F(Paths, WhatIsWrittenGoesBeforeOtherCaseInEachDirectory) {
+    for (const auto& [written, found, forWriting, exists] : kRows)
+        for (const bool absolute : {false, true}) {
+            const Text text = (absolute ? directory.PathText() : Text()) + TextFromBytes(written);
+            const std::string front = absolute ? directory.Path() + "/" : "";
+            EXPECT_EQ(FindPath(text).value_or(front), front + std::string(found)) << written;
+            EXPECT_EQ(FindPathForWriting(text).value_or(front), front + std::string(forWriting)) << written;
+            EXPECT_EQ(FileExists(text), !exists.empty()) << written;
+        }
+    EXPECT_EQ(FindPath(u""), std::nullopt);
     EXPECT_FALSE(FileExists(u""));
-    EXPECT_FALSE(FileExists(u"\\dev\\zero"));
+    EXPECT_TRUE(FileExists(u"o*"));
 }
 
-TEST_F(Paths, WildcardsAndATrailingBackslashLookInsideTheDirectory) {
-    Make("full/");
-    Make("full/tune.MP3");
-    Make("empty/");
-    Make("empty/folder.mp3/");
-    Make("odd[1]?.mp3");
-    EXPECT_TRUE(FileExists(In(u"full\\")));
-    EXPECT_TRUE(FileExists(In(u"FULL\\*.mp3")));
-    EXPECT_TRUE(FileExists(In(u"full\\t?ne.*")));
-    EXPECT_TRUE(FileExists(In(u"full\\*.*")));
-    EXPECT_FALSE(FileExists(In(u"full\\*.mp2")));
-    EXPECT_FALSE(FileExists(In(u"full\\?.mp3")));
-    EXPECT_FALSE(FileExists(In(u"empty\\")));
-    EXPECT_FALSE(FileExists(In(u"empty\\*.mp3")));
-    EXPECT_FALSE(FileExists(In(u"fu*\\tune.mp3"))) << "wildcards count in the last component alone";
-    EXPECT_TRUE(FileExists(In(u"odd[1]?.mp3")));
-}
-
-TEST(GetFileName, IsWhatStandsBehindTheLastBackslash) {
-    EXPECT_EQ(GetFileName(u"C:\\Music\\a.mp3"), u"a.mp3");
-    EXPECT_EQ(GetFileName(u"C:\\Music\\"), u"");
-    EXPECT_EQ(GetFileName(u"a.mp3"), u"a.mp3");
-    EXPECT_EQ(GetFileName(u"a/b/c.mp3"), u"a/b/c.mp3") << "a slash is an ordinary character";
-    EXPECT_EQ(GetFileName(u""), u"");
+TEST_F(Paths, WildcardsMatchRunsAndSingleCharacters) {
+    for (const TextView pattern : {u"*", u"**", u"*.*", u"?bcabd.x", u"A*X", u"*abd.x", u"a*d.x", u"*b?.x",
+                                   u"*b*b*", u"abcabd.x*", u"abcabd.?", u"*?", u"a?*"})
+        EXPECT_TRUE(FileExists(u"match\\" + Text(pattern))) << Utf8(pattern);
+    for (const TextView pattern :
+         {u"?", u"*y", u"*abc", u"abcabd.x?", u"*.x?", u"?abcabd.x", u"*c*c*", u"b*", u"abc?abd.x", u"*\\"})
+        EXPECT_FALSE(FileExists(u"match\\" + Text(pattern))) << Utf8(pattern);
 }
 
 TEST_F(Paths, TheOpenerTakesPlainFilesAndNeverWaits) {
-    Make("a.txt");
-    Make("folder/");
-    mkfifo((m_directory + "/fifo").c_str(), 0600);
-    EXPECT_EQ(ReadFileBytes(In(u"A.TXT"), 100), "a.txt");
-    EXPECT_EQ(ReadFileBytes(In(u"a.txt"), 5), "a.txt");
-    EXPECT_FALSE(ReadFileBytes(In(u"a.txt"), 4));
-    EXPECT_FALSE(ReadFileBytes(In(u"folder"), 100));
-    EXPECT_FALSE(ReadFileBytes(In(u"fifo"), 100));
-    EXPECT_FALSE(ReadFileBytes(u"\\dev\\zero", 100));
+    for (const TextView none : {u"gone", u"full", u"pipe.mp3", u"\\dev\\zero", u""})
+        EXPECT_EQ(ReadFileBytes(none, 100), std::nullopt) << Utf8(none);
+    EXPECT_EQ(ReadFileBytes(u"FULL\\TUNE.mp3", 13), "full/tune.MP3");
+    EXPECT_EQ(ReadFileBytes(u"full\\tune.MP3", 12), std::nullopt);
+    std::ifstream file("/proc/self/auxv");
+    const std::string grown{std::istreambuf_iterator<char>(file), {}};
+    file.close();
+    EXPECT_EQ(ReadFileBytes(u"\\proc\\self\\auxv", grown.size()), grown) << "its size said 0";
+    EXPECT_EQ(ReadFileBytes(u"\\proc\\self\\auxv", grown.size() - 1), std::nullopt);
+    EXPECT_EQ(ReadFileBytes(FileHandle(open("full/tune.MP3", O_WRONLY)), 100), std::nullopt);
+    FileHandle handle = OpenForReading(TextView(u"full\\tune.MP3"));
+    handle = OpenForReading(TextView(u"bare\\.plain"));
+    EXPECT_EQ(ReadFileBytes(handle, 100), "bare/.plain");
+    close(handle.Release());
+    EXPECT_FALSE(handle);
 }
 
-TEST(CommandLineText, QuotesEveryArgumentAsAnAbsolutePath) {
+TEST_F(Paths, ADirectoryIsMadeUnlessOneOfOtherCaseIsThere) {
+    MakeDirectory(u"FULL\\");
+    MakeDirectory(u"data\\velora\\");
+    EXPECT_TRUE(fs::is_directory("data/velora"));
+    EXPECT_FALSE(fs::exists("FULL"));
+}
+
+TEST_F(Paths, ArgumentsBecomeQuotedAbsolutePaths) {
     EXPECT_EQ(CommandLineText({}, u"\\home"), u"");
-    EXPECT_EQ(CommandLineText({"song.mp3"}, u"\\home"), u"\"\\home\\song.mp3\"");
-    EXPECT_EQ(CommandLineText({"/a/b c.mp3", "", "x\\y"}, u"\\"), u"\"\\a\\b c.mp3\" \"\\x\uF05Cy\"");
+    EXPECT_EQ(CommandLineText({"", "song.mp3", "", "/a/b c.mp3"}, u"\\home"),
+              u"\"\\home\\song.mp3\" \"\\a\\b c.mp3\"");
+    EXPECT_EQ(CommandLineText({"x\\y"}, u"\\"), u"\"\\x\uF05Cy\"");
+    EXPECT_EQ(PathBytes(ProgramDirectory()), fs::canonical("/proc/self/exe").parent_path());
+    EXPECT_EQ(ProcessDirectory() + u"\\", directory.PathText());
+    fs::create_directory("away");
+    fs::current_path("away");
+    fs::remove(directory.Path("away"));
+    EXPECT_EQ(ProcessDirectory(), u"") << "the directory is gone";
 }
 
+// A directory that can't be written by anybody, not even by the superuser, is one that isn't there. Here it
+// is there in other case, so that a file in it is found all the same.
 TEST_F(Paths, IniFilesStandBesideTheProgramUnlessThatCantBeWritten) {
-    Make("program/");
-    EXPECT_EQ(IniPlace(In(u"program"), u"\\velskins.ini"), In(u"program\\velskins.ini"));
-    // A directory that isn't there can't be written by anybody, not even by root.
-    setenv("XDG_DATA_HOME", (m_directory + "/data").c_str(), 1);
-    EXPECT_EQ(IniPlace(In(u"gone"), u"\\velskins.ini"), In(u"data\\velora\\velskins.ini"));
-    EXPECT_EQ(OwnIniPlace(In(u"gone"), u"\\velskins.ini"), In(u"data\\velora\\velskins.ini"));
-    EXPECT_FALSE(fs::exists(m_directory + "/data")) << "a start leaves nothing behind";
-    MakeDirectory(In(u"data\\velora\\"));
-    EXPECT_TRUE(fs::is_directory(m_directory + "/data/velora"));
+    // The user's data directory and home, the program's, where to read and where to write.
+    constexpr const char* kPlaces[][5] = {
+        {"/data", "/home", "full", "full", "full"},
+        {"/own", "/home", "full", "full", "full"},
+        {"/data", "/home", "FULL", "FULL", "data/velora"},
+        {"/own", "/home", "FULL", "own/velora", "own/velora"},
+        {"/data", "/home", "gone", "data/velora", "data/velora"},
+        {"own", "/home", "gone", "home/.local/share/velora", "home/.local/share/velora"},
+        {nullptr, "/home", "gone", "home/.local/share/velora", "home/.local/share/velora"},
+        {nullptr, "home", "gone", "gone", "gone"},
+        {nullptr, nullptr, "gone", "gone", "gone"}};
+    const char* const home = std::getenv("HOME");
+    const std::string homeBefore = home ? home : "";
+    const auto set = [&](const char* name, const char* value) {
+        unsetenv(name);
+        if (value) setenv(name, ((*value == '/' ? directory.Path() : "") + value).c_str(), 1);
+    };
+    for (const auto& [data, ownHome, program, read, written] : kPlaces) {
+        set("XDG_DATA_HOME", data);
+        set("HOME", ownHome);
+        const Text place = directory.PathText(program);
+        EXPECT_EQ(IniPlace(place, u"\\v.ini"), directory.PathText(read) + u"\\v.ini");
+        EXPECT_EQ(OwnIniPlace(place, u"\\v.ini"), directory.PathText(written) + u"\\v.ini");
+    }
+    EXPECT_FALSE(fs::exists("data")) << "a start leaves nothing behind";
     unsetenv("XDG_DATA_HOME");
+    setenv("HOME", homeBefore.c_str(), 1);
 }

@@ -1,6 +1,7 @@
 // A directory of a test's own, gone with the object.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,4 +33,14 @@ public:
 
 private:
     std::string m_path;
+};
+
+/// One that the test runs in: relative paths begin there.
+class WorkingDirectory : public TempDirectory {
+public:
+    WorkingDirectory() { std::filesystem::current_path(Path()); }
+    ~WorkingDirectory() { std::filesystem::current_path(m_before); }
+
+private:
+    const std::filesystem::path m_before = std::filesystem::current_path();
 };

@@ -1,0 +1,235 @@
+// What a key of an ini file reads as; what stands on the disk after a write that went well, after one that
+// didn't, and at each call in between.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <functional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/ini_write.h"
+#include "platform/profile_strings.h"
+#include "support/temp_directory.h"
+
+namespace {
+
+using namespace std::string_literals;
+
+const std::string kOld = "[a]\nx=old\n", kNew = "[a]\nx=new\n";
+
+class IniFiles : public testing::Test {
+protected:
+    bool WriteNew(const std::string& path, const FileCalls& calls = {}) {
+        return WriteIniValue(path, "a", "x", "new", calls, "seed.ini");
+    }
+    /// The mode and the bytes of a file.
+    std::pair<mode_t, std::string> Now(const std::string& path) {
+        struct stat facts {};
+        stat(path.c_str(), &facts);
+        return {facts.st_mode & 07777U, directory.Get(path).value_or("none")};
+    }
+    /// The file `f.ini` with a mode that no umask gives.
+    void PutOld(const std::string& path = "f.ini", mode_t mode = 0604) {
+        directory.Put(path, kOld);
+        chmod(path.c_str(), mode);
+    }
+
+    const WorkingDirectory directory;
+    ProfileReader reader{u"f.ini"};
+};
+
+// The calls of a write to `f.ini`, a letter each, a capital one once the new file is there. The one of number
+// `failAt` fails. Of the writes each even call is interrupted, and the others take four bytes.
+std::string journal;
+std::size_t failAt = 0;
+std::function<void()> meanwhile; // What another program does before each flush.
+
+template<char kLetter, auto kCall, typename Result, typename... Arguments>
+Result Watch(Arguments... arguments) {
+    if (kLetter == 'f' && meanwhile) meanwhile();
+    journal += IniText(*ReadFileBytes(u"f.ini", 1000)).Find("a", "x") == "new" ? kLetter - 32 : kLetter;
+    errno = ENOSPC;
+    return journal.size() == failAt ? -1 : kCall(arguments...);
+}
+
+ssize_t WriteInPieces(int file, const void* bytes, std::size_t count) {
+    struct stat facts {};
+    EXPECT_EQ(fstat(file, &facts), 0);
+    EXPECT_EQ(facts.st_mode & 077U, 0U) << "nobody else may read it yet";
+    if (journal.size() % 2 == 1) return write(file, bytes, std::min<std::size_t>(count, 4));
+    errno = EINTR;
+    return -1;
+}
+
+const FileCalls kWatched{Watch<'c', CreateNewFile>, Watch<'w', WriteInPieces>, Watch<'o', fchown>,
+                         Watch<'m', fchmod>,        Watch<'f', fsync>,         Watch<'x', close>,
+                         Watch<'r', rename>};
+
+const std::string kFits(254, 'w');
+
+// The bytes of a value, and what comes back: the default for none, no more than 254 bytes, no half letter,
+// and nothing behind a NUL.
+const std::pair<std::string, std::string> kValues[] = {
+    {"", "none"},
+    {"\"\"", "none"},
+    {kFits, kFits},
+    {kFits + "xyz", kFits},
+    {std::string(1 << 20, 'w'), kFits},
+    {kFits.substr(1) + "\xC3\xA4", kFits.substr(1)},
+    {kFits.substr(2) + "\xC3\xA4x", kFits.substr(2) + "\xC3\xA4"},
+    {kFits.substr(2) + "\xF0\x9F\x8E\xB5", kFits.substr(2)},
+    {kFits.substr(1) + "\xE4 and more", kFits.substr(1) + "\xC3\xA4"},
+    {"M\xFCnchen \x80", "M\xC3\xBCnchen \xE2\x82\xAC"},
+    {"M\xC3\xBCnchen", "M\xC3\xBCnchen"},
+    {"ab\0cd"s, "ab"},
+    {"\0cd"s, ""},
+};
+
+} // namespace
+
+TEST_F(IniFiles, KilledOrFailingAtAnyCallLeavesTheOldFileOrTheNewOneAndNothingBeside) {
+    for (const bool given : {false, true}) {
+        const std::string calls = given ? "cwwwwwwomfxrF" : "cwwwwwwmfxrF";
+        for (failAt = 1; failAt <= calls.size() + 1; ++failAt) {
+            PutOld();
+            // Only the superuser may give a file away.
+            if (given && chown("f.ini", geteuid(), 1) != 0) return;
+            journal.clear();
+            const bool written = failAt >= calls.size();
+            const bool closes = failAt > 1 && failAt < calls.size() - 2;
+            EXPECT_EQ(WriteNew("f.ini", kWatched), written) << failAt;
+            EXPECT_EQ(journal, calls.substr(0, failAt) + (closes ? "x" : "")) << failAt;
+            EXPECT_EQ(Now("f.ini"), std::pair(mode_t{0604}, written ? kNew : kOld)) << failAt;
+            EXPECT_EQ(directory.Names(), std::vector{"f.ini"s}) << failAt;
+        }
+    }
+    FileCalls stuck;
+    stuck.Write = [](int, const void*, std::size_t) -> ssize_t { return errno = EINTR, 0; };
+    EXPECT_FALSE(WriteNew("f.ini", stuck));
+}
+
+TEST_F(IniFiles, ANewFileHasTheUsersUsualModeAndBeginsAsTheOneThatIsInstalled) {
+    const mode_t before = umask(027);
+    EXPECT_TRUE(WriteNew("f.ini"));
+    EXPECT_EQ(Now("f.ini"), std::pair(mode_t{0640}, "[a]\r\nx=new\r\n"s));
+    directory.Put("seed.ini", "[b]\ny=1\n");
+    EXPECT_TRUE(WriteNew("g.ini"));
+    EXPECT_EQ(Now("g.ini"), std::pair(mode_t{0640}, "[b]\ny=1\n[a]\nx=new\n"s));
+    umask(before);
+}
+
+TEST_F(IniFiles, ALinkStaysAndItsTargetIsRewrittenWhateverIsInstalled) {
+    PutOld("target.ini");
+    directory.Put("seed.ini", "[b]\ny=1\n");
+    std::filesystem::create_symlink("target.ini", "link.ini");
+    EXPECT_TRUE(WriteNew("link.ini"));
+    EXPECT_EQ(Now("target.ini"), std::pair(mode_t{0604}, kNew));
+    EXPECT_TRUE(std::filesystem::is_symlink("link.ini"));
+}
+
+TEST_F(IniFiles, OnlyPlainFilesOfTextThatSomebodyMayWrite) {
+    std::filesystem::create_symlink("gone", "lost.ini");
+    mkfifo("pipe.ini", 0600);
+    PutOld("locked.ini", 0444);
+    directory.Put("nul.ini", kOld + "\0"s);
+    const auto before = directory.Names();
+    for (const char* path : {"lost.ini", "pipe.ini", "locked.ini", "nul.ini", "missing/f.ini", "."})
+        EXPECT_FALSE(WriteNew(path)) << path;
+    EXPECT_FALSE(WriteIniValue("new.ini", "a", "x", "b\0c"s));
+    EXPECT_EQ(directory.Names(), before);
+    EXPECT_EQ(directory.Get("locked.ini"), kOld);
+    EXPECT_EQ(directory.Get("nul.ini"), kOld + "\0"s);
+}
+
+TEST_F(IniFiles, FourMebibytesAreTheMost) {
+    const std::string large = kOld + std::string(kMostIniBytes - kOld.size(), 'y');
+    directory.Put("f.ini", large);
+    EXPECT_FALSE(WriteIniValue("f.ini", "a", "x", "more"));
+    EXPECT_TRUE(WriteNew("f.ini")) << "a value of the same length fits";
+    directory.Put("f.ini", large + "y");
+    EXPECT_FALSE(WriteNew("f.ini"));
+    EXPECT_EQ(directory.Get("f.ini"), large + "y");
+}
+
+TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForItsEnd) {
+    for (const int most : {1, 100}) {
+        int changes = 0;
+        failAt = 0;
+        meanwhile = [&] {
+            if (changes == most) return;
+            EXPECT_TRUE(WriteIniValue("f.ini", "b", "y", std::to_string(++changes)));
+        };
+        PutOld();
+        EXPECT_EQ(WriteNew("f.ini", kWatched), most == 1);
+        EXPECT_EQ(directory.Get("f.ini"), most == 1 ? kNew + "[b]\ny=1\n" : kOld + "[b]\ny=10\n");
+    }
+    meanwhile = nullptr;
+    FileCalls calls;
+    calls.Flush = [](int) {
+        return OpenIniFile("new.ini") || WriteIniValue("new.ini", "b", "y", "1") ? 0 : -1;
+    };
+    EXPECT_TRUE(WriteNew("new.ini", calls));
+    EXPECT_EQ(directory.Get("new.ini"), "[b]\r\ny=1\r\n[a]\r\nx=new\r\n");
+}
+
+TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
+    for (int number = 0; number < 100; ++number) {
+        EXPECT_TRUE(WriteNew("f.ini"));
+        directory.Put(".velora-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp", "half");
+    }
+    EXPECT_FALSE(WriteNew("f.ini"));
+}
+
+TEST_F(IniFiles, AValueIsReadInItsOwnEncodingAsFarAsItFits) {
+    for (const auto& [bytes, read] : kValues) {
+        directory.Put("f.ini", "[a]\nx=" + bytes + "\n");
+        EXPECT_EQ(Utf8(ReadProfileString(u"F.INI", u"a", u"x", u"none")), read) << bytes;
+    }
+}
+
+TEST_F(IniFiles, WhatIsMissingIsTheDefaultHoweverLong) {
+    const Text otherwise(1000, u'd');
+    mkfifo("pipe", 0600);
+    directory.Put("f.ini", "[a]\nx=1\n");
+    for (const TextView file : {u"gone.ini", u".", u"pipe", u""})
+        EXPECT_EQ(ReadProfileString(file, u"a", u"x", otherwise), otherwise) << Utf8(file);
+    EXPECT_EQ(reader.Read(u"b", u"x", otherwise) + reader.Read(u"a", u"y", u"!"), otherwise + u"!");
+    EXPECT_EQ(directory.Names(), (std::vector{"f.ini"s, "pipe"s})) << "a read makes nothing";
+}
+
+TEST_F(IniFiles, AReaderSeesEachChangeOfTheFile) {
+    const auto read = [&] { return Utf8(reader.Read(u"a", u"x", u"none")); };
+    EXPECT_EQ(read(), "none");
+    directory.Put("f.ini", "[a]\nx=1\n");
+    EXPECT_EQ(read(), "1");
+    const auto time = std::filesystem::last_write_time("f.ini");
+    struct stat before {};
+    struct stat now {};
+    stat("f.ini", &before);
+    do {
+        directory.Put("f.ini", "[a]\nx=2\n");
+        std::filesystem::last_write_time("f.ini", time);
+        stat("f.ini", &now);
+    } while (now.st_ctim.tv_nsec == before.st_ctim.tv_nsec);
+    EXPECT_EQ(read(), "2") << "also of the same size and time";
+    directory.Put("f.ini", "[a]\nx=33\n");
+    EXPECT_EQ(read(), "33");
+    std::filesystem::remove("f.ini");
+    EXPECT_EQ(read(), "none");
+}
+
+TEST_F(IniFiles, WhatReadsBackWholeIsReadAgainAndNothingElseIsWritten) {
+    directory.Put("Lists/F.INI", "[a]\nx=1\n");
+    for (const Text& value :
+         {u" blanks "s, u"\"quoted\""s, u"\uF7FF\u20AC\U0001F3B5"s, Text(254, u'a'), Text(127, u'\u00E4')}) {
+        WriteProfileString(u"lists\\f.ini", u"a", u"x", value);
+        EXPECT_EQ(ReadProfileString(u"LISTS\\f.ini", u"a", u"x", u"none"), value);
+        EXPECT_TRUE(ReadsBackWhole(value)) << Utf8(value);
+    }
+    for (const Text& value : {u"a\nb"s, u"a\rb"s, u"a\0b"s, Text(255, u'a'), Text(128, u'\u00E4')})
+        EXPECT_FALSE(ReadsBackWhole(value)) << Utf8(value);
+    WriteProfileString(u"lists\\f.ini", u"a", u"x", u"2\n[Settings]\nCount=500");
+    EXPECT_EQ(ReadProfileString(u"lists\\f.ini", u"Settings", u"Count", u"none"), u"none");
+    EXPECT_EQ(directory.Names(), std::vector{"Lists"s});
+}

@@ -1,0 +1,273 @@
+// Playlists from their bytes to the media list, the list itself, and the catalogue in its file. How lines are
+// cut fuzz_playlist proves.
+#include <sys/stat.h>
+
+#include "platform/directory_lock.h"
+#include "playlist/catalogue.h"
+#include "playlist/media_list.h"
+#include "playlist/playlist_file.h"
+#include "support/temp_directory.h"
+#include "support/velora_fixture.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+
+// The last three characters decide, with a dot or without, or ".mpeg".
+constexpr std::pair<TextView, Long> kKinds[] = {
+    {u"a.mp1", 1},      {u"a.mp2", 2},  {u"a.mp3", 3},     {u"xMP3", 3},   {u"mp3", 3},
+    {u"\xD83C.mp3", 3}, {u"a.MPG", 4},  {u".mpeg", 4},     {u"a.MPEG", 4}, {u"a.wav", 5},
+    {u"a.wma", 7},      {u"a.wmv", 8},  {u"mpeg", 0},      {u"xmpeg", 0},  {u"p3", 0},
+    {u"", 0},           {u"a.mp3 ", 0}, {u"a.mp3.txt", 0}, {u"a.mp4", 0}};
+
+// The directory and name to add, the user's choice, and what comes of it: the index, path and name, and what
+// the user was told.
+constexpr TextView kAdds[][4] = {
+    {u"", u"", u"", u"0 | ChooseFile Select Media ..."},
+    {u"C:\\a", u"song.mp3", u"", u"1 C:\\a\\|song.mp3"},
+    {u"C:\\b\\", u"Ä.wmv", u"", u"2 C:\\b\\|Ä.wmv"},
+    {u"", u"ä.WMV", u"", u"2 |ä.WMV"},
+    {u"", u"x\\c.mp3", u"", u"3 x\\|c.mp3"},
+    {u"C:\\", u"a.txt", u"", u"0 C:\\|a.txt MessageBox That file format is not supported by Velora"},
+    {u"x", u"", u"\\music\\a b.mp3", u"4 \\music\\|a b.mp3 ChooseFile Select Media ..."},
+    {u"", u"c.mp3", u"", u"0 |c.mp3 MessageBox Media Limit reached"},
+    {u"", u"", u"", u"0 | MessageBox Media Limit reached"},
+};
+
+// A playlist's bytes, and what it adds to an empty list of four: "DIRECTORY|NAME," for each line.
+constexpr std::string_view kFiles[][2] = {
+    {"", ""},
+    {"xyz", ""},
+    {"\r\n \r\n", ""},
+    {"\xEF\xBB\xBF", ""},
+    {"a\\\r\nb.mp3\r\n", ""},
+    {"a\n\xE4\nx\xC3\xA4\xF0\x9F\x8E\xB5\xC3\xBC", "|a,|\xC3\xA4,|x\xC3\xA4,"},
+    {"\xC3\xA4\ny\xE4\xF6\xFC", "|\xC3\xA4,|y\xC3\xA4,"},
+    {"a.mp3\nx\xC3\xA4\n\xC3\xA4", "|a.mp3,|x\xC3\xA4,"},
+    {"a.mp3\r\nb.mp3\r\nC:\\A.MP3\r\nc.mp3\r\n", "|a.mp3,|b.mp3,"},
+    {"d.mp3\r\nC:\\music\\\r\ne.mp3\r\n", "|d.mp3,"},
+    {"#EXTM3U\r\n   \r\na.txt\r\n", "|#EXTM3U,|   ,|a.txt,"},
+    {"C:\\Music\\a.mp3\r\n..\\b.mp3\r\nsub/c.mp3\r\n", "C:\\Music\\|a.mp3,..\\|b.mp3,|sub/c.mp3,"},
+    {"\xEF\xBB\xBF\xC3\xA4.mp3\r\n\xF6.mp3\r\n\x80.mp3\r\n",
+     "|\xC3\xA4.mp3,|\xC3\xB6.mp3,|\xE2\x82\xAC.mp3,"},
+    {"\0\0x\0\n\x1A.mp3\r\n"sv, "|\0\0x\0,|\x1A.mp3,"sv},
+    {"1\n2\n3\n4\n5\n6\n\n", "|1,|2,|3,|4,"},
+};
+
+// A catalogue, and what the next start finds.
+constexpr std::string_view kStarts[][3] = {
+    {"a known name ends a playlist",
+     "[Settings]\nCount=4\n[1]\nEnabled=True\nName=One\nFile=one.m3u\nPath=.\n[2]\nEnabled=maybe\n"
+     "File=two.m3u\nPath=.\n[4]\nEnabled=2\nName=Four\nFile=two.m3u\nPath=.\\\n[5]\nEnabled=1",
+     "4; 1 One|.\\|one.m3u; 4 Four|.\\|two.m3u, a.mp3, b.mp3, c.mp3"},
+    {"more than the records", "[Settings]\nCount=32767\n[500]\nEnabled=1\n[501]\nEnabled=1",
+     "32767; 500 |\\|"},
+    {"no number", "[Settings]\nCount=40000\n[1]\nEnabled=1", "0"},
+    {"below zero", "[Settings]\nCount=-5\n", "-5"},
+};
+
+const std::string kTooLong = "0 MessageBox That path is too long for Velora; 0";
+
+// What the catalogue counts, a name and a file to enter, and what comes of it: the number, the message, and
+// what the next start finds.
+const std::tuple<std::string, Text, Text, std::string> kEntries[] = {
+    {"0", u"First", u"a\\my list.m3u", "1; 1; 1 First|a\\|my list.m3u"},
+    {"6", u" x ", u"e", "7; 7; 7  x |\\|e"},
+    {"-5", u"x", u"\\e", "1; 1; 1 x|\\|e"},
+    {"499", u"x", u"e", "500; 500; 500 x|\\|e"},
+    {"500", u"x", u"e", "0 MessageBox Playlist Limit reached; 500"},
+    {"0", u"", u"e", "0; 0"},
+    {"0", Text(255, u'x'), u"e", kTooLong},
+    {"0", u"x", Text(255, u'e'), kTooLong},
+    {"0", u"x", Text(254, u'e') + u"\\e", kTooLong},
+};
+
+// The program's directory is the one that the test runs in.
+class Playlists : public VeloraTest {
+protected:
+    Playlists() {
+        directory.Put("one.m3u", "a.mp3\r\nb.mp3\r\n");
+        directory.Put("two.m3u", "c.mp3\r\nA.mp3\r\nd.mp3\r\n");
+        machine.OwnDirectory = u".";
+        velora.PlaylistsIni = u"velplaylists.ini";
+    }
+    std::string TakeMessages() {
+        std::string messages;
+        for (const std::string& line : journal.Take())
+            messages += " " + line;
+        return messages;
+    }
+    void LoadNamed(const Text& name) {
+        velora.Playlists[500] = {true, u"x", name, u".\\"};
+        LoadPlaylistFile(velora, 500);
+    }
+    std::string Load(std::string_view bytes) {
+        directory.Put("list.m3u", bytes);
+        velora.Count = 0;
+        velora.MediaNames = {};
+        velora.MediaLimit = 4;
+        LoadNamed(u"list.m3u");
+        std::string added;
+        for (int entry = 1; entry <= velora.Count; ++entry) {
+            const MediaEntry& now = velora.MediaList[static_cast<std::size_t>(entry)];
+            EXPECT_EQ(now.Flag, 500);
+            added += Utf8(now.Path + u"|" + now.File + u",");
+        }
+        return added;
+    }
+    /// What a run that starts now finds: the count, each record and the media list.
+    std::string NextStart() {
+        Velora next(PartsWith(pictures));
+        next.MediaLimit = 2500;
+        next.PlaylistsIni = velora.PlaylistsIni;
+        LoadPlaylistCatalogue(next);
+        std::string found = Utf8(Decimal(next.PlaylistCount));
+        for (const PlaylistRecord& record : next.Playlists)
+            if (record.Enabled || !record.Path.empty())
+                found += "; " + std::to_string(&record - next.Playlists.data()) + " " +
+                         Utf8(record.Name + u"|" + record.Path + u"|" + record.File);
+        for (std::size_t entry = 1; !next.MediaList[entry].File.empty(); ++entry)
+            found += ", " + Utf8(next.MediaList[entry].File);
+        return found;
+    }
+
+    const WorkingDirectory directory;
+};
+
+} // namespace
+
+TEST_F(Playlists, TheEndOfANameTellsItsKind) {
+    for (const auto& [name, kind] : kKinds)
+        EXPECT_EQ(MediaTypeOf(MediaExtension(name)), kind) << Utf8(name);
+}
+
+TEST_F(Playlists, ANameStandsInItOnceWhateverItsDirectoryAndCase) {
+    velora.MediaLimit = 4;
+    for (const auto& [folder, name, chosen, outcome] : kAdds) {
+        Text path(folder), file(name);
+        if (!chosen.empty()) dialogs.Files = {Text(chosen)};
+        std::string now = std::to_string(AddMedia(velora, 11, path, file));
+        now += Utf8(u" " + path + u"|" + file);
+        EXPECT_EQ(now + TakeMessages(), Utf8(outcome));
+    }
+    const MediaEntry& entry = velora.MediaList[2];
+    EXPECT_EQ(entry.Path + entry.File + Decimal(entry.Type) + Decimal(entry.Flag), u"C:\\b\\Ä.wmv811");
+    EXPECT_TRUE(entry.Enabled);
+}
+
+TEST_F(Playlists, TheArrayHasItsEndAndLongNamesDifferByTheirLastLetter) {
+    const Text stem(5000, u'Ä');
+    velora.Count = 2498;
+    EXPECT_EQ(AppendMedia(velora, u"", stem + u"a.mp3", 1), 2499);
+    EXPECT_EQ(AppendMedia(velora, u"", stem + u"b.mp3", 1), 2500);
+    EXPECT_EQ(AppendMedia(velora, u"", u"more.mp3", 1), 0);
+    EXPECT_EQ(FindMedia(velora, stem + u"B.MP3"), 2500);
+    EXPECT_EQ(FindMedia(velora, stem + u"c.mp3"), 0);
+}
+
+TEST_F(Playlists, AddLinesEachWithATurnOfTheLoop) {
+    Integer entriesThen = 0;
+    loop.Post([&] { entriesThen = velora.Count; });
+    EXPECT_EQ(Load("a.mp3\r\nb.mp3\r\n"), "|a.mp3,|b.mp3,");
+    EXPECT_EQ(entriesThen, 1);
+    for (const auto& [bytes, added] : kFiles)
+        EXPECT_EQ(Load(bytes), added) << ::testing::PrintToString(bytes);
+}
+
+TEST_F(Playlists, AddNothingIfTheyAreNoPlainFiles) {
+    ASSERT_EQ(mkfifo("pipe", 0600), 0);
+    for (const Text name : {u"pipe", u".", u"missing.m3u", u"", u"*", u"one.m3u\\"})
+        LoadNamed(name);
+    EXPECT_EQ(velora.Count, 0);
+}
+
+// Forms in which a reader that cuts its text line by line would need time by the square of the size: it would
+// not come to an end before ctest loses its patience.
+TEST_F(Playlists, CostNoMoreThanTheirSize) {
+    const std::size_t size = 2 * 1024 * 1024;
+    const std::string forms[] = {std::string(size, 'x'),           std::string(size, '\n'),
+                                 std::string(size, '\r') + "\n..", std::string(size, ' ') + "..",
+                                 "a\n" + std::string(size, 'y'),   "b\n" + std::string(size, '\r'),
+                                 "c\n" + std::string(size, '\n'),  std::string(size, '\\') + ".."};
+    for (const std::string& bytes : forms)
+        EXPECT_LE(Load(bytes).size(), size + 8);
+}
+
+TEST_F(Playlists, BringsItsPlaylistsAtTheStart) {
+    EXPECT_EQ(NextStart(), "0");
+    EXPECT_EQ(directory.Names(), (Lines{"one.m3u", "two.m3u"}));
+    for (const auto& [name, ini, found] : kStarts) {
+        directory.Put("velplaylists.ini", ini);
+        EXPECT_EQ(NextStart(), found) << name;
+    }
+}
+
+TEST_F(Playlists, APlaylistIsEnteredForTheNextStartOrRefusedWithAMessage) {
+    for (const auto& [count, name, file, outcome] : kEntries) {
+        Velora run(PartsWith(pictures));
+        run.PlaylistsIni = u"velplaylists.ini";
+        directory.Put("velplaylists.ini", "[Settings]\nCount=" + count);
+        const std::string number = std::to_string(AddPlaylist(run, name, file));
+        EXPECT_EQ(number + TakeMessages() + "; " + NextStart(), outcome);
+        EXPECT_EQ(run.Count, 0);
+    }
+}
+
+TEST_F(Playlists, AnInstalledOneIsCompletedInTheUsersOwnPlace) {
+    const std::string installed = "[Settings]\nCount=1\n[1]\nEnabled=1\nName=theirs\n";
+    directory.Put("velplaylists.ini", installed);
+    machine.OwnDirectory = u"home\\velora";
+    LoadPlaylistCatalogue(velora);
+    EXPECT_EQ(AddPlaylist(velora, u"mine", u"one.m3u"), 2);
+    EXPECT_EQ(AddPlaylist(velora, u"too", u"two.m3u"), 3);
+    EXPECT_EQ(directory.Get("velplaylists.ini"), installed);
+    EXPECT_EQ(velora.PlaylistsIni, u"home\\velora\\velplaylists.ini");
+    EXPECT_EQ(NextStart(), "3; 1 theirs|\\|; 2 mine|\\|one.m3u; 3 too|\\|two.m3u");
+}
+
+TEST_F(Playlists, TwoRunsKeepBothEntriesAndOneThatCannotWriteGoesOn) {
+    Velora other(PartsWith(pictures));
+    other.PlaylistsIni = velora.PlaylistsIni;
+    EXPECT_EQ(AddPlaylist(velora, u"mine", u"x"), 1);
+    EXPECT_EQ(AddPlaylist(other, u"theirs", u"y"), 2);
+    EXPECT_EQ(AddPlaylist(velora, u"mine again", u"x"), 3);
+    machine.OwnDirectory = u"one.m3u";
+    EXPECT_EQ(AddPlaylist(other, u"in no directory", u"y"), 3);
+    EXPECT_EQ(other.Playlists[3].File, u"y");
+    machine.OwnDirectory = u".";
+    EXPECT_EQ(AddPlaylist(other, u"theirs again", u"y"), 4);
+    EXPECT_EQ(NextStart(), "4; 1 mine|\\|x; 2 theirs|\\|y; 3 mine again|\\|x; 4 theirs again|\\|y");
+}
+
+TEST_F(Playlists, ALockIsWaitedForASecondAndNoMessageStandsOnIt) {
+    NullLoop otherLoop;
+    auto lock = std::make_unique<DirectoryLock>(otherLoop, u".");
+    loop.Wait(7);
+    EXPECT_EQ(AddPlaylist(velora, u"mine", u"x"), 1);
+    EXPECT_EQ(loop.NowMs(), 8000);
+    loop.Post([&] { lock.reset(); });
+    EXPECT_EQ(AddPlaylist(velora, u"mine", u"x"), 2);
+    EXPECT_EQ(loop.NowMs(), 8020);
+    bool free = false;
+    dialogs.WhileOpen = [&] { free = static_cast<bool>(DirectoryLock(otherLoop, u".")); };
+    EXPECT_EQ(AddPlaylist(velora, u"line\nend", u"x"), 0);
+    EXPECT_TRUE(free);
+    EXPECT_FALSE(DirectoryLock(otherLoop, u"gone"));
+}
+
+TEST_F(Playlists, EjectWithAModifierAsksForFileAndName) {
+    for (const Integer shift : {1, 2, 4, 7}) {
+        machine.Current = u"\\here";
+        dialogs.Files = {u"x"};
+        Click(form.picEject, kLeftButton, shift);
+        EXPECT_EQ(NextStart(), "0") << "the input box was cancelled";
+        EXPECT_EQ(dialogs.LastDirectory, u"\\here");
+    }
+    (void)journal.Take();
+    Click(form.picEject, kLeftButton, 1);
+    EXPECT_EQ(journal.Take(), (Lines{"PlaySound \\velora\\click.wav", "ChooseFile Select Playlist ..."}));
+    dialogs.Files = {u"x"};
+    dialogs.Inputs = {u"Mine"};
+    Click(form.picEject, kLeftButton, 1);
+    EXPECT_EQ(NextStart(), "1; 1 Mine|\\|x");
+}
