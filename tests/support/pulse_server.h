@@ -1,6 +1,7 @@
 // A sound server of a test's own, with one silent sink, and a recorder of what that sink gets.
 #pragma once
 
+#include <csignal>
 #include <cstdint>
 #include <string>
 #include <sys/types.h>
@@ -23,13 +24,15 @@ public:
     PrivatePulseServer(const PrivatePulseServer&) = delete;
     PrivatePulseServer& operator=(const PrivatePulseServer&) = delete;
 
-    /// Whether the programs are there; a test without them is skipped.
+    /// Whether the programs are there.
     [[nodiscard]] static bool CanRun();
 
     /// Starts it (again) and waits until it listens. False if it doesn't within ten seconds.
     bool Start();
     /// Ends it as a crash would.
     void Kill();
+    /// From now on it is there, but never answers.
+    void Freeze() const { kill(m_process, SIGSTOP); }
     [[nodiscard]] bool IsRunning() const { return m_process > 0; }
     /// What `PULSE_SERVER` is to be.
     [[nodiscard]] std::string Address() const { return "unix:" + m_directory.Path("native"); }
@@ -55,8 +58,6 @@ public:
 
     /// All interleaved samples so far.
     [[nodiscard]] std::vector<std::int16_t> Samples() const;
-    /// Ends the recording.
-    void Stop();
 
 private:
     std::string m_file;

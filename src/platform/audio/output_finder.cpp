@@ -31,9 +31,6 @@ SoundOutput* OutputFinder::Choose(bool mustSound, std::int64_t nowUs) {
         if (!mustSound) return &m_clock;
         m_retryAtUs = nowUs + kRetryUs;
         return nullptr;
-    case PulseServer::State::Idle:
-        m_server.Connect(nowUs);
-        return nullptr;
     default:
         return nullptr;
     }

@@ -81,7 +81,7 @@ void PulseOutput::Close(std::int64_t nowUs) {
 bool PulseOutput::TakeRested(const SoundFormat& format, const std::string& title) {
     if (!m_restUntilUs) return false;
     m_restUntilUs.reset();
-    if (format != m_format || State() != OutputState::Running) return false;
+    if (format != m_format) return false;
     Forget(pa_stream_set_name(m_stream, title.c_str(), nullptr, nullptr));
     return true;
 }
@@ -159,7 +159,6 @@ void PulseOutput::Cork(bool corked) {
 }
 
 void PulseOutput::Hold(bool held, std::int64_t nowUs) {
-    if (held == m_held) return;
     m_heard = HeardFrames(nowUs);
     m_held = held;
     if (State() != OutputState::Running) return;
@@ -228,7 +227,7 @@ void PulseOutput::TakeTiming(bool afterDrop) {
 }
 
 std::int64_t PulseOutput::HeardFrames(std::int64_t nowUs) {
-    if (!m_timing.Known || !m_baseKnown) return m_heard;
+    if (!m_timing.Known) return m_heard;
     std::int64_t heard = m_timing.HeardFrame - m_base;
     if (m_timing.Running && !m_held)
         heard += std::max<std::int64_t>(0, nowUs - m_timing.AtUs) * m_format.RateHz / 1'000'000;
@@ -237,7 +236,7 @@ std::int64_t PulseOutput::HeardFrames(std::int64_t nowUs) {
 }
 
 double PulseOutput::Pace() const {
-    return m_timing.Known && m_baseKnown && m_timing.Running && !m_held ? m_format.RateHz : 0;
+    return m_timing.Running && !m_held ? m_format.RateHz : 0;
 }
 
 void PulseOutput::AskSoon(std::int64_t nowUs) {
@@ -259,8 +258,7 @@ std::optional<std::int64_t> PulseOutput::DueUs() const {
 void PulseOutput::Poll(std::int64_t nowUs) {
     if (State() == OutputState::Opening && nowUs >= m_openLimitUs) m_tooSlow = true;
     if (State() != OutputState::Running || m_held || m_written == 0) return;
-    const bool isRegular = m_timing.Known && m_timing.Running;
-    if (nowUs < m_askAtUs - (isRegular ? kAskEarlyUs : 0)) return;
+    if (nowUs < m_askAtUs - (m_timing.Running ? kAskEarlyUs : 0)) return;
     AskTiming(false);
-    m_askAtUs = nowUs + (isRegular ? kAskUs : kAskAgainUs);
+    m_askAtUs = nowUs + (m_timing.Running ? kAskUs : kAskAgainUs);
 }

@@ -48,7 +48,7 @@ void Transport::Stop(std::int64_t nowUs) {
     m_session = nullptr;
     m_facts.reset();
     m_length.reset();
-    m_held = m_ended = m_endTold = m_playedOut = m_mustSound = false;
+    m_held = m_ended = m_endTold = m_mustSound = false;
     m_base = m_sent = m_place = 0;
     m_volume.Settle();
     m_seekToUs.reset();
@@ -65,7 +65,7 @@ std::int64_t Transport::HeardFrame(std::int64_t nowUs) const {
 }
 
 std::int64_t Transport::FramesOfMs(std::int64_t ms) const {
-    return m_facts ? ms * m_facts->Format.RateHz / 1000 : 0;
+    return ms * m_facts->Format.RateHz / 1000;
 }
 
 Long Transport::PositionMs(std::int64_t frame) const {
@@ -89,22 +89,21 @@ void Transport::Seek(Long seconds, int command, std::int64_t nowUs) {
     if (!m_session) return;
     const std::int64_t distanceUs = static_cast<std::int64_t>(seconds) * 1'000'000;
     std::int64_t fromUs = m_seekToUs.value_or(0);
-    if (m_facts) {
-        const std::int64_t frame = m_ended && m_length ? *m_length : m_seekTo.value_or(HeardFrame(nowUs));
+    if (m_facts && !m_seekToUs) {
+        const std::int64_t frame = m_ended ? m_length.value_or(m_sent) : m_seekTo.value_or(HeardFrame(nowUs));
         fromUs = frame * 1'000'000 / m_facts->Format.RateHz;
     }
     m_seekToUs = std::max<std::int64_t>(0, fromUs + distanceUs);
 }
 
 void Transport::SeekPending(std::int64_t nowUs) {
-    if (!m_seekToUs || !m_facts) return;
+    if (!m_seekToUs) return;
     const std::int64_t frame = *m_seekToUs * m_facts->Format.RateHz / 1'000'000;
     m_seekToUs.reset();
     if (m_length && frame >= *m_length) {
         JumpToEnd(nowUs);
         return;
     }
-    if (m_ended) m_place = m_length.value_or(m_sent);
     m_ended = m_endTold = false;
     m_seekTo = frame;
     m_session->RequestSeek(frame);
@@ -129,12 +128,9 @@ void Transport::TakeSeekResult(std::int64_t nowUs) {
 }
 
 void Transport::JumpToEnd(std::int64_t nowUs) {
-    if (m_output) m_output->Close(nowUs);
-    m_output = nullptr;
     m_seekTo.reset();
-    m_place = m_length.value_or(m_sent);
     m_ended = true;
-    m_endTold = m_playedOut = false;
+    m_endTold = false;
     m_closeAtUs = nowUs;
 }
 
@@ -147,7 +143,7 @@ void Transport::SetVolume(int percent, std::int64_t nowUs) {
     const std::int64_t from =
         std::clamp(HeardFrame(nowUs) + FramesOfMs(kVolumeLeadMs), m_history.Begin(), m_sent);
     m_volume.Change(from, factor, FramesOfMs(kRampMs));
-    RewriteFrom(from);
+    m_output->Rewrite(Prepared(from, m_sent - from));
 }
 
 void Transport::SetWatched(bool watched, std::int64_t nowUs) {
@@ -165,10 +161,6 @@ std::vector<std::int16_t>& Transport::Prepared(std::int64_t frame, std::int64_t 
     }
     m_volume.Apply(frame, m_facts->Format.Channels, m_scratch);
     return m_scratch;
-}
-
-void Transport::RewriteFrom(std::int64_t frame) {
-    if (frame < m_sent) m_output->Rewrite(Prepared(frame, m_sent - frame));
 }
 
 void Transport::Pump(std::int64_t nowUs) {
@@ -208,18 +200,13 @@ void Transport::SetLength(std::int64_t frames) {
 }
 
 void Transport::ManageOutput(std::int64_t nowUs) {
+    if (m_output) m_output->Poll(nowUs);
     if (m_output && m_output->State() == OutputState::Lost) LoseOutput(nowUs);
-    if (m_output) {
-        if (m_ended && nowUs >= m_closeAtUs) {
-            m_place = HeardFrame(nowUs);
-            m_output->Close(nowUs);
-            m_output = nullptr;
-            return;
-        }
-        m_output->Poll(nowUs);
-        return;
+    if (m_output && m_ended && nowUs >= m_closeAtUs) {
+        m_output->Close(nowUs);
+        m_output = nullptr;
     }
-    if (m_held || m_ended || m_seekTo) return;
+    if (m_output || m_held || m_ended || m_seekTo) return;
     m_output = m_outputs.Choose(m_mustSound, nowUs);
     if (!m_output) return;
     m_base = m_sent = m_place;
@@ -237,7 +224,7 @@ void Transport::LoseOutput(std::int64_t nowUs) {
 }
 
 void Transport::Feed(std::int64_t nowUs) {
-    if (!m_output || m_output->State() != OutputState::Running || m_ended || m_seekTo) return;
+    if (!m_output || m_output->State() != OutputState::Running || m_seekTo) return;
     const std::int64_t limit = HeardFrame(nowUs) + FramesOfMs(kAheadLimitMs);
     std::int64_t room = std::min(m_output->WritableFrames(nowUs), limit - m_sent);
     while (room > 0) {
@@ -265,17 +252,17 @@ void Transport::NoticeEnd(std::int64_t nowUs) {
     }
     if (!IsSounding() || m_sent < m_history.End() || HeardFrame(nowUs) < m_sent) return;
     if (!m_session->AtEnd()) return;
-    m_ended = m_playedOut = true;
-    m_endTold = false;
+    m_ended = true;
     m_closeAtUs = nowUs + kCloseUs;
+    // The scan may still take its time; what was played to its end has a length all the same.
+    if (!m_length) SetLength(m_sent);
     TellEnd();
 }
 
 void Transport::TellEnd() {
     if (m_endTold || m_held) return;
     if (!m_length) {
-        // The scan may still take its time; what was played to its end has a length all the same.
-        if (!m_playedOut && !m_session->ScanFailed()) return;
+        if (!m_session->ScanFailed()) return;
         SetLength(m_sent);
     }
     m_endTold = true;
@@ -328,7 +315,7 @@ void Transport::PutScopeFrame(std::int64_t middle, std::int64_t atUs) {
 }
 
 std::optional<std::int64_t> Transport::DueUs(std::int64_t nowUs) const {
-    if (!m_session || !m_facts) return std::nullopt;
+    if (!m_session) return std::nullopt;
     std::optional<std::int64_t> due;
     const auto wants = [&due](std::optional<std::int64_t> atUs) {
         if (atUs && (!due || *atUs < *due)) due = atUs;

@@ -49,7 +49,6 @@ private:
     void Feed(std::int64_t nowUs);
     void WriteFrames(std::int64_t frames, std::int64_t nowUs);
     std::vector<std::int16_t>& Prepared(std::int64_t frame, std::int64_t frames);
-    void RewriteFrom(std::int64_t frame);
     void NoticeEnd(std::int64_t nowUs);
     void JumpToEnd(std::int64_t nowUs);
     void TellPosition(std::int64_t nowUs);
@@ -70,7 +69,6 @@ private:
     bool m_held = false;
     bool m_ended = false;
     bool m_endTold = false;
-    bool m_playedOut = false; ///< The end was reached by playing, so `m_sent` is the length.
 
     SoundOutput* m_output = nullptr; ///< The null pointer while none is open.
     bool m_mustSound = false;        ///< Some of it was heard: it waits for a server that is gone.

@@ -5,39 +5,33 @@
 #include <vector>
 
 #include "platform/player.h"
+#include "platform/text.h"
 
 struct EventLog : PlayerEvents {
     void OnStreamInfo(Integer Bitrate, Long SampleRate, Integer Channels) override {
-        Order += 's';
-        BitrateKbps = Bitrate;
-        RateHz = SampleRate;
-        ChannelCount = Channels;
+        Note("stream=" + std::to_string(Bitrate) + "/" + std::to_string(SampleRate) + "/" +
+             std::to_string(Channels));
     }
-    void OnTagInfo(const Text& Title, const Text& Artist, const Text&, const Text&, const Text&,
-                   const Text&) override {
-        Order += 't';
-        Titles.push_back(Title);
-        LastArtist = Artist;
+    void OnTagInfo(const Text& Title, const Text& Artist, const Text& Album, const Text& Year,
+                   const Text& Comment, const Text& Genre) override {
+        Note("tag=" +
+             Utf8(Title + u"/" + Artist + u"/" + Album + u"/" + Year + u"/" + Comment + u"/" + Genre));
     }
     void OnTrackLength(Long Length) override {
-        Order += 'l';
         LengthMs = Length;
+        Note("length=" + std::to_string(Length));
     }
     void OnVisData(Long VisData) override { Frames.push_back(VisData); }
     void OnPosition(Long Position) override {
-        Order += 'p';
         Positions.push_back(Position);
+        Note("p" + std::to_string(Position));
     }
+    virtual void Note(const std::string& what) { Told += what + " "; }
 
     /// Whether the track has told its end.
     [[nodiscard]] bool HasEnded() const { return !Positions.empty() && Positions.back() == LengthMs; }
 
-    std::string Order; ///< A letter for each event but `OnVisData`: tag, stream, length, position.
-    std::vector<Text> Titles;
-    Text LastArtist;
-    Integer BitrateKbps = 0;
-    Long RateHz = 0;
-    Integer ChannelCount = 0;
+    std::string Told; ///< All but `OnVisData`.
     Long LengthMs = -1;
     std::vector<Long> Positions;
     std::vector<Long> Frames;

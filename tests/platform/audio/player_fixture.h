@@ -22,17 +22,17 @@ protected:
         m_player->Play();
     }
     /// Runs the loop until `done`; false if that takes longer than any test should.
-    bool Until(const std::function<bool()>& done) { return m_loop.RunUntil(done, kLimitMs); }
-    /// Lets real time pass, for what must not come.
-    void LetPass(int ms) {
-        static_cast<void>(m_loop.RunUntil([] { return false; }, ms));
+    bool Until(const std::function<bool()>& done) { return m_loop.RunUntil(done, 30000); }
+    bool UntilPlace(Long ms) {
+        return Until([&] { return !m_log.Positions.empty() && m_log.Positions.back() >= ms; });
+    }
+    bool UntilEnd() {
+        return Until([&] { return m_log.HasEnded(); });
     }
     /// Noise of `ms` milliseconds by `lame` with these options.
     Text Song(const std::string& name, int ms, const std::string& options = "-b 64") {
         return m_media.Write(name, m_media.Encode("lame --quiet " + options, 44100, 2, ms));
     }
-
-    static constexpr int kLimitMs = 30000;
 
     MediaMaker m_media;
     NullLoop m_loop;
