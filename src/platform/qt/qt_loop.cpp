@@ -19,7 +19,7 @@ QtLoop::QtLoop() {
     m_tick.setSingleShot(true);
     m_tick.setTimerType(Qt::PreciseTimer);
     connect(&m_tick, &QTimer::timeout, this, [this] {
-        m_tickDueMs = -1;
+        m_tickDueMs.reset();
         QCoreApplication::postEvent(this, new QEvent(kTickEvent));
     });
 }
@@ -43,11 +43,8 @@ void QtLoop::Wait(double seconds) {
         return;
     }
     QEventLoop waiting;
-    QTimer end;
-    end.setSingleShot(true);
-    end.setTimerType(Qt::PreciseTimer);
-    connect(&end, &QTimer::timeout, &waiting, &QEventLoop::quit);
-    end.start(std::chrono::milliseconds(static_cast<std::int64_t>(seconds * 1000 + 0.5)));
+    const std::chrono::milliseconds length(static_cast<std::int64_t>(seconds * 1000 + 0.5));
+    QTimer::singleShot(length, Qt::PreciseTimer, &waiting, &QEventLoop::quit);
     waiting.exec();
 }
 
@@ -79,17 +76,12 @@ void QtLoop::Handle(const std::function<void()>& handler) {
     ScheduleTick();
 }
 
-bool QtLoop::event(QEvent* event) {
-    if (event->type() == kTaskEvent) {
-        RunOneTask();
-        return true;
-    }
+void QtLoop::customEvent(QEvent* event) {
+    if (event->type() == kTaskEvent) RunOneTask();
     if (event->type() == kTickEvent) {
         RunDueTasks();
         TickDueTimers();
-        return true;
     }
-    return QObject::event(event);
 }
 
 void QtLoop::RunOneTask() {
@@ -128,8 +120,8 @@ void QtLoop::ScheduleTick() {
     std::optional<std::int64_t> dueMs;
     if (m_form) dueMs = m_schedule.NextDue(*m_form, nowMs);
     if (!m_later.empty()) dueMs = std::min(dueMs.value_or(m_later.begin()->first), m_later.begin()->first);
-    if (dueMs.value_or(-1) == m_tickDueMs && m_tick.isActive() == dueMs.has_value()) return;
-    m_tickDueMs = dueMs.value_or(-1);
+    if (dueMs == m_tickDueMs) return;
+    m_tickDueMs = dueMs;
     if (dueMs)
         m_tick.start(std::chrono::milliseconds(std::max<std::int64_t>(*dueMs - nowMs, 0)));
     else

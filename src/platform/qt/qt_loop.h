@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 
 #include "platform/loop.h"
 #include "state/form_events.h"
@@ -34,7 +35,7 @@ public:
     void Handle(const std::function<void()>& handler);
 
 protected:
-    bool event(QEvent* event) override;
+    void customEvent(QEvent* event) override;
 
 private:
     void RunOneTask();
@@ -47,7 +48,7 @@ private:
     std::function<void()> m_afterEvent;
     TimerSchedule m_schedule;
     QTimer m_tick;
-    std::int64_t m_tickDueMs = -1;
+    std::optional<std::int64_t> m_tickDueMs; ///< Empty while `m_tick` rests.
     std::multimap<std::int64_t, std::function<void()>> m_later; ///< By the moment at which each is due.
     std::mutex m_mutex;
     std::deque<std::function<void()>> m_tasks;

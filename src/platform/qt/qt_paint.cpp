@@ -72,13 +72,12 @@ void PaintShape(QPainter& painter, const Figure& figure) {
         painter.drawEllipse(middle);
     else
         painter.drawRoundedRect(middle, radius, radius);
-    painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
 // The highest of the bands that fall into bar `bar` of `bars`.
 float HighestOf(const std::array<float, ScopeBars::kCount>& bands, int bar, int bars) {
     const int first = bar * ScopeBars::kCount / bars;
-    const int last = std::max(first + 1, (bar + 1) * ScopeBars::kCount / bars);
+    const int last = (bar + 1) * ScopeBars::kCount / bars;
     return *std::max_element(bands.begin() + first, bands.begin() + last);
 }
 

@@ -33,7 +33,7 @@ bool IsWithinLimit(const QSize& size) {
 QImage ReadLargest(QImageReader& reader, bool isIcon) {
     QImage best;
     const int count = isIcon ? std::min(reader.imageCount(), 64) : 1;
-    for (int index = 0; index < std::max(count, 1); ++index) {
+    for (int index = 0; index < count; ++index) {
         if (index > 0 && !reader.jumpToImage(index)) break;
         if (!IsWithinLimit(reader.size())) continue;
         QImage image = reader.read();
@@ -53,13 +53,9 @@ QImage DecodePicture(std::string_view bytes) {
     if (!buffer.open(QIODevice::ReadOnly)) return {};
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    reader.setDecideFormatFromContent(false);
-    reader.setAutoTransform(false);
     QImage image = ReadLargest(reader, std::string_view(format) == "ico");
     if (image.isNull() || !IsWithinLimit(image.size())) return {};
-    image = std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(1);
-    return image;
+    return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 std::optional<QtPictures::FileIdentity> QtPictures::IdentityOf(const Text& path) {

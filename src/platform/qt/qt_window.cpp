@@ -56,8 +56,6 @@ Integer ShiftSet(Qt::KeyboardModifiers keys) {
 
 QtWindow::QtWindow(QtLoop& loop) : m_loop(loop) {
     setAttribute(Qt::WA_TranslucentBackground);
-    setAttribute(Qt::WA_NoSystemBackground);
-    setFocusPolicy(Qt::NoFocus);
     // A move without a button tells of a release that got lost.
     setMouseTracking(true);
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -160,7 +158,6 @@ void QtWindow::ShowFrame(const Scene& now) {
 
 void QtWindow::ShowShape(const Scene& now) {
     if (!now.Region) {
-        m_shape = QRegion();
         clearMask();
         return;
     }

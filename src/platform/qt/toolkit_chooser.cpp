@@ -33,7 +33,6 @@ public:
 
 ToolkitChooser::ToolkitChooser() {
     setFileMode(QFileDialog::ExistingFile);
-    setAcceptMode(QFileDialog::AcceptOpen);
     setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails | QFileDialog::ReadOnly);
     // Never destroyed, as the chooser isn't.
     setIconProvider(new PlainIcons);
@@ -57,7 +56,6 @@ QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
     setDirectory(QFile::decodeName(question.Directory));
     // The toolkit keeps the last answer there as long as the directory is the same.
     if (QLineEdit* name = NameField()) name->clear();
-    m_path.clear();
     const bool chosen = Run();
     m_asking = false;
     return chosen ? QFile::encodeName(m_path) : QByteArray();
@@ -91,5 +89,5 @@ void ToolkitChooser::accept() {
     }
     QFileDialog::accept();
     const QStringList chosen = selectedFiles();
-    if (result() == QDialog::Accepted && !chosen.isEmpty()) m_path = chosen.constFirst();
+    if (!chosen.isEmpty()) m_path = chosen.constFirst();
 }

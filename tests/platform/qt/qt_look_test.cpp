@@ -1,78 +1,134 @@
-// The desktop's look, as its settings and its files tell it.
+// The desktop's look, as its portal, its settings and its files tell it.
 #include "platform/qt/qt_look.h"
 
-#include <QString>
+#include <QApplication>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 #include "support/temp_directory.h"
 
 namespace {
 
-DesktopLook LookOf(uint scheme, const char* theme, const char* font) {
-    return LookOfSettings([&](const QString& space, const QString& key) -> QVariant {
-        if (space == "org.freedesktop.appearance" && key == "color-scheme") return scheme;
-        if (space == "org.gnome.desktop.interface" && key == "gtk-theme") return QString(theme);
-        if (space == "org.gnome.desktop.interface" && key == "font-name") return QString(font);
-        return {};
-    });
+std::string Described(const std::optional<QFont>& font) {
+    if (!font) return "none";
+    return font->family().toStdString() + "|" + QString::number(font->pointSizeF()).toStdString() + "|" +
+           std::to_string(font->weight()) + (font->italic() ? " italic" : "");
 }
 
+std::string Described(const DesktopLook& look) {
+    return std::string(!look.Dark ? "?" : *look.Dark ? "dark" : "light") + " " + Described(look.Font);
+}
+
+} // namespace
+
 TEST(QtLook, ReadsFontNames) {
-    const std::optional<QFont> plain = FontOfName("Noto Sans 11");
-    ASSERT_TRUE(plain);
-    EXPECT_EQ(plain->family(), "Noto Sans");
-    EXPECT_EQ(plain->pointSizeF(), 11);
-    EXPECT_FALSE(plain->bold());
-
-    const std::optional<QFont> styled = FontOfName("Noto Sans, Bold Italic 9.5");
-    ASSERT_TRUE(styled);
-    EXPECT_EQ(styled->family(), "Noto Sans");
-    EXPECT_EQ(styled->pointSizeF(), 9.5);
-    EXPECT_TRUE(styled->bold() && styled->italic());
-
-    for (const char* bad : {"", " ", "11", "Noto Sans", "Noto Sans 0", "Noto Sans 1e9", "Noto Sans nan"})
-        EXPECT_FALSE(FontOfName(bad)) << bad;
+    const std::pair<const char*, const char*> rows[] = {
+        {"Noto Sans 11", "Noto Sans|11|400"},
+        {"Noto Sans, Bold Italic 9.5", "Noto Sans|9.5|700 italic"},
+        {"Noto OBLIQUE 1", "Noto|1|400 italic"},
+        {"Noto Sans Medium Regular 200", "Noto Sans|200|500"},
+        {"Bold 9", "Bold|9|400"},
+        {"Noto  Bold  Sans 9", "Noto Bold Sans|9|400"},
+        {"Noto Sans 0.9", "none"},
+        {"Noto Sans 200.5", "none"},
+        {"Noto Sans nan", "none"},
+        {"Noto Sans", "none"},
+        {"11", "none"},
+        {" ", "none"},
+        {"Noto Sans 1e9", "none"},
+        {"", "none"},
+    };
+    for (const auto& [name, font] : rows)
+        EXPECT_EQ(Described(FontOfName(name)), font) << name;
 }
 
 TEST(QtLook, TheColourSchemeGoesBeforeTheThemesName) {
-    EXPECT_EQ(LookOf(1, "Slate", "").Dark, true);
-    EXPECT_EQ(LookOf(2, "Slate-dark", "").Dark, false);
-    EXPECT_EQ(LookOf(0, "Slate-dark", "").Dark, true);
-    EXPECT_EQ(LookOf(0, "Slate", "").Dark, false);
-    const DesktopLook none = LookOf(0, "", "");
-    EXPECT_FALSE(none.Dark || none.Font);
+    const struct {
+        uint Scheme;
+        const char *Theme, *Font, *Look;
+    } rows[] = {{1, "Slate", "Noto 9", "dark Noto|9|400"},
+                {2, "Slate-dark", "", "light none"},
+                {0, "Slate-Dark", "", "dark none"},
+                {3, "Slate", "", "light none"},
+                {0, "", "", "? none"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(Described(LookOfSettings([&](const QString& space, const QString& key) -> QVariant {
+                      if (space == "org.freedesktop.appearance" && key == "color-scheme") return row.Scheme;
+                      if (space != "org.gnome.desktop.interface") return {};
+                      return key == "gtk-theme" ? row.Theme : key == "font-name" ? row.Font : QVariant();
+                  })),
+                  row.Look);
 }
 
 TEST(QtLook, ReadsTheFilesOfTheDesktop) {
     TempDirectory home;
     const QString directory = QString::fromStdString(home.Path());
-    EXPECT_FALSE(LookOfFiles(directory, true).Dark || LookOfFiles(directory, false).Dark);
-
-    home.Put("kdeglobals", "[General]\nfont=Noto Sans,12,-1,5,50,0,0,0,0,0\n"
-                           "[Colors:Window]\nBackgroundNormal=42,46,50\n");
-    const DesktopLook kept = LookOfFiles(directory, true);
-    EXPECT_EQ(kept.Dark, true);
-    ASSERT_TRUE(kept.Font);
-    EXPECT_EQ(kept.Font->family(), "Noto Sans");
-    EXPECT_EQ(kept.Font->pointSizeF(), 12);
-
-    home.Put("gtk-3.0/settings.ini", "[Settings]\ngtk-theme-name=Slate\ngtk-font-name=Cantarell, 10\n"
-                                     "gtk-application-prefer-dark-theme=1\n");
-    const DesktopLook other = LookOfFiles(directory, false);
-    EXPECT_EQ(other.Dark, true);
-    ASSERT_TRUE(other.Font);
-    EXPECT_EQ(other.Font->family(), "Cantarell");
-}
-
-TEST(QtLook, DamagedFilesTellNothing) {
-    TempDirectory home;
-    const QString directory = QString::fromStdString(home.Path());
-    for (const char* bad : {"", "[", "[General]\nfont=\n[Colors:Window]\nBackgroundNormal=1,2\n",
-                            "font=,,,\n", "\x01\xff\xfe"}) {
-        home.Put("kdeglobals", bad);
-        const DesktopLook look = LookOfFiles(directory, true);
-        EXPECT_FALSE(look.Dark || look.Font) << bad;
+    EXPECT_EQ(Described(LookOfFiles(directory, true)) + Described(LookOfFiles(directory, false)),
+              "? none? none");
+    const auto colour = [](const std::string& numbers) {
+        return "[Colors:Window]\nBackgroundNormal=" + numbers + "\n";
+    };
+    const auto gtk = [](const std::string& theme, const char* line) {
+        return "[Settings]\ngtk-theme-name=" + theme + "\ngtk-" + line + "\n";
+    };
+    const struct {
+        bool Kde;
+        std::string Content;
+        const char* Look;
+    } rows[] = {
+        {true, "[General]\nfont=Noto Sans,12,-1,5,50,0,0,0,0,0\n" + colour("42,46,50"),
+         "dark Noto Sans|12|400"},
+        {true, colour("128,128,128"), "light none"},
+        {true, colour("127,127,127,9"), "dark none"},
+        {true, colour("255,1,1"), "light none"},
+        {true, colour("1,255,1"), "light none"},
+        {true, colour("1,1,255"), "light none"},
+        {true, "[General]\nfont=Noto Sans,1,-1,5,50,0,0,0,0,0\n", "? Noto Sans|1|400"},
+        {true, "[General]\nfont=Noto Sans,-1,12,5,50,0,0,0,0,0\n", "? none"},
+        {true, "[General]\nfont=\n" + colour("1,2"), "? none"},
+        {true, "font=,,,\n", "? none"},
+        {true, "[", "? none"},
+        {true, "\x01\xff\xfe", "? none"},
+        {false, gtk("Slate", "font-name=Cantarell, 10"), "light Cantarell|10|400"},
+        {false, gtk("Slate", "application-prefer-dark-theme=1"), "dark none"},
+        {false, gtk("Slate-dark", "application-prefer-dark-theme=0"), "dark none"},
+    };
+    for (const auto& row : rows) {
+        home.Put(row.Kde ? "kdeglobals" : "gtk-3.0/settings.ini", row.Content);
+        EXPECT_EQ(Described(LookOfFiles(directory, row.Kde)), row.Look) << row.Content;
     }
 }
 
-} // namespace
+TEST(QtLook, FollowsTheFilesWhereNoPortalTellsMore) {
+    const TempDirectory home;
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(home.Path()));
+    const QFont font = QApplication::font();
+    const QPalette light = QApplication::palette(), tips = QToolTip::palette();
+    const auto shown = [](const QPalette& palette) {
+        std::string colours;
+        for (int role = 0; role <= QPalette::PlaceholderText; ++role)
+            for (const auto group : {QPalette::Active, QPalette::Disabled})
+                colours += palette.color(group, static_cast<QPalette::ColorRole>(role)).name().toStdString();
+        return colours;
+    };
+    QtLook look;
+    look.Follow();
+    EXPECT_TRUE(QApplication::palette() == light && QApplication::font() == font) << "nothing is known";
+    home.Put("gtk-3.0/settings.ini", "[Settings]\ngtk-theme-name=Slate-dark\ngtk-font-name=Sans 12\n");
+    look.Follow();
+    EXPECT_EQ(
+        shown(QApplication::palette()),
+        "#eeeeee#808080#3a3a3a#3a3a3a#575757#575757#484848#484848#1d1d1d#1d1d1d#272727#272727#eeeeee#808080"
+        "#ffffff#ffffff#eeeeee#808080#202020#202020#2d2d2d#2d2d2d#000000#000000#3070b0#505050#ffffff#ffffff"
+        "#6ab0f0#6ab0f0#ff00ff#ff00ff#282828#282828#000000#000000#202020#202020#eeeeee#808080#808080#808080");
+    EXPECT_EQ(QToolTip::palette(), QApplication::palette());
+    EXPECT_EQ(Described(QApplication::font()), "Sans|12|400");
+    qputenv("XDG_CURRENT_DESKTOP", "X:KDE");
+    home.Put("kdeglobals", "font=Mono,13,-1,5,50,0,0,0,0,0\n");
+    look.Follow();
+    EXPECT_EQ(shown(QApplication::palette()), shown(light));
+    EXPECT_EQ(shown(QToolTip::palette()), shown(tips));
+    EXPECT_EQ(Described(QApplication::font()), "Mono|13|400");
+    QApplication::setFont(font);
+    qunsetenv("XDG_CURRENT_DESKTOP");
+}

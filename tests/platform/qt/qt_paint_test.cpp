@@ -1,187 +1,212 @@
 // What the figures of a scene look like, pixel by pixel where a rule says so.
-#include <gtest/gtest.h>
+#include "platform/qt/qt_paint.h"
+
 #include <limits>
 
-#include "platform/qt/qt_paint.h"
-#include "platform/qt/qt_pictures.h"
+#include "qt_fixture.h"
 
 namespace {
 
-// A form with a black surface of 60 by 40 pixels.
+// A form with a black surface of 100 by 40 pixels.
 class Paint : public testing::Test {
 protected:
     Paint() {
         m_form.picBackground.Left = m_form.picBackground.Top = 0;
-        m_form.picBackground.Width = 60;
+        m_form.picBackground.Width = 100;
         m_form.picBackground.Height = 40;
         m_form.picBackground.Visible = true;
         m_form.picVolume.Visible = m_form.lblStatusLabel.Visible = false;
         m_form.VFmp3scope1.Visible = m_form.shpPercent[0].Visible = false;
     }
 
-    QImage Draw(double scale = 1) {
-        QImage image(QSize(80, 50) * scale, QImage::Format_ARGB32_Premultiplied);
+    QImage Draw(double scale = 1, Rect damage = {0, 0, 120, 50}) {
+        QImage image(QSize(120, 50) * scale, QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(scale);
         image.fill(FormColour());
         QPainter painter(&image);
-        const Scene scene = SceneOf(m_form);
-        PaintScene(painter, m_fonts, scene, Rect{0, 0, 80, 50});
+        PaintScene(painter, m_fonts, SceneOf(m_form), damage);
         return image;
     }
 
-    Shape& Light(ShapeForm form, int width, int height) {
-        Shape& light = m_form.shpPercent[1];
-        light.Exists = light.Visible = true;
-        light.Form = form;
-        light.Left = light.Top = 10;
-        light.Width = width;
-        light.Height = height;
-        light.FillColour = 0x00FFFF;
-        light.BorderColour = 0x0000FF;
-        return light;
+    // A label at 10,10 with these words.
+    QImage Write(Text words, int fontPx = 11) {
+        Label& label = m_form.lblStatusLabel;
+        Place(label, 10, 10, 40, 14);
+        label.Caption = std::move(words);
+        label.FontPx = fontPx;
+        label.ForeColour = 0x0000FF;
+        return Draw();
     }
 
-    static PicturePtr Plain(QColor colour, int widthPx, int heightPx) {
-        QImage image(widthPx, heightPx, QImage::Format_ARGB32_Premultiplied);
-        image.fill(colour);
-        return std::make_shared<QtPicture>(image);
+    void Scope(Long widthPx, Long heightPx) {
+        Place(m_form.VFmp3scope1, 2, 1, widthPx, heightPx);
+        for (std::size_t band = 0; band < ScopeBars::kCount; ++band) {
+            m_form.VFmp3scope1.Bars.Level[band] = static_cast<float>(band) / ScopeBars::kCount;
+            m_form.VFmp3scope1.Bars.Peak[band] =
+                static_cast<float>(ScopeBars::kCount - band) / ScopeBars::kCount;
+        }
+    }
+
+    static void Place(Control& control, Long left, Long top, Long width, Long height) {
+        control.Visible = true;
+        control.Left = left;
+        control.Top = top;
+        control.Width = width;
+        control.Height = height;
+    }
+
+    static void Show(PictureBox& box, Long left, Long top, const PicturePtr& picture) {
+        Place(box, left, top, 0, 0);
+        SetPicture(box, picture);
     }
 
     Form m_form;
     QtFonts m_fonts;
 };
 
-const QColor kYellow(255, 255, 0), kRed(255, 0, 0), kBlack(0, 0, 0);
+// Each pixel as a letter: the form's ground, black, the colours of the tests by their initials, 1 to 4 for
+// red on black by its strength, and for any other mixture a question mark.
+char Letter(QColor colour) {
+    const std::pair<QColor, char> letters[] = {
+        {FormColour(), '_'},        {Qt::black, '.'}, {Qt::red, 'R'},   {QColor(0x56, 0x34, 0x12), 'f'},
+        {QColor(255, 255, 0), 'Y'}, {Qt::white, 'W'}, {Qt::green, 'G'}, {Qt::blue, 'B'}};
+    for (const auto& [known, letter] : letters)
+        if (colour == QColor(known)) return letter;
+    return colour.green() == 0 && colour.blue() == 0 ? static_cast<char>('1' + colour.red() / 64) : '?';
+}
+
+std::string Letters(const QImage& image, QRect part) {
+    std::string letters;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        for (int x = part.left(); x <= part.right(); ++x)
+            letters += Letter(image.pixelColor(x, y));
+        letters += "\n";
+    }
+    return letters;
+}
+
+// The rectangle of all that isn't black.
+QRect Ink(const QImage& image) {
+    QRect ink;
+    for (int y = 0; y < 40; ++y)
+        for (int x = 0; x < 100; ++x)
+            if (image.pixelColor(x, y) != QColor(Qt::black)) ink |= QRect(x, y, 1, 1);
+    return ink;
+}
 
 } // namespace
 
-TEST_F(Paint, TheSurfaceIsBlackBeneathItsPictureAndTheFormHasItsOwnColour) {
-    SetPicture(m_form.picBackground, Plain(Qt::transparent, 30, 20));
-    const QImage image = Draw();
-    EXPECT_EQ(image.pixelColor(29, 19), kBlack);
-    EXPECT_EQ(image.pixelColor(30, 19), QColor(58, 110, 165));
+TEST_F(Paint, PicturesLieOnTheBlackSurfaceInsideItsEdgesAtEachScale) {
+    Show(m_form.picBackground, 0, 0,
+         Dots({Qt::transparent, Qt::green, Qt::red, Qt::transparent, Qt::transparent}));
+    Show(m_form.picPlay, 3, 0, Dots({Qt::blue, Qt::red, Qt::green}));
+    EXPECT_EQ(Letters(Draw(), {0, 0, 7, 2}), ".GRBR__\n_______\n");
+    EXPECT_EQ(Letters(Draw(3), {0, 2, 21, 2}), "...GGGRRRBBBRRR______\n_____________________\n");
+    EXPECT_NE(Letters(Draw(1.5), {0, 0, 8, 1}).find('?'), std::string::npos) << "smooth between whole scales";
 }
 
-TEST_F(Paint, ChildrenEndAtTheirContainersEdge) {
-    SetPicture(m_form.picPlay, Plain(Qt::green, 30, 10));
-    m_form.picPlay.Visible = true;
-    m_form.picPlay.Left = 50;
-    m_form.picPlay.Top = 5;
-    const QImage image = Draw();
-    EXPECT_EQ(image.pixelColor(59, 5), QColor(Qt::green));
-    EXPECT_EQ(image.pixelColor(60, 5), QColor(58, 110, 165));
+TEST_F(Paint, OnlyTheDamageIsPaintedAndAllOfItFromBackToFront) {
+    Place(m_form.lblStatusLabel, 50, 0, 9, 9);
+    m_form.lblStatusLabel.Caption = u"x";
+    Show(m_form.picPlay, 3, 0, Dots({Qt::blue, Qt::red, Qt::green}));
+    Show(m_form.picEject, 4, 0, Dots({Qt::green, Qt::green, Qt::green}));
+    EXPECT_EQ(Letters(Draw(1, {2, 0, 6, 1}), {0, 0, 8, 2}), "__.BRG__\n________\n");
 }
 
-TEST_F(Paint, AtAWholeScaleAPixelIsASquareOfPixels) {
-    QImage dot(2, 1, QImage::Format_ARGB32_Premultiplied);
-    dot.setPixelColor(0, 0, Qt::green);
-    dot.setPixelColor(1, 0, Qt::blue);
-    m_form.picPlay.Visible = true;
-    m_form.picPlay.Left = m_form.picPlay.Top = 3;
-    SetPicture(m_form.picPlay, std::make_shared<QtPicture>(dot));
-    const QImage image = Draw(3);
-    for (int x = 9; x < 12; ++x)
-        EXPECT_EQ(image.pixelColor(x, 11), QColor(Qt::green)) << x;
-    EXPECT_EQ(image.pixelColor(12, 9), QColor(Qt::blue));
-}
-
-TEST_F(Paint, LightsHaveTheirBorderInsideTheRectangle) {
-    Light(ShapeForm::Rectangle, 12, 8);
-    const QImage image = Draw();
-    EXPECT_EQ(image.pixelColor(9, 10), kBlack);
-    EXPECT_EQ(image.pixelColor(10, 10), kRed);
-    EXPECT_EQ(image.pixelColor(21, 17), kRed);
-    EXPECT_EQ(image.pixelColor(22, 17), kBlack);
-    EXPECT_EQ(image.pixelColor(11, 11), kYellow);
-}
-
-TEST_F(Paint, SquareFormsKeepTheirSidesEqualAndCentred) {
-    Light(ShapeForm::Square, 20, 10);
-    QImage image = Draw();
-    EXPECT_EQ(image.pixelColor(14, 15), kBlack);
-    EXPECT_EQ(image.pixelColor(15, 15), kRed);
-    EXPECT_EQ(image.pixelColor(24, 15), kRed);
-    EXPECT_EQ(image.pixelColor(25, 15), kBlack);
-    Light(ShapeForm::Circle, 20, 10);
-    image = Draw();
-    EXPECT_EQ(image.pixelColor(20, 15), kYellow);
-    EXPECT_EQ(image.pixelColor(15, 10), kBlack) << "a circle leaves its corners";
-    EXPECT_EQ(image.pixelColor(12, 15), kBlack);
-}
-
-TEST_F(Paint, RoundedFormsLoseTheirCornersOnly) {
-    for (const ShapeForm form : {ShapeForm::RoundedRectangle, ShapeForm::Oval}) {
-        Light(form, 20, 20);
-        const QImage image = Draw();
-        EXPECT_NE(image.pixelColor(10, 10), kRed);
-        EXPECT_EQ(image.pixelColor(20, 20), kYellow);
+TEST_F(Paint, LightsHaveTheirBorderInsideTheirForm) {
+    for (int index = 0; index < 6; ++index) {
+        Shape& light = m_form.shpPercent[static_cast<std::size_t>(index + 1)];
+        light.Exists = true;
+        light.Form = static_cast<ShapeForm>(index);
+        light.FillColour = 0x123456;
+        light.BorderColour = 0x0000FF;
+        Place(light, 1 + 15 * index, 1, 14, 12);
     }
+    EXPECT_EQ(
+        Letters(Draw(), {0, 0, 91, 14}),
+        "...........................................................................................\n"
+        ".RRRRRRRRRRRRRR..RRRRRRRRRRRR.....1??????1........??????.....1?RRRRRRRRRR?1..1?RRRRRRRR?1..\n"
+        ".RffffffffffffR..RffffffffffR....????????4?......????????....??ffffffffff??..??ffffffff??..\n"
+        ".RffffffffffffR..RffffffffffR...??ffffffff??....??ffffff??...RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR..1?ffffffffff?1..??ffffffff??..RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR..??ffffffffff??..??ffffffff??..RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR..??ffffffffff??..??ffffffff??..RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR..??ffffffffff??..??ffffffff??..RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR..??ffffffffff??..??ffffffff??..RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR..1?ffffffffff?1..??ffffffff??..RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR...??ffffffff??....??ffffff??...RffffffffffffR..RffffffffffR..\n"
+        ".RffffffffffffR..RffffffffffR....?4??????R?......????????....??ffffffffff??..??ffffffff??..\n"
+        ".RRRRRRRRRRRRRR..RRRRRRRRRRRR.....1??????.........??????.....1?RRRRRRRRRR?1..1?RRRRRRRR?1..\n"
+        "...........................................................................................\n");
+    for (Shape& light : m_form.shpPercent)
+        light.Width = 0;
+    EXPECT_TRUE(Ink(Draw()).isNull()) << "without a width nothing is drawn";
 }
 
-TEST_F(Paint, ALightWithoutWidthDrawsNothing) {
-    const QImage without = Draw();
-    Light(ShapeForm::Oval, 0, 10);
-    EXPECT_EQ(Draw(), without);
+TEST_F(Paint, BarsAreTheHighestOfTheirBandsWithPeaksAboveThem) {
+    Scope(21, 8);
+    EXPECT_EQ(Letters(Draw(), {1, 0, 23, 10}), ".......................\n"
+                                               ".WWW.............YYYY..\n"
+                                               ".................YYYY..\n"
+                                               ".....WWW.....YYY.YYYY..\n"
+                                               ".........WWW.YYY.YYYY..\n"
+                                               ".........YYY.YYY.YYYY..\n"
+                                               ".....YYY.YYY.WWW.YYYY..\n"
+                                               ".....YYY.YYY.YYY.WWWW..\n"
+                                               ".YYY.YYY.YYY.YYY.YYYY..\n"
+                                               ".......................\n");
+    const std::pair<Long, const char*> narrow[] = {
+        {1, "W..\n"}, {3, "WW.\n"}, {7, "WWWWWW.\n"}, {8, "WWW.YYY.\n"}};
+    for (const auto& [widthPx, row] : narrow) {
+        Scope(widthPx, 8);
+        EXPECT_EQ(Letters(Draw(), {2, 1, std::max<int>(widthPx, 3), 1}), row) << widthPx;
+    }
+    Scope(std::numeric_limits<Long>::max(), 30);
+    EXPECT_EQ(Letters(Draw(), {99, 1, 2, 1}), "W_\n") << "as far as it is seen";
 }
 
 TEST_F(Paint, TextStandsOnItsBaselineAndEndsAtTheLabel) {
-    m_form.lblStatusLabel.Visible = true;
-    m_form.lblStatusLabel.Left = m_form.lblStatusLabel.Top = 10;
-    m_form.lblStatusLabel.Width = 20;
-    m_form.lblStatusLabel.Height = 14;
-    m_form.lblStatusLabel.Caption = u"HHHHHHHHHH";
-    const QImage image = Draw();
-    QRect ink;
-    for (int y = 0; y < 40; ++y)
-        for (int x = 0; x < 60; ++x)
-            if (image.pixelColor(x, y) != kBlack) ink |= QRect(x, y, 1, 1);
-    EXPECT_EQ(ink.bottom(), 18) << "9 pixels above the baseline belong to the letters";
-    EXPECT_GE(ink.top(), 10);
-    EXPECT_GE(ink.left(), 10);
-    EXPECT_LE(ink.right(), 29);
+    const struct { int FontPx, BottomPx; } rows[] = {{9, 16}, {10, 18}, {11, 18}};
+    for (const auto& row : rows) {
+        const QImage image = Write(u"HHHHHHHHHHHH", row.FontPx);
+        const QRect ink = Ink(image);
+        EXPECT_EQ(ink.bottom(), row.BottomPx);
+        EXPECT_TRUE(QRect(10, 10, 40, 14).contains(ink));
+        EXPECT_GE(ink.right(), 48);
+        EXPECT_EQ(Letters(image, ink).find_first_of("?_"), std::string::npos) << "red and nothing else";
+    }
+    EXPECT_EQ(Write(u"Hx", 10), Write(u"Hx", 11));
 }
 
-TEST_F(Paint, EveryTitleIsOneLineAndNoWork) {
-    Label& title = m_form.lblFilescroll;
-    title.Visible = true;
-    title.Left = title.Top = 0;
-    title.Width = 60;
-    title.Height = 12;
-    for (Text text :
-         {Text(u"a\nb\rc\td\0e", 9), Text(u"\u202Eabc\u2028\u2029"), Text(u"שלום עולם"), Text(1, 0xD800),
-          Text(u"\U0001F600\U0001F600"), Text(u"नमस्ते 你好 مرحبا"), Text(100'000, u'\u0301')}) {
+TEST_F(Paint, ATextIsOneLineFromTheLeftWithoutControlCharacters) {
+    const std::pair<Text, Text> rows[] = {
+        {u"a\nb\rc", u"a b c"}, {u"a\x1F.", u"a ."},   {u"a\x7F.", u"a ."},    {u"a\x9F.", u"a ."},
+        {u"a\u2028.", u"a ."},  {u"a\u2029.", u"a ."}, {u"a\uF05C.", u"a\\."}, {u"\u05D0!", u"\u200E\u05D0!"},
+    };
+    for (const auto& [text, same] : rows)
+        EXPECT_EQ(Write(text), Write(same)) << QString::fromStdU16String(text).toStdString();
+    for (const char16_t seen : {u'!', u'~', u'\u00A1'})
+        EXPECT_NE(Write(Text(u"a") + seen), Write(u"a")) << static_cast<int>(seen);
+}
+
+TEST_F(Paint, NoTitleIsWork) {
+    for (Text text : {Text(u"\u202Eabc\u2028\u2029"), Text(u"שלום עולם"), Text(1, 0xD800),
+                      Text(u"\U0001F600\U0001F600"), Text(u"नमस्ते 你好 مرحبا"), Text(100'000, u'\u0301')}) {
         while (text.size() < 10'000)
             text += text;
-        title.Caption = text;
-        const QImage image = Draw();
-        for (int x = 0; x < 60; ++x)
-            EXPECT_EQ(image.pixelColor(x, 20), kBlack);
+        EXPECT_LE(Ink(Write(text)).bottom(), 23);
     }
 }
 
-TEST_F(Paint, BarsAreYellowWithWhitePeaksOnBlackAtAnySize) {
-    m_form.VFmp3scope1.Visible = true;
-    m_form.VFmp3scope1.Left = m_form.VFmp3scope1.Top = 0;
-    m_form.VFmp3scope1.Width = 48;
-    m_form.VFmp3scope1.Height = 30;
-    m_form.VFmp3scope1.Bars.Level.fill(0.5F);
-    m_form.VFmp3scope1.Bars.Peak.fill(0.8F);
-    const QImage image = Draw();
-    EXPECT_EQ(image.pixelColor(0, 29), kYellow);
-    EXPECT_EQ(image.pixelColor(0, 15), kYellow);
-    EXPECT_EQ(image.pixelColor(0, 14), kBlack);
-    EXPECT_EQ(image.pixelColor(0, 6), QColor(Qt::white));
-    for (const int size : {0, 1, 2, 3, 7, 2000}) {
-        m_form.VFmp3scope1.Width = m_form.VFmp3scope1.Height = size;
-        (void)Draw();
+TEST_F(Paint, TheFaceIsOneInTwoSizes) {
+    const QFont small = m_fonts.FontOf(9), large = m_fonts.FontOf(10);
+    EXPECT_EQ(small.pixelSize(), 9);
+    EXPECT_EQ(large.pixelSize(), 11);
+    EXPECT_EQ(m_fonts.FontOf(11), large);
+    for (const QFont& font : {small, large}) {
+        EXPECT_TRUE(font.family() == "Tahoma" || font.family() == "Liberation Sans")
+            << font.family().toStdString();
+        EXPECT_EQ(font.hintingPreference(), QFont::PreferVerticalHinting);
+        EXPECT_TRUE(font.styleStrategy() & QFont::NoSubpixelAntialias);
     }
-}
-
-TEST_F(Paint, BarsOfTheLargestWidthReachAcrossAllThatIsSeen) {
-    m_form.VFmp3scope1.Visible = true;
-    m_form.VFmp3scope1.Left = m_form.VFmp3scope1.Top = 0;
-    m_form.VFmp3scope1.Width = std::numeric_limits<Long>::max();
-    m_form.VFmp3scope1.Height = 30;
-    m_form.VFmp3scope1.Bars.Level.fill(0.5F);
-    EXPECT_EQ(Draw().pixelColor(59, 29), kYellow);
 }

@@ -1,0 +1,84 @@
+// What the tests of the toolkit's part share: waits for a condition, a hand on what comes up, and a window
+// with a journal of what it reports.
+#pragma once
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QTimer>
+#include <gtest/gtest.h>
+#include <utility>
+
+#include "platform/qt/qt_loop.h"
+#include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_window.h"
+
+/// Waits in small pieces, with events going on, until `done`; gives up after twenty seconds.
+template<typename Done>
+bool WaitUntil(QtLoop& loop, Done done) {
+    for (int piece = 0; piece < 4000 && !done(); ++piece)
+        loop.Wait(0.005);
+    return done();
+}
+
+/// Has `answer` run with the next menu or modal dialog of that kind, once it is up.
+template<typename Widget>
+void WhenUp(std::function<void(Widget&)> answer) {
+    auto* look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, [look, answer = std::move(answer)] {
+        QWidget* popup = QApplication::activePopupWidget();
+        auto* widget = dynamic_cast<Widget*>(popup ? popup : QApplication::activeModalWidget());
+        if (!widget || !widget->isVisible()) return;
+        look->stop();
+        look->deleteLater();
+        answer(*widget);
+    });
+    look->start(1);
+}
+
+/// A picture of one row, a pixel for each colour.
+inline PicturePtr Dots(const std::vector<QColor>& row) {
+    QImage image(static_cast<int>(row.size()), 1, QImage::Format_ARGB32_Premultiplied);
+    for (int x = 0; x < image.width(); ++x)
+        image.setPixelColor(x, 0, row[static_cast<std::size_t>(x)]);
+    return std::make_shared<QtPicture>(image);
+}
+
+inline std::string RectsOf(const QRegion& region) {
+    QString text;
+    for (const QRect& rect : region)
+        text += QString::asprintf(" [%d,%d %dx%d]", rect.x(), rect.y(), rect.width(), rect.height());
+    return text.toStdString();
+}
+
+class QtWindowTest : public testing::Test, public FormEvents {
+protected:
+    QtWindowTest() {
+        m_window.Attach(m_form, *this, [this](bool window, bool scope) {
+            Note(!window ? "unseen" : scope ? "seen with scope" : "seen without scope");
+        });
+        m_loop.Attach(m_form, *this, [this] { m_window.ShowChanges(); });
+    }
+
+    void OnPointer(const PointerEvent& event) override {
+        const char* kinds[] = {"press", "move", "release", "lost"};
+        Note(QString::asprintf("%s %d,%d button %d held %d keys %d", kinds[static_cast<int>(event.Kind)],
+                               event.XPx, event.YPx, event.Button, event.Held, event.Shift));
+    }
+    void OnTimer(const Timer&) override {}
+    void OnClose() override { Note("close"); }
+
+    void Note(const QString& what) { m_journal += what.toStdString() + ";"; }
+    std::string Taken() { return std::exchange(m_journal, {}); }
+
+    void Mouse(QEvent::Type type, QPointF place, Qt::MouseButton button = Qt::NoButton,
+               Qt::MouseButtons held = {}, Qt::KeyboardModifiers keys = {}) {
+        QMouseEvent event(type, place, m_window.mapToGlobal(place), button, held, keys);
+        QCoreApplication::sendEvent(&m_window, &event);
+    }
+
+    Form m_form;
+    QtLoop m_loop;
+    QtWindow m_window{m_loop};
+    std::string m_journal;
+};

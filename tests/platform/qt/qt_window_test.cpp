@@ -1,0 +1,222 @@
+// The window as the toolkit has it: what it reports of the mouse, how it stands and what is painted after
+// each change of the records, and what comes up in front of it.
+#include <QAbstractEventDispatcher>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QToolTip>
+#include <QWindow>
+
+#include "platform/qt/qt_text.h"
+#include "platform/regions.h"
+#include "qt_fixture.h"
+
+namespace {
+
+using enum QEvent::Type;
+
+std::shared_ptr<const Region> Bands(const std::vector<Rect>& bands) {
+    auto region = std::make_shared<Region>();
+    for (const Rect& band : bands)
+        region->Append(band.Top, band.Bottom, std::array{RowSpan{band.Left, band.Right}});
+    return region;
+}
+
+class QtWindowShown : public QtWindowTest {
+protected:
+    QtWindowShown() { m_window.installEventFilter(&m_painted); }
+
+    // Shows the form; how the window stands then, its mask, what was painted, and what was told.
+    std::string Shown() {
+        m_window.ShowChanges();
+        m_loop.Turn();
+        QEvent update(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(&m_window, &update);
+        const QWindow& handle = *m_window.windowHandle();
+        const bool isBare = handle.flags() & Qt::FramelessWindowHint;
+        return QString::asprintf("%dx%d %s%s '%s'", m_window.width(), m_window.height(),
+                                 m_window.isMinimized() ? "minimised " : "", isBare ? "bare" : "framed",
+                                 qPrintable(handle.title()))
+                   .toStdString() +
+               RectsOf(m_window.mask()) + Painted() + " " + Taken();
+    }
+    std::string Painted() { return " painted" + RectsOf(std::exchange(m_painted.Region, {})); }
+
+    struct : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == Paint) Region += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+        QRegion Region;
+    } m_painted;
+};
+
+} // namespace
+
+TEST_F(QtWindowTest, ReportsTheMouseInWholePixelsWithButtonsAndKeys) {
+    constexpr auto left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
+    Mouse(MouseButtonPress, {3.9, 4.2}, left, left);
+    EXPECT_EQ(Taken(), "press 3,4 button 1 held 1 keys 0;");
+    Mouse(MouseButtonRelease, {-.5, 7}, right, left | middle, Qt::ShiftModifier | Qt::ControlModifier);
+    EXPECT_EQ(Taken(), "release -1,7 button 2 held 5 keys 3;");
+    Mouse(MouseButtonDblClick, {8, -8.1}, middle, right | middle, Qt::AltModifier);
+    EXPECT_EQ(Taken(), "press 8,-9 button 4 held 6 keys 4;");
+    Mouse(MouseButtonPress, {5, 6}, Qt::BackButton, Qt::BackButton);
+    Mouse(MouseButtonRelease, {5, 6}, Qt::BackButton);
+    EXPECT_EQ(Taken(), "");
+    Mouse(MouseMove, {5, 6});
+    EXPECT_EQ(Taken(), "move 5,6 button 0 held 0 keys 0;");
+    EXPECT_TRUE(m_window.hasMouseTracking()) << "a move without a button tells of a lost release";
+}
+
+TEST_F(QtWindowShown, FollowsTheRecords) {
+    m_form.Caption = u"one";
+    m_form.Width += kTwipsPerPixel;
+    m_form.Region = Bands({{3, 22, 13, 32}});
+    m_form.picBackground.Visible = m_form.picPlay.Visible = m_form.picEject.Visible = true;
+    m_window.Present();
+    m_window.ShowChanges();
+    EXPECT_FALSE(m_window.windowHandle()) << "nothing is there before the start-up is done";
+    m_window.ShowFirst();
+    EXPECT_EQ(m_window.pos(), QPoint(208, 273)) << "in the middle";
+    EXPECT_EQ(Shown(), "384x254 bare 'one' [0,0 10x10] painted [0,0 384x254] seen with scope;");
+    m_form.Region = nullptr;
+    EXPECT_EQ(Shown(), "384x254 framed 'one' painted [0,0 384x254] ");
+    m_form.picPlay.Picture = m_form.picEject.Picture = Dots({Qt::red});
+    EXPECT_EQ(Shown(), "384x254 framed 'one' painted [16,16 33x33] [216,16 33x33] ");
+    m_form.VFmp3scope1.Visible = false;
+    EXPECT_EQ(Shown(), "384x254 framed 'one' painted [296,16 33x33] seen without scope;");
+    m_form.Caption = u"<" + Text(2000, u'x');
+    EXPECT_EQ(Shown(), "384x254 framed '<" + std::string(999, 'x') + "' painted ");
+    m_form.Caption = u"%1[*]";
+    m_form.Region = Bands({{0, 0, 50, 30}, {20, 30, 500, 500}});
+    EXPECT_EQ(Shown(), "384x254 bare '%1[*]' [0,0 47x8] [17,8 367x246] painted [0,0 47x8] [17,8 367x246] ");
+    m_form.Region = Bands({{0, 0, 9, 9}});
+    EXPECT_EQ(Shown(), "384x254 bare '%1[*]' [-1,-1 1x1] painted ") << "no pixel is to be seen";
+    m_form.Region = nullptr;
+    m_form.Width += 16 * kTwipsPerPixel;
+    EXPECT_EQ(Shown(), "400x254 framed '%1[*]' painted [0,0 400x254] ");
+    m_form.VFmp3scope1.Visible = true;
+    m_window.Present();
+    EXPECT_EQ(Painted(), " painted [296,16 33x33]") << "before it returns";
+    m_window.Present();
+    EXPECT_EQ(Shown(), "400x254 framed '%1[*]' painted seen with scope;");
+    for (const std::string title : {"two", "three"}) {
+        m_form.State = WindowState::Minimised;
+        EXPECT_EQ(Shown().substr(0, 17), "400x254 minimised") << "again after the platform's return";
+        m_form.Caption = QString::fromStdString(title).toStdU16String();
+        m_form.picPlay.Visible = !m_form.picPlay.Visible;
+        EXPECT_EQ(Shown(), "400x254 minimised framed '" + title + "' painted ");
+        m_window.showNormal();
+        EXPECT_EQ(Shown(), "400x254 framed '" + title + "' painted [16,16 33x33] seen with scope;");
+    }
+}
+
+TEST_F(QtWindowTest, OutsideItsShapeNothingIsPaintedWhateverWasThere) {
+    m_form.picBackground.Left = m_form.picBackground.Top = m_form.picPlay.Left = m_form.picPlay.Top = 2;
+    m_form.picBackground.Visible = m_form.picPlay.Visible = true;
+    m_form.picPlay.Picture = Dots({QColor(0, 200, 0, 128)});
+    m_form.Region = Bands({{3, 22, 13, 32}});
+    m_window.ShowFirst();
+    QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::red);
+    m_window.render(&image, {}, QRegion(0, 0, 20, 20), QWidget::IgnoreMask);
+    std::string colours;
+    for (const QPoint& place : {QPoint(10, 9), QPoint(9, 10), QPoint(9, 9), QPoint(1, 1), QPoint(4, 4)})
+        colours += image.pixelColor(place).name(QColor::HexArgb).toStdString();
+    EXPECT_EQ(colours, "#00000000#00000000#ff000000#ff3a6ea5#ff006400");
+}
+
+TEST_F(QtWindowTest, AHandleThatStrayedIsBackBeforeAnythingHangsOnItsPlace) {
+    m_window.ShowFirst();
+    EXPECT_EQ(m_window.pos(), QPoint(205, 260)) << "in the middle with its frame";
+    const auto isBackAfter = [&](auto act) {
+        m_window.windowHandle()->setPosition(71, 93);
+        act();
+        return m_window.windowHandle()->position() == m_window.geometry().topLeft();
+    };
+    EXPECT_FALSE(isBackAfter([] {}));
+    EXPECT_TRUE(isBackAfter([&] { m_window.Present(); }));
+    EXPECT_TRUE(isBackAfter([&] { m_window.BeginMove(kRightButton); }));
+    m_form.Width += kTwipsPerPixel;
+    EXPECT_TRUE(isBackAfter([&] { m_window.ShowChanges(); }));
+}
+
+TEST_F(QtWindowTest, ADragIsTheWindowsOwnFromThePressToTheRelease) {
+    for (const auto& [button, number] : {std::pair(Qt::LeftButton, kLeftButton),
+                                         {Qt::RightButton, kRightButton},
+                                         {Qt::MiddleButton, kMiddleButton}}) {
+        m_window.ShowFirst();
+        m_window.move(100, 50);
+        Mouse(MouseButtonPress, {20, 30}, button, button);
+        Mouse(MouseMove, {25, 31}, Qt::NoButton, button);
+        (void)Taken();
+        m_window.BeginMove(number);
+        Mouse(MouseMove, {24, 37}, Qt::NoButton, button);
+        EXPECT_EQ(m_window.pos(), QPoint(104, 57)) << "by the way since the press";
+        Mouse(MouseMove, {-1, 30}, Qt::NoButton, button | Qt::BackButton);
+        Mouse(MouseButtonRelease, {60, 60}, button);
+        EXPECT_EQ(m_window.pos(), QPoint(83, 57));
+        EXPECT_EQ(Taken(), "") << "the form hears nothing of it";
+        Mouse(MouseMove, {9, 9});
+        EXPECT_EQ(Taken(), "move 9,9 button 0 held 0 keys 0;");
+    }
+}
+
+TEST_F(QtWindowTest, ATipBelongsToItsControl) {
+    const auto ask = [&](int x, int y) {
+        QHelpEvent event(QEvent::ToolTip, {x, y}, m_window.mapToGlobal(QPoint(x, y)));
+        return QCoreApplication::sendEvent(&m_window, &event);
+    };
+    // A tip that is about to go has a short timer for it.
+    const auto stays = [] {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->inherits("QTipLabel"))
+                for (const auto& timer : QAbstractEventDispatcher::instance()->registeredTimers(widget))
+                    if (timer.interval < 1000) return false;
+        return QToolTip::isVisible();
+    };
+    const auto isGoneAfter = [&](auto act) {
+        m_form.picVolume.ToolTip += u"!";
+        EXPECT_TRUE(ask(260, 15));
+        EXPECT_EQ(QToolTip::text(), ToQString(m_form.picVolume.ToolTip));
+        EXPECT_TRUE(stays());
+        act();
+        return !stays();
+    };
+    m_form.picBackground.Visible = true;
+    m_form.picBackground.Left = 11;
+    m_form.picBackground.Top = 6;
+    m_window.ShowFirst();
+    // The volume stands at 248,8 of the surface.
+    EXPECT_TRUE(isGoneAfter([&] { Mouse(MouseMove, {258, 20}); }));
+    EXPECT_TRUE(isGoneAfter([&] { Mouse(MouseMove, {260, 13}); }));
+    EXPECT_TRUE(isGoneAfter([&] { (void)ask(310, 30); }));
+    EXPECT_TRUE(isGoneAfter([&] { m_window.BeginMove(kRightButton); }));
+}
+
+TEST_F(QtWindowTest, TheMenuHasTheVisibleChildrenOfItsRoot) {
+    const MenuEntry menu[] = {{"", 0, u"other", true, true},   {"", 0, u"root", false, true},
+                              {"", 1, u"one", true, true},     {"", 2, u"deep", true, true},
+                              {"", 1, u"unseen", false, true}, {"", 1, u"-", true, true},
+                              {"", 1, u"grey", true, false},   {"", 1, u"last", true, true},
+                              {"", 0, u"another", true, true}, {"", 1, u"not its child", true, true}};
+    const auto choose = [&](std::size_t count, int chosen) {
+        std::string shown;
+        WhenUp<QMenu>([&](QMenu& popup) {
+            EXPECT_TRUE(popup.testAttribute(Qt::WA_NoMouseReplay))
+                << "the press that dismisses it goes nowhere";
+            for (const QAction* action : popup.actions())
+                shown += (action->isSeparator() ? "-" : action->text().toStdString()) +
+                         (action->isEnabled() ? " " : "* ");
+            popup.setActiveAction(popup.actions().value(chosen));
+            QKeyEvent key(QEvent::KeyPress, chosen < 0 ? Qt::Key_Escape : Qt::Key_Return, {});
+            QCoreApplication::sendEvent(&popup, &key);
+        });
+        const std::size_t index = m_window.PopupMenu({menu, count}, 1);
+        return shown + std::to_string(index);
+    };
+    EXPECT_EQ(choose(10, 0), "one - grey* last 2");
+    EXPECT_EQ(choose(10, 3), "one - grey* last 7");
+    EXPECT_EQ(choose(10, -1), "one - grey* last 1");
+    EXPECT_EQ(choose(7, 0), "one - grey* 2") << "the entry behind the tree isn't one of it";
+}
