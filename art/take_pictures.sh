@@ -5,8 +5,8 @@
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$top/build}
-. "$top/tests/desktop/session.sh"
-start_session display sound
+session_parts='display sound'
+. "$top/bench/session.sh"
 application="$session_dir/prefix/lib/velora"
 cmake --install "$build" --prefix "$session_dir/prefix" >/dev/null
 printf '[Settings]\r\nVolume=6\r\n' >"$application/velsettings.ini"
@@ -14,6 +14,11 @@ printf '[Settings]\r\nVolume=6\r\n' >"$application/velsettings.ini"
 # A colour that no skin has: what still shows it in the picture isn't window.
 around='#ff00fe'
 xsetroot -solid "$around"
+
+# find_window: the id of the program's window, once it is mapped.
+find_window() {
+  xdotool search --onlyvisible --class velora
+}
 
 # show SKIN PERCENT X Y PICTURE: plays the tune up to PERCENT and takes the picture. X and Y are a place on the
 # play button, in pixels of the skin.
@@ -23,9 +28,8 @@ show() {
     "$(printf '%s' "$application/VELORA_MAIN/$skin" | tr / '\\')" >"$application/velskins.ini"
   QT_SCALE_FACTOR=2 "$session_dir/prefix/bin/velora" "$top/demo/tune.mp3" &
   program=$!
-  session_pids+=("$program")
-  wait_for 'the window' find_velora
-  window=$(find_window)
+  wait_for 'the window' find_window
+  window=$(find_window | head -1)
   # After the start with a file the play button shows its play picture: a click brings up the stop picture.
   xdotool mousemove --window "$window" $((2 * x)) $((2 * y)) click 1 mousemove 0 0
   wait_for "$percent % of the tune" sh -c "xprop -id $window _NET_WM_NAME | grep -q ' $percent%'"
