@@ -14,15 +14,12 @@ std::size_t FirstCharacterLength(TextView text) {
     return text.size() > 1 && IsPair(text[0], text[1]) ? 2 : 1;
 }
 
-std::size_t LastCharacterLength(TextView text) {
-    if (text.empty()) return 0;
-    return text.size() > 1 && IsPair(text[text.size() - 2], text.back()) ? 2 : 1;
-}
-
 TextView WithoutFirstCharacter(TextView text) {
     return text.substr(FirstCharacterLength(text));
 }
 
 TextView WithoutLastCharacter(TextView text) {
-    return text.substr(0, text.size() - LastCharacterLength(text));
+    if (text.empty()) return text;
+    const bool pair = text.size() > 1 && IsPair(text[text.size() - 2], text.back());
+    return text.substr(0, text.size() - (pair ? 2 : 1));
 }

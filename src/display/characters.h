@@ -9,9 +9,6 @@
 /// How many places the first character takes: 2 for a surrogate pair, 0 in an empty text, else 1.
 [[nodiscard]] std::size_t FirstCharacterLength(TextView text);
 
-/// The same for the last character.
-[[nodiscard]] std::size_t LastCharacterLength(TextView text);
-
 /// `text` without its first character; the empty text stays.
 [[nodiscard]] TextView WithoutFirstCharacter(TextView text);
 

@@ -13,8 +13,8 @@ namespace {
 constexpr std::int32_t kNoRow = std::numeric_limits<std::int32_t>::max();
 
 // One bit for each of the four cases in which a pixel can be: bit 0 outside both sources, 1 in the second
-// alone, 2 in the first alone, 3 in both. The place in the table is the mode.
-constexpr unsigned kModes[] = {0, 0b1000, 0b1110, 0b0110, 0b0100, 0b1100};
+// alone, 2 in the first alone, 3 in both. The modes count from 1.
+constexpr unsigned kModes[] = {0b1000, 0b1110, 0b0110, 0b0100, 0b1100};
 
 // A rectangle with corners in order and the size of its corner ellipses, wide enough for all sums.
 struct RoundedRectangle {
@@ -38,8 +38,7 @@ double InsetAt(const RoundedRectangle& shape, std::int32_t y) {
     const double middle = y + 0.5;
     const double intoRows = std::min(middle - shape.Top, shape.Bottom - middle);
     const double radius = shape.CornerHeight / 2;
-    if (intoRows >= radius || shape.CornerWidth <= 0) return 0;
-    const double height = (radius - intoRows) / radius;
+    const double height = std::max(0.0, (radius - intoRows) / radius);
     return shape.CornerWidth / 2 * (1 - std::sqrt(1 - height * height));
 }
 
@@ -176,7 +175,7 @@ std::vector<Rect> Region::Rectangles(const Rect& view) const {
 }
 
 void Region::Append(std::int32_t top, std::int32_t bottom, std::span<const RowSpan> spans) {
-    if (top >= bottom || spans.empty()) return;
+    if (spans.empty()) return;
     if (!m_bands.empty() && m_bands.back().Bottom == top &&
         std::ranges::equal(SpansOf(m_bands.back()), spans)) {
         m_bands.back().Bottom = bottom;
@@ -205,9 +204,9 @@ bool CombineRgn(RegionTable& table, Long dest, Long source1, Long source2, Long 
     const std::shared_ptr<const Region> first = FindRegion(table, source1);
     const std::shared_ptr<const Region> second = FindRegion(table, source2);
     const auto target = table.Regions.find(dest);
-    if (mode < 1 || mode >= Long{std::size(kModes)} || !first || !second || target == table.Regions.end())
+    if (mode < 1 || mode > Long{std::size(kModes)} || !first || !second || target == table.Regions.end())
         return false;
-    target->second = std::make_shared<const Region>(Combine(*first, *second, kModes[mode]));
+    target->second = std::make_shared<const Region>(Combine(*first, *second, kModes[mode - 1]));
     return true;
 }
 

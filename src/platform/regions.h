@@ -35,7 +35,7 @@ public:
     [[nodiscard]] std::span<const RowSpan> SpansAt(std::int32_t y) const;
 
     /// Adds the rows from `top` up to and not including `bottom` beneath all that the region has. `spans` are
-    /// as `SpansAt` gives them; no spans and no rows add nothing.
+    /// as `SpansAt` gives them; no spans add nothing.
     void Append(std::int32_t top, std::int32_t bottom, std::span<const RowSpan> spans);
 
     bool operator==(const Region&) const = default;

@@ -45,24 +45,23 @@ void BuildRegion(Velora& velora, SkinRegionRecord& region) {
         region.Handle = CreateRoundRectRgn(velora.Regions, outer, *sides, region.X3, region.Y3);
 }
 
-// The handle of a numbered element; nothing if the array has no such element.
-std::optional<Long> HandleOf(const SkinRecord& skin, Integer number) {
-    if (number < 0 || static_cast<std::size_t>(number) >= skin.Regions.size()) return std::nullopt;
-    return skin.Regions[static_cast<std::size_t>(number)].Handle;
+// The handle of a numbered element; 0, with which nothing is combined, if it has no region or isn't there.
+Long HandleOf(const SkinRecord& skin, Integer number) {
+    const auto index = static_cast<std::size_t>(number);
+    return index < skin.Regions.size() ? skin.Regions[index].Handle : 0;
 }
 
 void CombineRegions(Velora& velora, const SkinRecord& skin, const SkinRegionRecord& region) {
-    if (region.CombineMode == 0 || region.DestRgn == 0 || region.SrcRgn1 == 0 || region.SrcRgn2 == 0) return;
-    const auto dest = HandleOf(skin, region.DestRgn);
-    const auto source1 = HandleOf(skin, region.SrcRgn1), source2 = HandleOf(skin, region.SrcRgn2);
-    if (dest && source1 && source2) CombineRgn(velora.Regions, *dest, *source1, *source2, region.CombineMode);
+    CombineRgn(velora.Regions, HandleOf(skin, region.DestRgn), HandleOf(skin, region.SrcRgn1),
+               HandleOf(skin, region.SrcRgn2), region.CombineMode);
 }
 
 } // namespace
 
 void ApplySkin(Velora& velora, Integer Slot) {
-    if (Slot < 0 || static_cast<std::size_t>(Slot) >= velora.Skins.size()) return;
-    const SkinRecord& skin = velora.Skins[static_cast<std::size_t>(Slot)];
+    const auto index = static_cast<std::size_t>(Slot);
+    if (index >= velora.Skins.size()) return;
+    const SkinRecord& skin = velora.Skins[index];
     if (skin.Type != 1) return;
     velora.CurrentSkin = Slot;
     SetOuterSize(velora.frmMain.Width, skin.Width);

@@ -4,7 +4,8 @@
 
 #include "state/velora.h"
 
-/// Applies slot `Slot`, which may be one that was applied before. A skin whose type isn't 1 changes nothing.
+/// Applies slot `Slot`, which may be one that was applied before. A skin whose type isn't 1 changes nothing,
+/// nor does a number that is no filled slot's, 0 among them.
 /// An outer width or height below 1 or above 16,383 pixels leaves that side as it was.
 void ApplySkin(Velora& velora, Integer Slot);
 

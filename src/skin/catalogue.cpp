@@ -14,8 +14,7 @@ constexpr TextView kSkinDirectory = u"\\VELORA_MAIN";
 constexpr TextView kDefaultSkin = u"\\VELORA_MAIN\\velora.vs4";
 
 void LoadAndApply(Velora& velora, const Text& path) {
-    const Integer slot = LoadSkinFile(velora, path);
-    if (slot != 0) ApplySkin(velora, slot);
+    ApplySkin(velora, LoadSkinFile(velora, path));
 }
 
 // One entry; `isLast` of the last number, whose missing file brings up the first skin.
@@ -27,7 +26,7 @@ void LoadEntry(Velora& velora, const Text& path, bool isLast) {
         return;
     }
     ShowMessage(velora, u"Couldn't find \"" + path + u"\"");
-    if (isLast && velora.Skins[1].Loaded) ApplySkin(velora, 1);
+    if (isLast) ApplySkin(velora, 1);
 }
 
 void LoadDefaultSkin(Velora& velora) {
@@ -72,10 +71,9 @@ void LoadSkinCatalogue(Velora& velora) {
 
 void ShowCompanionSkin(Velora& velora) {
     const Text companion = velora.Skins[static_cast<std::size_t>(velora.CurrentSkin)].Playlist;
-    if (companion.empty() || !FileExists(companion)) return;
+    if (!FileExists(companion)) return;
     Integer slot = LoadSkinFile(velora, companion);
     if (slot == 0) slot = LatestSlotOf(velora, companion);
-    if (slot == 0) return;
     ApplySkin(velora, slot);
     if (velora.CurrentSkin != slot) return;
     // The layout gave the button a picture of its own, by which nobody could tell its state.

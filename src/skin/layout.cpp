@@ -3,7 +3,6 @@
 #include "skin/layout.h"
 
 #include <iterator>
-#include <tuple>
 
 #include "platform/paths.h"
 #include "skin/lights.h"
@@ -21,8 +20,8 @@ struct PlacedObject {
     const ObjectType& Type;
 };
 
-// When an object counts: always if it is enabled, also if both names are there, also if the first file is.
-enum class Rule { Enabled, BothNames, FirstFile };
+// When an object counts: if it is enabled, or if its first file is there as well.
+enum class Rule { Enabled, FirstFile };
 
 struct ObjectType {
     Rule Counts;
@@ -59,7 +58,7 @@ void PlaceVolume(Velora& velora, const PlacedObject& object) {
 }
 
 void PlaceLights(Velora& velora, const PlacedObject& object) {
-    std::ignore = LoadShapeObject(velora, object.Slot, object.Index);
+    LoadShapeObject(velora, object.Slot, object.Index);
 }
 
 // The place in the table is the object's `Type`. A row without a procedure stands for no object.
@@ -75,23 +74,19 @@ constexpr ObjectType kObjectTypes[] = {
     {Rule::Enabled, PlaceScope},
     {Rule::Enabled, PlaceText, nullptr, nullptr, nullptr, &Form::lblFilescroll},
     {Rule::Enabled, nullptr},
-    {Rule::BothNames, PlaceVolume},
+    {Rule::Enabled, PlaceVolume},
     {Rule::Enabled, PlaceText, nullptr, nullptr, nullptr, &Form::lblStatusLabel},
     {Rule::Enabled, PlaceLights},
 };
 
 bool Counts(const SkinObjectRecord& object, Rule rule) {
-    if (!object.Enabled) return false;
-    if (rule == Rule::Enabled) return true;
-    if (object.FileName.empty() || object.FileName2.empty()) return false;
-    return rule == Rule::BothNames || FileExists(object.FileName);
+    return object.Enabled && (rule == Rule::Enabled || FileExists(object.FileName));
 }
 
 } // namespace
 
 void LayoutSkinObjects(Velora& velora, Integer Slot) {
     const SkinRecord& skin = velora.Skins[static_cast<std::size_t>(Slot)];
-    if (!skin.Loaded) return;
     for (Integer index = 1; index <= skin.ObjectCount; ++index) {
         if (static_cast<std::size_t>(index) >= skin.Objects.size()) return;
         const SkinObjectRecord& object = skin.Objects[static_cast<std::size_t>(index)];
@@ -109,7 +104,7 @@ void PlacePictureObject(Velora& velora, PictureBox& Control, PictureBox& NormalH
     Control.Top = Top;
     LoadPictureInto(velora, Control, FileName);
     LoadPictureInto(velora, NormalHolder, FileName);
-    if (!FileName2.empty()) LoadPictureInto(velora, PressedHolder, FileName2);
+    LoadPictureInto(velora, PressedHolder, FileName2);
     Control.Visible = true;
 }
 

@@ -5,11 +5,11 @@
 #include "state/velora.h"
 
 /// Lays out the objects of the filled slot `Slot`, in their order. The slot has to be `CurrentSkin` already,
-/// whose record the volume object is written to. A slot that isn't loaded changes nothing.
+/// whose record the volume object is written to.
 void LayoutSkinObjects(Velora& velora, Integer Slot);
 
-/// Moves `Control`, loads `FileName` for it and once more for `NormalHolder`, and `FileName2`, unless empty,
-/// for `PressedHolder`; then shows `Control`. A picture that can't be loaded leaves the one that was there.
+/// Moves `Control`, loads `FileName` for it and once more for `NormalHolder`, and `FileName2` for
+/// `PressedHolder`; then shows `Control`. A picture that can't be loaded leaves the one that was there.
 /// Does nothing for a `FileName` of at most one character. Places in pixels.
 void PlacePictureObject(Velora& velora, PictureBox& Control, PictureBox& NormalHolder,
                         PictureBox& PressedHolder, const Text& FileName, const Text& FileName2, Long Left,

@@ -47,8 +47,6 @@ bool ReadPlaceAndForm(ProfileReader& file, const Text& section, Shape& light) {
 bool MakeLight(ProfileReader& file, std::array<Shape, kLights + 1>& lights, std::size_t number) {
     Shape& light = lights[number];
     if (light.Exists) return false;
-    light = lights[0];
-    light.Visible = false;
     light.Exists = true;
     const Text section = Decimal(static_cast<Long>(number));
     if (!ReadPlaceAndForm(file, section, light)) return false;
@@ -68,15 +66,14 @@ void SetNamedColour(const Text& name, Long& colour) {
 
 } // namespace
 
-bool LoadShapeObject(Velora& velora, Integer Slot, Integer ObjectIndex) {
+void LoadShapeObject(Velora& velora, Integer Slot, Integer ObjectIndex) {
     const SkinObjectRecord& object =
         velora.Skins[static_cast<std::size_t>(Slot)].Objects[static_cast<std::size_t>(ObjectIndex)];
-    if (object.FileName.empty() || !FileExists(object.FileName) || !object.Enabled) return true;
+    if (!FileExists(object.FileName)) return;
     ProfileReader file(object.FileName);
     std::array<Shape, kLights + 1>& lights = velora.frmMain.shpPercent;
     for (std::size_t number = 1; number < lights.size(); ++number)
-        if (!MakeLight(file, lights, number)) return false;
-    return true;
+        if (!MakeLight(file, lights, number)) return;
 }
 
 void SetShapeColours(Shape& Shape, const Text& BackColour, const Text& BorderColour) {

@@ -10,14 +10,6 @@ namespace {
 
 constexpr std::size_t kSuffixLength = 4;
 
-// An element is a copy of element 0; one that exists stays.
-void MakeElement(Form& form, std::size_t step) {
-    if (form.picVolumeArrayExists[step]) return;
-    form.picVolumeArray[step] = form.picVolumeArray[0];
-    form.picVolumeArray[step].Visible = false;
-    form.picVolumeArrayExists[step] = true;
-}
-
 void ReadMousePositions(SkinRecord& skin, Integer objectIndex) {
     ProfileReader file(skin.Directory + skin.FileName);
     const Text section = u"object" + Decimal(objectIndex);
@@ -39,7 +31,6 @@ void LoadVolumeObject(Velora& velora, Integer ObjectIndex, Long Left, Long Top, 
     LoadPictureInto(velora, form.picVolume, FileName);
     for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
         const Text path = base + Decimal(static_cast<Long>(step)) + u".gif";
-        MakeElement(form, step);
         LoadPictureInto(velora, form.picVolumeArray[step], path);
         skin.VolumeImages[step] = path;
     }

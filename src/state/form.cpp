@@ -1,11 +1,14 @@
-// The form's first state, from tables: rectangles are in twips there, as the form was drawn.
+// The form's first state, from tables of pixels.
 #include "state/form.h"
+
+#include <algorithm>
+
+#include "state/stack.h"
 
 namespace {
 
 constexpr Long kPaleYellow = 0x0080FFFF;
 constexpr Long kWhite = 0x00FFFFFF;
-constexpr int kFrameWidthPx = 6, kFrameHeightPx = 25;
 
 struct BoxRow {
     PictureBox Form::*Box;
@@ -19,33 +22,33 @@ using enum Container;
 
 // The picture boxes, those of one container from front to back.
 constexpr BoxRow kBoxes[] = {
-    {&Form::picBackground, "picBackground", frmMain, 120, 120, 5535, 1335, false, true},
-    {&Form::picMemoryGFX, "picMemoryGFX", frmMain, 120, 1560, 5535, 1335, false, false},
-    {&Form::picActiveX, "picActiveX", frmMain, 120, 3000, 5535, 735, false, false},
-    {&Form::picVolume, "picVolume", picBackground, 3720, 120, 495, 495, true, true},
-    {&Form::picPlay, "picPlay", picBackground, 120, 120, 495, 495, false, true},
-    {&Form::picPause, "picPause", picBackground, 720, 120, 495, 495, false, true},
-    {&Form::picBackward, "picBackward", picBackground, 1320, 120, 495, 495, false, true},
-    {&Form::picForward, "picForward", picBackground, 1920, 120, 495, 495, false, true},
-    {&Form::picPlaylist, "picPlaylist", picBackground, 2520, 120, 495, 495, false, true},
-    {&Form::picEject, "picEject", picBackground, 3120, 120, 495, 495, false, true},
-    {&Form::picBackground1, "picBackground1", picMemoryGFX, 120, 120, 495, 495, false, false},
-    {&Form::picBackground2, "picBackground2", picMemoryGFX, 120, 720, 495, 495, false, false},
-    {&Form::picPlay1, "picPlay1", picMemoryGFX, 720, 120, 495, 495, false, false},
-    {&Form::picPlay2, "picPlay2", picMemoryGFX, 720, 720, 495, 495, false, false},
-    {&Form::picPause1, "picPause1", picMemoryGFX, 1320, 120, 495, 495, false, false},
-    {&Form::picPause2, "picPause2", picMemoryGFX, 1320, 720, 495, 495, false, false},
-    {&Form::picStop1, "picStop1", picMemoryGFX, 1920, 120, 495, 495, false, false},
-    {&Form::picStop2, "picStop2", picMemoryGFX, 1920, 720, 495, 495, false, false},
-    {&Form::picBackward1, "picBackward1", picMemoryGFX, 2520, 120, 495, 495, false, false},
-    {&Form::picBackward2, "picBackward2", picMemoryGFX, 2520, 720, 495, 495, false, false},
-    {&Form::picForeward1, "picForeward1", picMemoryGFX, 3120, 120, 495, 495, false, false},
-    {&Form::picForeward2, "picForeward2", picMemoryGFX, 3120, 720, 495, 495, false, false},
-    {&Form::picPlaylist1, "picPlaylist1", picMemoryGFX, 3720, 120, 495, 495, false, false},
-    {&Form::picPlaylist2, "picPlaylist2", picMemoryGFX, 3720, 720, 495, 495, false, false},
-    {&Form::picEject1, "picEject1", picMemoryGFX, 4320, 120, 495, 495, false, false},
-    {&Form::picEject2, "picEject2", picMemoryGFX, 4320, 720, 495, 495, false, false},
-    {&Form::picStop, "picStop", picMemoryGFX, 1320, 120, 495, 495, false, true},
+    {&Form::picBackground, "picBackground", frmMain, 8, 8, 369, 89, false, true},
+    {&Form::picMemoryGFX, "picMemoryGFX", frmMain, 8, 104, 369, 89, false, false},
+    {&Form::picActiveX, "picActiveX", frmMain, 8, 200, 369, 49, false, false},
+    {&Form::picVolume, "picVolume", picBackground, 248, 8, 33, 33, true, true},
+    {&Form::picPlay, "picPlay", picBackground, 8, 8, 33, 33, false, true},
+    {&Form::picPause, "picPause", picBackground, 48, 8, 33, 33, false, true},
+    {&Form::picBackward, "picBackward", picBackground, 88, 8, 33, 33, false, true},
+    {&Form::picForward, "picForward", picBackground, 128, 8, 33, 33, false, true},
+    {&Form::picPlaylist, "picPlaylist", picBackground, 168, 8, 33, 33, false, true},
+    {&Form::picEject, "picEject", picBackground, 208, 8, 33, 33, false, true},
+    {&Form::picBackground1, "picBackground1", picMemoryGFX, 8, 8, 33, 33, false, false},
+    {&Form::picBackground2, "picBackground2", picMemoryGFX, 8, 48, 33, 33, false, false},
+    {&Form::picPlay1, "picPlay1", picMemoryGFX, 48, 8, 33, 33, false, false},
+    {&Form::picPlay2, "picPlay2", picMemoryGFX, 48, 48, 33, 33, false, false},
+    {&Form::picPause1, "picPause1", picMemoryGFX, 88, 8, 33, 33, false, false},
+    {&Form::picPause2, "picPause2", picMemoryGFX, 88, 48, 33, 33, false, false},
+    {&Form::picStop1, "picStop1", picMemoryGFX, 128, 8, 33, 33, false, false},
+    {&Form::picStop2, "picStop2", picMemoryGFX, 128, 48, 33, 33, false, false},
+    {&Form::picBackward1, "picBackward1", picMemoryGFX, 168, 8, 33, 33, false, false},
+    {&Form::picBackward2, "picBackward2", picMemoryGFX, 168, 48, 33, 33, false, false},
+    {&Form::picForeward1, "picForeward1", picMemoryGFX, 208, 8, 33, 33, false, false},
+    {&Form::picForeward2, "picForeward2", picMemoryGFX, 208, 48, 33, 33, false, false},
+    {&Form::picPlaylist1, "picPlaylist1", picMemoryGFX, 248, 8, 33, 33, false, false},
+    {&Form::picPlaylist2, "picPlaylist2", picMemoryGFX, 248, 48, 33, 33, false, false},
+    {&Form::picEject1, "picEject1", picMemoryGFX, 288, 8, 33, 33, false, false},
+    {&Form::picEject2, "picEject2", picMemoryGFX, 288, 48, 33, 33, false, false},
+    {&Form::picStop, "picStop", picMemoryGFX, 88, 8, 33, 33, false, true},
 };
 
 struct ToolTipRow {
@@ -80,25 +83,25 @@ constexpr MenuRow kMenu[] = {
     {"mnuExitVelora", 1, u"::EXIT QU><LLO.VELORA::", true, true},
 };
 
-void PlaceInTwips(Control& control, std::string_view name, Container parent, int left, int top, int width,
-                  int height) {
+void Place(Control& control, std::string_view name, Container parent, int left, int top, int width,
+           int height) {
     control.Name = name;
     control.Parent = parent;
-    control.Left = left / kTwipsPerPixel;
-    control.Top = top / kTwipsPerPixel;
-    control.Width = width / kTwipsPerPixel;
-    control.Height = height / kTwipsPerPixel;
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
 }
 
 void MakePictureBoxes(Form& form) {
     for (const BoxRow& row : kBoxes) {
         PictureBox& box = form.*row.Box;
-        PlaceInTwips(box, row.Name, row.Parent, row.Left, row.Top, row.Width, row.Height);
+        Place(box, row.Name, row.Parent, row.Left, row.Top, row.Width, row.Height);
         box.Visible = row.Visible;
         box.TakesPictureSize = row.TakesPictureSize;
     }
     for (PictureBox& box : form.picVolumeArray) {
-        PlaceInTwips(box, "picVolumeArray", picMemoryGFX, 4920, 720, 495, 495);
+        Place(box, "picVolumeArray", picMemoryGFX, 328, 48, 33, 33);
         box.Visible = false;
     }
     for (const ToolTipRow& row : kToolTips)
@@ -106,13 +109,13 @@ void MakePictureBoxes(Form& form) {
 }
 
 void MakeLabels(Form& form) {
-    PlaceInTwips(form.lblStatusLabel, "lblStatusLabel", picBackground, 120, 720, 495, 495);
+    Place(form.lblStatusLabel, "lblStatusLabel", picBackground, 8, 48, 33, 33);
     form.lblStatusLabel.Caption = u"Ready";
     form.lblStatusLabel.ForeColour = kPaleYellow;
-    PlaceInTwips(form.lblFilescroll, "lblFilescroll", picBackground, 720, 720, 495, 495);
+    Place(form.lblFilescroll, "lblFilescroll", picBackground, 48, 48, 33, 33);
     form.lblFilescroll.FontPx = 9;
     form.lblFilescroll.ForeColour = kPaleYellow;
-    PlaceInTwips(form.Label1, "Label1", picActiveX, 120, 0, 1215, 255);
+    Place(form.Label1, "Label1", picActiveX, 8, 0, 81, 17);
     form.Label1.Caption = u"ActiveX";
     form.Label1.ForeColour = kWhite;
 }
@@ -120,13 +123,13 @@ void MakeLabels(Form& form) {
 } // namespace
 
 Form::Form() : Caption(u"..:: velora.team-qu><llo::..") {
-    Width = 5745 + kFrameWidthPx * kTwipsPerPixel;
-    Height = 3810 + kFrameHeightPx * kTwipsPerPixel;
+    Width = (383 + kFrameLeftPx + kFrameRightPx) * kTwipsPerPixel;
+    Height = (254 + kFrameTopPx + kFrameBottomPx) * kTwipsPerPixel;
     MakePictureBoxes(*this);
     MakeLabels(*this);
-    PlaceInTwips(VFmp3scope1, "VFmp3scope1", Container::picBackground, 4320, 120, 495, 495);
+    Place(VFmp3scope1, "VFmp3scope1", Container::picBackground, 288, 8, 33, 33);
     for (Shape& shape : shpPercent) {
-        PlaceInTwips(shape, "shpPercent", Container::picBackground, 4320, 960, 75, 75);
+        Place(shape, "shpPercent", Container::picBackground, 288, 64, 5, 5);
         shape.Visible = false;
     }
     shpPercent[0].Exists = shpPercent[0].Visible = true;
@@ -145,8 +148,6 @@ void SetPicture(PictureBox& box, const PicturePtr& picture) {
 }
 
 std::size_t MenuIndex(const Form& form, std::string_view name) {
-    std::size_t index = 0;
-    while (index + 1 < form.Menu.size() && form.Menu[index].Name != name)
-        ++index;
-    return index;
+    const auto entry = std::ranges::find(form.Menu, name, &MenuEntry::Name);
+    return static_cast<std::size_t>(entry - form.Menu.begin());
 }

@@ -100,8 +100,7 @@ struct Form {
     PictureBox picBackground1, picBackground2, picPlay1, picPlay2, picPause1, picPause2;
     PictureBox picStop1, picStop2, picBackward1, picBackward2, picForeward1, picForeward2;
     PictureBox picPlaylist1, picPlaylist2, picEject1, picEject2, picStop;
-    std::array<PictureBox, kVolumeSteps + 1> picVolumeArray; ///< Element 0 comes with the form.
-    std::array<bool, kVolumeSteps + 1> picVolumeArrayExists{true};
+    std::array<PictureBox, kVolumeSteps + 1> picVolumeArray; ///< Element 0 shows nothing.
 
     Timer tmrSeekBackward, tmrSeekForward, tmrScrollFiletitle;
     Label Label1;

@@ -32,9 +32,7 @@ bool ShowsNothing(const Figure& figure) {
 
 Scene SceneOf(const Form& form) {
     Scene scene{form.Caption, ClientArea(form), form.State, form.Region, {}, {}};
-    const std::vector<StackedControl> stack = ControlStack(form);
-    scene.Figures.reserve(stack.size());
-    for (const StackedControl& row : stack) {
+    for (const StackedControl& row : ControlStack(form)) {
         Figure figure{};
         figure.Kind = row.Kind;
         figure.Source = row.Source;

@@ -37,7 +37,6 @@ std::vector<StackedControl> ControlStack(const Form& form) {
     if (!surface.Visible) return stack;
     const Rect place = PlaceOf(surface, 0, 0);
     const Rect clip = Intersection(place, ClientArea(form));
-    stack.reserve(32);
     stack.push_back({ControlKind::PictureBox, &surface, place, clip});
     const auto add = [&](ControlKind kind, const Control& control) {
         if (control.Visible)

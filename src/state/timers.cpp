@@ -8,7 +8,7 @@ std::array<const Timer*, 3> TimersOf(const Form& form) {
 }
 
 bool TimerCanAct(const Form& form, const Timer& timer) {
-    if (!timer.Enabled || timer.IntervalMs <= 0) return false;
+    if (!timer.Enabled) return false;
     if (&timer != &form.tmrScrollFiletitle) return true;
     return !form.lblFilescroll.Caption.empty() && form.State == WindowState::Normal;
 }
@@ -27,7 +27,7 @@ std::optional<std::int64_t> TimerSchedule::NextDue(const Form& form, std::int64_
     Follow(form, nowMs);
     std::optional<std::int64_t> next;
     for (const auto& dueMs : m_dueMs)
-        if (dueMs && (!next || *dueMs < *next)) next = dueMs;
+        if (dueMs) next = std::min(next.value_or(*dueMs), *dueMs);
     if (next) next = std::max(*next, nowMs);
     return next;
 }

@@ -1,12 +1,12 @@
 // The running text: what it says in which case, and how it turns.
 #include "display/ticker.h"
 
+#include <gtest/gtest.h>
+
 #include "display/characters.h"
-#include "support/velora_fixture.h"
+#include "support/null_platform.h"
 
 namespace {
-
-class Ticker : public VeloraTest {};
 
 constexpr TextView kTagged =
     u" ..:: velora is currently playing ::.. Moon by Tide ::..            ..:: bitrate: 128 ::..            "
@@ -17,55 +17,35 @@ constexpr TextView kUntagged = u" ..:: velora is currently playing ::.. a.mp3::.
 } // namespace
 
 TEST(TickerLine, FollowsTitleArtistAndState) {
-    struct Row {
-        const char* Name;
-        PlayerState State;
-        TextView Title, Artist;
-        TextView Expected;
+    const auto line = [](PlayerState state, TextView title, TextView artist) {
+        return TickerLine({state, title, artist, u"a.mp3", 128, 44100});
     };
-    const Row rows[] = {
-        {"tagged", PlayerState::Playing, u"Moon", u"Tide", kTagged},
-        {"title alone", PlayerState::Playing, u"Moon", u"", kUntagged},
-        {"artist alone", PlayerState::Playing, u"", u"Tide", kUntagged},
-        {"neither", PlayerState::Playing, u"", u"", kUntagged},
-        {"stopped", PlayerState::Stopped, u"Moon", u"Tide", u""},
-        {"paused", PlayerState::Paused, u"Moon", u"Tide", u""},
-        {"seeking forward", PlayerState::SeekingForward, u"Moon", u"Tide", u""},
-        {"seeking backward", PlayerState::SeekingBackward, u"", u"", u""},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(Utf8(TickerLine({row.State, row.Title, row.Artist, u"a.mp3", 128, 44100})),
-                  Utf8(row.Expected))
-            << row.Name;
+    EXPECT_EQ(line(PlayerState::Playing, u"Moon", u"Tide"), kTagged);
+    EXPECT_EQ(line(PlayerState::Playing, u"Moon", u""), kUntagged);
+    EXPECT_EQ(line(PlayerState::Playing, u"", u"Tide"), kUntagged);
+    for (const PlayerState state : {PlayerState::Stopped, PlayerState::Paused, PlayerState::SeekingForward,
+                                    PlayerState::SeekingBackward})
+        EXPECT_EQ(line(state, u"Moon", u"Tide"), u"");
 }
 
-TEST_F(Ticker, TurnsByOneWholeCharacter) {
+TEST(Ticker, TurnsAndIsCutByWholeCharactersAndLooksAtNothingElse) {
     struct Row {
-        TextView Before, After;
+        TextView Text, Turned, WithoutFirst, WithoutLast;
     };
-    for (const Row& row : {Row{u"", u""}, Row{u"a", u"a"}, Row{u"abc", u"bca"},
-                           Row{u"\U0001F319ab", u"ab\U0001F319"}, Row{u"\xD83Cx", u"x\xD83C"}}) {
-        form.lblFilescroll.Caption = row.Before;
+    constexpr TextView kMoon = u"\U0001F319"; // Two places of a text.
+    NullPlatform platform;
+    NullPictures pictures;
+    Velora velora(platform.PartsWith(pictures));
+    for (const Row& row :
+         {Row{u"", u"", u"", u""}, Row{u"a", u"a", u"", u""}, Row{u"abc", u"bca", u"bc", u"ab"},
+          Row{kMoon, kMoon, u"", u""}, Row{u"\U0001F319a", u"a\U0001F319", u"a", u"\U0001F319"},
+          Row{u"ab\U0001F319", u"b\U0001F319a", u"b\U0001F319", u"ab"},
+          Row{u"\xD83Cx", u"x\xD83C", u"x", u"\xD83C"}, Row{u"x\xDF19", u"\xDF19x", u"\xDF19", u"x"},
+          Row{kMoon.substr(0, 1), u"\xD83C", u"", u""}, Row{kMoon.substr(1), u"\xDF19", u"", u""}}) {
+        velora.frmMain.lblFilescroll.Caption = row.Text;
         tmrScrollFiletitle_Timer(velora);
-        EXPECT_EQ(form.lblFilescroll.Caption, row.After) << Utf8(row.Before);
+        EXPECT_EQ(velora.frmMain.lblFilescroll.Caption, row.Turned);
+        EXPECT_EQ(WithoutFirstCharacter(row.Text), row.WithoutFirst);
+        EXPECT_EQ(WithoutLastCharacter(row.Text), row.WithoutLast);
     }
-}
-
-TEST_F(Ticker, RunsOnTenTimesASecondAndStandsStillWhenEmpty) {
-    form.tmrScrollFiletitle.Enabled = true;
-    form.lblFilescroll.Caption = u"abcdef";
-    velora.PlayerState = PlayerState::Paused;
-    loop.Wait(0.35);
-    EXPECT_EQ(form.lblFilescroll.Caption, u"defabc");
-    form.lblFilescroll.Caption.clear();
-    loop.Wait(1);
-    EXPECT_EQ(form.lblFilescroll.Caption, u"");
-}
-
-TEST(Characters, AreNeverCutInTwo) {
-    EXPECT_EQ(WithoutFirstCharacter(u"\U0001F319a"), u"a");
-    EXPECT_EQ(WithoutLastCharacter(u"a\U0001F319"), u"a");
-    EXPECT_EQ(WithoutLastCharacter(u"\xDF19"), u"");
-    EXPECT_EQ(WithoutFirstCharacter(u""), u"");
-    EXPECT_EQ(WithoutLastCharacter(u""), u"");
 }

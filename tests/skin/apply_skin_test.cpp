@@ -1,233 +1,108 @@
 // Size, shape and background of the window from a skin's numbers.
-#include <filesystem>
-
 #include "support/skin_fixture.h"
 
 namespace {
 
-class Applying : public SkinTest {
-protected:
-    struct Rgn {
-        int Number;
-        std::string Keys;
-    };
-    // A window of 100 by 80 pixels with those regions; sections stand in the order given.
-    Integer ApplyRegions(const std::vector<Rgn>& regions, int count = 20) {
-        std::string text =
-            "[Settings]\nGraphic=none.gif\nWidth=1500\nHeight=1200\nShapeCount=" + std::to_string(count) +
-            "\n";
-        for (const Rgn& region : regions)
-            text += "[rgn" + std::to_string(region.Number) + "]\nenabled=True\n" + region.Keys;
-        return Apply(text);
-    }
-    static std::string Sides(int x1, int y1, int x2, int y2) {
-        return "x1=" + std::to_string(x1) + "\ny1=" + std::to_string(y1) + "\nx2=" + std::to_string(x2) +
-               "\ny2=" + std::to_string(y2) + "\n";
-    }
-    static std::string Combine(int dest, int source1, int source2, int mode) {
-        return "destrgn=" + std::to_string(dest) + "\nsrcrgn1=" + std::to_string(source1) +
-               "\nsrcrgn2=" + std::to_string(source2) + "\ncombinemode=" + std::to_string(mode) + "\n";
-    }
-    // The window's region as one rectangle; an empty one if it isn't a single rectangle.
-    Rect WindowRectangle() const {
-        if (!form.Region) return {};
-        const std::vector<Rect> parts = form.Region->Rectangles({0, 0, 1000, 1000});
-        return parts.size() == 1 ? parts.front() : Rect{};
-    }
+// A region's keys; `sides` are left, top, right and bottom.
+std::string Rgn(int number, const std::array<Long, 4>& sides, const std::string& more = {}) {
+    return Joined("[rgn", number, "] ", more, " enabled=1 x1=", sides[0], " y1=", sides[1], " x2=", sides[2],
+                  " y2=", sides[3], " ");
+}
+
+std::string Combine(int dest, int source1, int source2, Long mode) {
+    return Joined("destrgn=", dest, " srcrgn1=", source1, " srcrgn2=", source2, " combinemode=", mode);
+}
+
+// Region 1, and others beside it that are joined to it unless their own keys, which come first, say
+// otherwise.
+std::string Beside(const Lines& others) {
+    std::string text = Rgn(1, {0, 0, 10, 10});
+    for (int number = 2; number < int(others.size()) + 2; ++number)
+        text +=
+            Rgn(number, {20, 0, 30, 10}, others[std::size_t(number - 2)] + " " + Combine(1, 1, number, 2));
+    return text;
+}
+
+struct ShapeRow {
+    const char* Name;
+    std::string Regions; ///< In a window of 389 by 279 pixels, whose offsets are 4 and 25.
+    std::string Shape;
+};
+
+const ShapeRow kShapes[] = {
+    {"no region 1", Rgn(2, {0, 0, 10, 10}), "no region"},
+    {"a region 1 of a type that isn't built", Rgn(1, {0, 0, 10, 10}, "type=4"), "no region"},
+    {"rectangle, ellipse, rounded corners, which get no offset, and corners of no size",
+     Rgn(1, {10, 5, 30, 20}) + Rgn(2, {10, 25, 15, 29}, "type=2 " + Combine(1, 1, 2, 2)) +
+         Rgn(3, {10, 35, 18, 41}, "type=3 x3=4 y3=6 " + Combine(1, 1, 3, 2)) +
+         Rgn(4, {10, 45, 19, 50}, "type=3 " + Combine(1, 1, 4, 2)),
+     "region 14,30-34,45 15,50-18,51 14,51-19,53 15,53-18,54 15,60-21,61 14,61-22,65 15,65-21,66 "
+     "14,70-23,75"},
+    {"as wide as numbers go", Rgn(1, {-2147483647 - 1, -2147483647 - 1, 2147483643, 2147483622}),
+     "region 0,0-389,279"},
+    {"an empty result is a shape all the same", Rgn(1, {0, 0, 9, 9}, Combine(1, 1, 1, 3)), "region"},
+    // 2 cuts a piece out of 1, 3 is joined to what is left, 4 is copied into 5, and that joins them.
+    {"combined in the order of the numbers, not of the sections",
+     Rgn(5, {0, 0, 1, 1}, Combine(1, 5, 1, 2)) + Rgn(4, {0, 20, 5, 25}, Combine(5, 4, 4, 5)) +
+         Rgn(3, {50, 0, 60, 10}, Combine(1, 3, 1, 2)) + Rgn(2, {0, 0, 10, 10}, Combine(1, 1, 2, 4)) +
+         Rgn(1, {0, 0, 40, 10}),
+     "region 14,25-44,35 54,25-64,35 4,45-9,50"},
+    {"numbers and modes that aren't there combine nothing",
+     Beside({Combine(1, 2, 2, 0), Combine(0, 2, 2, 5), Combine(1, 0, 2, 2), Combine(1, 2, 0, 5),
+             Combine(1, 2, 21, 5), Combine(1, 21, 2, 2), Combine(21, 2, 2, 2), Combine(1, 2, 32767, 5),
+             Combine(1, -1, 2, 2), Combine(-1, 2, 2, 2), Combine(1, 2, 19, 5), Combine(19, 1, 2, 2),
+             Combine(1, 2, 2, 6), Combine(1, 2, 2, -1), Combine(1, 2, 2, 2147483647)}),
+     "region 4,25-14,35"},
+    {"what overflows, is disabled or of another type is neither built nor combined",
+     Beside({"x1=2147483644", "x2=2147483644", "y1=2147483623", "y2=2147483623", "enabled=0", "type=0",
+             "type=4", "type=-1", "enabled=0 " + Combine(1, 1, 1, 3)}),
+     "region 4,25-14,35"},
+    {"element 20 is the last",
+     Beside(Lines(18)) + Rgn(20, {50, 0, 60, 10}, Combine(1, 1, 20, 2)) + Rgn(21, {}, Combine(1, 1, 1, 3)),
+     "region 4,25-14,35 24,25-34,35 54,25-64,35"},
 };
 
 } // namespace
 
-TEST_F(Applying, GivesTheWindowItsOuterSizeInTwipsAndOffsetsThatAreSumsOverTheFrame) {
-    Apply("[Settings]\nWidth=3000\nHeight=1500\nLeft=99\nTop=99\n");
-    EXPECT_EQ(form.Width, 3000);
-    EXPECT_EQ(form.Height, 1500);
-    EXPECT_EQ(velora.CurrentSkin, 1);
-    EXPECT_EQ(velora.RegionOffsetX, 4);
-    EXPECT_EQ(velora.RegionOffsetY, 25);
-}
-
-TEST_F(Applying, ASizeThatNoWindowCanHaveLeavesThatSide) {
-    Apply("[Settings]\nWidth=3000\nHeight=1500\n");
-    for (const char* size : {"0", "-1", "7", "-2147483648", "2147483647", "245753", "nothing"}) {
-        velora.SkinCount = 0;
-        Apply(std::string("[Settings]\nWidth=") + size + "\nHeight=1800\n");
-        EXPECT_EQ(form.Width, 3000) << size;
-        EXPECT_EQ(form.Height, 1800) << size;
-    }
-    Apply("[Settings]\nWidth=8\nHeight=245752\n");
-    EXPECT_EQ(form.Width, 8);
-    EXPECT_EQ(form.Height, 245752);
-}
-
-TEST_F(Applying, ASkinOfAnotherTypeKeepsTheOneThatShows) {
-    PutPictures({"back.gif"});
-    const Integer first =
-        Apply("[Settings]\nWidth=3000\nGraphic=back.gif\nShapeCount=1\n[rgn1]\nenabled=1\nx2=9\ny2=9\n");
-    const auto region = form.Region;
-    Apply("[Settings]\nWidth=600\nType=2\n");
-    ApplySkin(velora, 0);
-    ApplySkin(velora, 16);
-    ApplySkin(velora, -1);
-    EXPECT_EQ(velora.CurrentSkin, first);
-    EXPECT_EQ(form.Width, 3000);
-    EXPECT_EQ(form.Region, region);
-}
-
-TEST_F(Applying, AWindowAsWideAsItsClientAreaHasAnOffsetOfMinusTwo) {
-    Apply("[Settings]\nWidth=15\nHeight=15\n");
-    EXPECT_EQ(velora.RegionOffsetX, -2);
-    EXPECT_EQ(velora.RegionOffsetY, 0);
-}
-
-TEST_F(Applying, WithoutARegionOneTheWindowShowsItsFrame) {
-    ApplyRegions({}, 0);
-    EXPECT_EQ(form.Region, nullptr);
-    ApplyRegions({{1, "type=4\n" + Sides(0, 0, 10, 10)}, {2, Sides(0, 0, 10, 10)}});
-    EXPECT_EQ(form.Region, nullptr) << "a type that isn't built";
-    ApplyRegions({{2, Sides(0, 0, 10, 10) + Combine(1, 2, 2, 2)}});
-    EXPECT_EQ(form.Region, nullptr) << "a destination without a region";
-    ApplyRegions({{1, Sides(0, 0, 10, 10)}});
-    EXPECT_NE(form.Region, nullptr);
-    ApplyRegions({}, 0);
-    EXPECT_EQ(form.Region, nullptr) << "a later skin takes the shape away again";
-}
-
-TEST_F(Applying, ARegionIsMovedByTheOffsets) {
-    ApplyRegions({{1, Sides(10, 5, 30, 25)}});
-    EXPECT_EQ(WindowRectangle(), (Rect{14, 30, 34, 50}));
-    ApplyRegions({{1, "type=3\n" + Sides(10, 5, 30, 25)}});
-    EXPECT_EQ(WindowRectangle(), (Rect{14, 30, 34, 50})) << "corners of no size round nothing";
-}
-
-TEST_F(Applying, CornerSizesGetNoOffset) {
-    ApplyRegions({{1, "type=3\nx3=8\ny3=8\n" + Sides(10, 5, 30, 25)}});
-    RegionTable table;
-    EXPECT_EQ(*form.Region,
-              *FindRegion(table, CreateRoundRectRgn(table, {0, 0, 100, 80}, {14, 30, 34, 50}, 8, 8)));
-    ApplyRegions({{1, "type=2\n" + Sides(10, 5, 30, 25)}});
-    EXPECT_EQ(*form.Region, *FindRegion(table, CreateEllipticRgn(table, {0, 0, 100, 80}, {14, 30, 34, 50})));
-}
-
-TEST_F(Applying, RegionsAreCombinedInTheOrderOfTheirNumbers) {
-    // 2 cuts a piece out of 1, then 3 copies 4 into 1: the order of the sections in the file doesn't matter.
-    const Rgn one{1, Sides(0, 0, 40, 10)};
-    const Rgn two{2, Sides(0, 0, 10, 10) + Combine(1, 1, 2, 4)};
-    const Rgn three{3, Sides(50, 0, 60, 10) + Combine(4, 3, 1, 2)};
-    const Rgn four{4, Sides(0, 20, 5, 25) + Combine(1, 4, 4, 5)};
-    ApplyRegions({four, three, two, one});
-    ASSERT_TRUE(form.Region);
-    EXPECT_FALSE(form.Region->Holds(4 + 5, 25 + 5)) << "what 2 had cut out before 3 looked at 1";
-    EXPECT_TRUE(form.Region->Holds(4 + 15, 25 + 5));
-    EXPECT_TRUE(form.Region->Holds(4 + 55, 25 + 5));
-    EXPECT_FALSE(form.Region->Holds(4 + 2, 25 + 22)) << "4 was the destination of 3";
-}
-
-TEST_F(Applying, AnElementWithAZeroAmongItsFourNumbersIsNotCombined) {
-    for (const std::string& numbers :
-         {Combine(1, 2, 2, 0), Combine(0, 2, 2, 5), Combine(1, 0, 2, 5), Combine(1, 2, 0, 5)}) {
-        ApplyRegions({{1, Sides(0, 0, 10, 10)}, {2, Sides(20, 0, 30, 10) + numbers}});
-        EXPECT_EQ(WindowRectangle(), (Rect{4, 25, 14, 35})) << numbers;
+TEST(Applying, TheRegionsMakeTheShapeOfTheWindow) {
+    const TempDirectory directory;
+    for (const ShapeRow& row : kShapes) {
+        SkinMachine at(directory);
+        at.Apply(SkinText("ShapeCount=32767 " + row.Regions));
+        EXPECT_EQ(at.RegionText(), row.Shape) << row.Name;
     }
 }
 
-TEST_F(Applying, NumbersOfElementsThatAreNotThereAreSkipped) {
-    for (const std::string& numbers : {Combine(1, 2, 21, 2), Combine(1, 21, 2, 2), Combine(21, 1, 2, 2),
-                                       Combine(1, -1, 2, 2), Combine(1, 2, 32767, 5), Combine(1, 2, 7, 2),
-                                       Combine(1, 2, 2, 6), Combine(1, 2, 2, -1), Combine(7, 1, 2, 2)}) {
-        ApplyRegions({{1, Sides(0, 0, 10, 10)}, {2, Sides(20, 0, 30, 10) + numbers}});
-        EXPECT_EQ(WindowRectangle(), (Rect{4, 25, 14, 35})) << numbers;
-        velora.SkinCount = 0;
+TEST(Applying, ASizeThatNoWindowCanHaveLeavesThatSide) {
+    struct Row {
+        const char *Width, *Height, *Outcome;
+    };
+    const TempDirectory directory;
+    for (const Row& row : {Row{"3000", "1500", "3000x1500 4,25"}, Row{"8", "245752", "8x245752 -2,25"},
+                           Row{"7", "245753", "5835x4185 4,25"}, Row{"245753", "7", "5835x4185 4,25"},
+                           Row{"245752", "8", "245752x8 4,0"}, Row{"0", "-1", "5835x4185 4,25"},
+                           Row{"-2147483648", "x", "5835x4185 4,25"}}) {
+        SkinMachine at(directory);
+        at.Apply(SkinText("Left=99 Top=99", Joined("Width=", row.Width, " Height=", row.Height, " ")));
+        EXPECT_EQ(Joined(at.form.Width, "x", at.form.Height, " ", at.velora.RegionOffsetX, ",",
+                         at.velora.RegionOffsetY),
+                  row.Outcome);
     }
 }
 
-TEST_F(Applying, ADisabledElementIsLeftOutOfBothPasses) {
-    Apply("[Settings]\nWidth=1500\nHeight=1200\nShapeCount=2\n[rgn1]\nenabled=True\n" + Sides(0, 0, 10, 10) +
-          "[rgn2]\nenabled=False\n" + Sides(20, 0, 30, 10) + Combine(1, 1, 2, 2));
-    EXPECT_EQ(WindowRectangle(), (Rect{4, 25, 14, 35}));
-}
-
-TEST_F(Applying, ASumThatOverflowsBuildsNoRegion) {
-    ApplyRegions({{1, "x1=0\nx2=2147483647\ny1=0\ny2=10\n"}});
-    EXPECT_EQ(form.Region, nullptr);
-    ApplyRegions({{1, "x1=-2147483648\nx2=2147483643\ny1=-2147483648\ny2=2147483622\n"}});
-    EXPECT_EQ(WindowRectangle(), (Rect{0, 0, 100, 80}));
-}
-
-TEST_F(Applying, AnEmptyResultIsARegionAllTheSame) {
-    ApplyRegions({{1, Sides(0, 0, 10, 10) + Combine(1, 1, 1, 3)}});
-    ASSERT_TRUE(form.Region);
-    EXPECT_TRUE(form.Region->IsEmpty());
-}
-
-TEST_F(Applying, ElementsAboveTwentyArePassedOver) {
-    ApplyRegions({{1, Sides(0, 0, 10, 10)},
-                  {20, Sides(10, 0, 20, 10) + Combine(1, 1, 20, 2)},
-                  {21, Sides(20, 0, 30, 10) + Combine(1, 1, 21, 2)}},
-                 32767);
-    EXPECT_EQ(WindowRectangle(), (Rect{4, 25, 24, 35}));
-}
-
-TEST_F(Applying, AHundredTimesIsAsOnceAndKeepsNoOldRegions) {
-    const Integer slot = ApplyRegions(
-        {{1, "type=2\n" + Sides(0, 0, 50, 50)}, {2, Sides(20, 0, 30, 10) + Combine(1, 1, 2, 4)}});
-    const Region once = *form.Region;
-    for (int time = 0; time < 100; ++time)
-        ApplySkin(velora, slot);
-    EXPECT_EQ(*form.Region, once);
-    EXPECT_EQ(velora.Regions.Regions.size(), 2u);
-}
-
-TEST_F(Applying, TheBackgroundComesLastAndStandsInTheCorner) {
-    PutPictures({"back.gif", "object.gif"});
-    Apply("[Settings]\nGraphic=back.gif\nObjectCount=1\n[object1]\nenabled=1\nfilename=object.gif\n"
-          "filename2=object.gif\nleft=5\ntop=6\n");
-    EXPECT_EQ(FileOf(form.picBackground), "back.gif");
-    EXPECT_EQ(form.picBackground.Left, 0);
-    EXPECT_EQ(form.picBackground.Top, 0);
-    EXPECT_EQ(FileOf(form.picBackground1), "object.gif");
-    EXPECT_TRUE(form.picBackground.Visible);
-}
-
-TEST_F(Applying, AMissingBackgroundLeavesTheOneBefore) {
-    PutPictures({"back.gif"});
-    Apply("[Settings]\nGraphic=none.gif\n");
-    EXPECT_FALSE(form.picBackground.Visible) << "nothing of the surface is seen";
-    Apply("[Settings]\nGraphic=back.gif\n");
-    Apply("[Settings]\nGraphic=none.gif\n");
-    EXPECT_EQ(FileOf(form.picBackground), "back.gif");
-}
-
-TEST_F(Applying, ASkinWithoutAGraphicKeyShowsABackgroundWithoutAPicture) {
-    Apply("[Settings]\n");
-    EXPECT_TRUE(form.picBackground.Visible);
-    EXPECT_EQ(form.picBackground.Picture, nullptr);
-    EXPECT_EQ(form.picBackground.Left, 0);
-}
-
-TEST_F(Applying, ASkinWhoseFolderIsGoneKeepsItsPictures) {
-    PutPictures({"sub/back.gif", "sub/a.gif"});
-    const Integer slot =
-        Apply("[Settings]\nGraphic=back.gif\nObjectCount=2\nShapeCount=1\n[rgn1]\nenabled=1\nx2=9\ny2=9\n"
-              "[object1]\nenabled=1\ntype=1\nfilename=a.gif\nfilename2=a.gif\n"
-              "[object2]\nenabled=1\ntype=11\nfilename=a.gif\nfilename2=a.gif\nx1=5\n",
-              "sub/skin.vs4");
-    std::filesystem::remove_all(directory.Path("sub"));
-    ApplySkin(velora, slot);
-    EXPECT_EQ(FileOf(form.picBackground), "back.gif");
-    EXPECT_EQ(FileOf(form.picPlay), "a.gif");
-    EXPECT_EQ(FileOf(form.picVolume), "a.gif");
-    EXPECT_EQ(velora.Skins[1].VolumeX[1], 5);
-    EXPECT_NE(form.Region, nullptr);
-}
-
-TEST_F(Applying, TheLargestSkinHasAShapeOfNoMoreRowsThanTheWindow) {
-    std::string text = "[Settings]\nWidth=245745\nHeight=245745\nShapeCount=20\n";
-    for (int number = 1; number <= 20; ++number)
-        text += "[rgn" + std::to_string(number) + "]\nenabled=1\ntype=2\nx1=" + std::to_string(number * 300) +
-                "\nx2=16000\ny1=0\ny2=16000\ndestrgn=1\nsrcrgn1=1\nsrcrgn2=" + std::to_string(number) +
-                "\ncombinemode=3\n";
-    Apply(text);
-    ASSERT_TRUE(form.Region);
-    EXPECT_LE(form.Region->Bands().size(), 16383u);
+TEST(Applying, AgainIsAsOnceAndASkinOfAnotherTypeOrNoneChangesNothing) {
+    const TempDirectory directory;
+    SkinMachine at(directory);
+    const Integer slot = at.Apply(SkinText("ShapeCount=2 " + Beside({""}), "Width=3000 Height=1500 "));
+    const auto held = at.form.Region;
+    const Integer other = at.Load(SkinText("Type=2", "Width=600 Height=600 Graphic=skin.vs4 "));
+    const Lines before = at.All();
+    for (const Integer number : {slot, other, Integer{0}, Integer{16}, Integer{-1}})
+        ApplySkin(at.velora, number);
+    EXPECT_EQ(Changes(before, at.All()), "");
+    EXPECT_EQ(at.velora.CurrentSkin, slot);
+    EXPECT_EQ(*held, *at.form.Region) << "what the window held in between stays as it was";
+    EXPECT_EQ(at.velora.Regions.Regions.size(), 2u) << "no old regions are kept";
+    at.Apply(SkinText(""));
+    EXPECT_EQ(at.RegionText(), "no region") << "a skin without a shape takes it away again";
 }

@@ -1,215 +1,142 @@
 // Which skin comes up at start, and which one the playlist button brings.
 #include "skin/catalogue.h"
 
-#include <filesystem>
-
 #include "platform/file_dialogs.h"
 #include "support/skin_fixture.h"
 
 namespace {
 
-class Catalogue : public SkinTest {
-protected:
-    Catalogue() {
+// Before a directory of skins of widths of their own, which name one another.
+struct CatalogueMachine : SkinMachine {
+    explicit CatalogueMachine(const TempDirectory& place) : SkinMachine(place) {
         std::vector<FilterRow> media, playlists;
         InitialiseFilters(media, playlists, velora.SkinFilter);
+        Put("a.vs4", 100, "b.VS4");
+        Put("b.vs4", 200, "a.vs4");
+        Put("c.vs4", 300, "none.vs4");
     }
-
-    // A skin of a width of its own, which names a companion.
-    Text PutSkin(const std::string& name, int widthPx, const std::string& companion = {}) const {
-        return directory.Put(name, "[Settings]\nWidth=" + std::to_string(widthPx * 15) +
-                                       "\nGraphic=none.gif\nPlaylist=" + companion + "\n");
+    void Put(const std::string& name, int widthPx, const std::string& companion) const {
+        directory.Put(name, SkinText("Playlist=" + companion, Joined("Width=", widthPx * 15, " ")));
     }
-    void PutCatalogue(const std::string& settings, const std::vector<std::string>& files) const {
-        std::string text = "[Settings]\n" + settings;
-        int number = 0;
-        for (const std::string& file : files)
-            text += "[" + std::to_string(++number) + "]\nFilename=" + file + "\n";
-        directory.Put("velskins.ini", text);
+    void LoadMany(int count, const char* name) {
+        for (int at = 0; at < count; ++at)
+            (void)LoadSkinFile(velora, directory.PathText(name));
     }
-    std::string InDirectory(const std::string& name) const { return Utf8(directory.PathText(name)); }
-    Long WidthPx() const { return form.Width / 15; }
+    // The slot that shows, of how many, the window's width, and what the user was told.
+    std::string Outcome() {
+        std::string text = Joined(velora.CurrentSkin, " of ", velora.SkinCount, ", ", form.Width / 15);
+        for (const std::string& line : journal.Take())
+            text += "; " + line;
+        return Short(text);
+    }
 };
 
-using Lines = std::vector<std::string>;
+struct StartRow {
+    const char *Name, *Catalogue, *Outcome;
+};
+
+const StartRow kStarts[] = {
+    {"LastSkin names the slot to show",
+     "LastSkin=2 Count=3 [1] Filename=~a.vs4 [2] Filename=~b.vs4 [3] Filename=~c.vs4", "2 of 3, 200"},
+    {"entries behind the count", "LastSkin=2 Count=1 [1] Filename=~a.vs4 [2] Filename=~b.vs4", "0 of 1, 389"},
+    {"a missing file moves the others a slot down and shows nothing",
+     "LastSkin=3 Count=3 [1] Filename=~a.vs4 [2] Filename=~m.vs4 [3] Filename=~c.vs4",
+     "0 of 2, 389; MessageBox Couldn't find \"~m.vs4\""},
+    {"a missing last file brings up the first skin even over the right one",
+     "LastSkin=2 Count=3 [1] Filename=~a.vs4 [2] Filename=~b.vs4 [3] Filename=~m.vs4",
+     "1 of 2, 100; MessageBox Couldn't find \"~m.vs4\""},
+    {"a missing file alone", "LastSkin=1 Count=1 [1] Filename=~m.vs4",
+     "0 of 0, 389; MessageBox Couldn't find \"~m.vs4\""},
+    {"an empty name is passed over", "LastSkin=1 Count=2 [1] Filename= [2] Filename=~b.vs4", "1 of 1, 200"},
+    {"a LastSkin that is no number", "LastSkin=x Count=1 [1] Filename=~a.vs4", "0 of 1, 389"},
+    {"a count below zero is a catalogue", "LastSkin=1 Count=-1 [1] Filename=~a.vs4", "0 of 0, 389"},
+    {"so is the largest", "LastSkin=1 Count=32767 [9] Filename=~b.vs4", "1 of 1, 200"},
+    {"a count of 0 is none", "LastSkin=7 Count=0 [1] Filename=~a.vs4", "1 of 1, 400"},
+    {"a count that doesn't fit", "Count=40000", "1 of 1, 400"},
+};
 
 } // namespace
 
-TEST_F(Catalogue, LastSkinNamesTheSlotToShow) {
-    PutSkin("a.vs4", 100);
-    PutSkin("b.vs4", 200);
-    PutCatalogue("LastSkin=2\nCount=2\n", {InDirectory("a.vs4"), InDirectory("b.vs4")});
-    LoadSkinCatalogue(velora);
-    EXPECT_EQ(velora.SkinCount, 2);
-    EXPECT_EQ(velora.CurrentSkin, 2);
-    EXPECT_EQ(WidthPx(), 200);
-}
-
-TEST_F(Catalogue, AMissingFileMovesTheOthersOneSlotDown) {
-    PutSkin("a.vs4", 100);
-    PutSkin("c.vs4", 300);
-    PutCatalogue("LastSkin=2\nCount=3\n", {InDirectory("a.vs4"), InDirectory("b.vs4"), InDirectory("c.vs4")});
-    LoadSkinCatalogue(velora);
-    EXPECT_EQ(journal.Take(), (Lines{"MessageBox Couldn't find \"" + InDirectory("b.vs4") + "\""}));
-    EXPECT_EQ(WidthPx(), 300);
-}
-
-TEST_F(Catalogue, AMissingLastFileBringsUpTheFirstSkinEvenOverTheRightOne) {
-    PutSkin("a.vs4", 100);
-    PutSkin("b.vs4", 200);
-    PutCatalogue("LastSkin=2\nCount=3\n", {InDirectory("a.vs4"), InDirectory("b.vs4"), InDirectory("c.vs4")});
-    LoadSkinCatalogue(velora);
-    EXPECT_EQ(velora.CurrentSkin, 1);
-    EXPECT_EQ(WidthPx(), 100);
-}
-
-TEST_F(Catalogue, ALastSkinThatIsNoSlotShowsNone) {
-    PutSkin("a.vs4", 100);
-    for (const char* last : {"0", "2", "-1", "99999", "x"}) {
-        PutCatalogue(std::string("Count=1\nLastSkin=") + last + "\n", {InDirectory("a.vs4")});
-        velora.LastSkin = 0;
-        velora.SkinCount = 0;
-        LoadSkinCatalogue(velora);
-        EXPECT_EQ(velora.SkinCount, 1) << last;
-        EXPECT_EQ(velora.CurrentSkin, 0) << last;
-    }
-}
-
-TEST_F(Catalogue, AnyCountButZeroIsACatalogue) {
-    PutSkin("program/VELORA_MAIN/velora.vs4", 400);
-    for (const char* count : {"2", "-1", "32767"}) {
-        PutCatalogue(std::string("LastSkin=1\nCount=") + count + "\n", {"", ""});
-        LoadSkinCatalogue(velora);
-        EXPECT_EQ(velora.SkinCount, 0) << count;
-    }
-    EXPECT_TRUE(journal.Take().empty());
-}
-
-TEST_F(Catalogue, WithoutOneTheDefaultSkinComesUp) {
-    PutSkin("program/VELORA_MAIN/velora.vs4", 400);
-    for (const char* text : {"", "[Settings]\nCount=x\n", "[Settings]\nCount=40000\n"}) {
+TEST(Catalogue, BringsUpTheSkinOfItsLastNumberOrElseTheDefault) {
+    const TempDirectory directory;
+    for (const StartRow& row : kStarts) {
+        CatalogueMachine at(directory);
+        at.Put("program/VELORA_MAIN/velora.vs4", 400, "");
+        std::string text = SkinText(row.Catalogue, "");
+        for (std::size_t place; (place = text.find('~')) != std::string::npos;)
+            text.replace(place, 1, Utf8(directory.PathText()));
         directory.Put("velskins.ini", text);
-        LoadSkinCatalogue(velora);
-        EXPECT_EQ(WidthPx(), 400);
+        LoadSkinCatalogue(at.velora);
+        EXPECT_EQ(at.Outcome(), row.Outcome) << row.Name;
+        EXPECT_EQ(directory.Get("velskins.ini"), text) << "the catalogue is never written";
     }
-    EXPECT_EQ(velora.CurrentSkin, 3);
 }
 
-TEST_F(Catalogue, ARefusalToLookForASkinEndsTheProcess) {
-    EXPECT_THROW(LoadSkinCatalogue(velora), ProcessEnded);
-    EXPECT_EQ(journal.Take(), (Lines{"Question Unable to locate skin, find yourself?", "EndProcess"}));
+TEST(Catalogue, WithoutTheDefaultSkinTheUserMayChooseOne) {
+    const TempDirectory directory;
+    CatalogueMachine chosen(directory), cancelled(directory), refused(directory);
+    chosen.dialogs.Answers = cancelled.dialogs.Answers = {MessageAnswer::Yes};
+    chosen.dialogs.Files = {directory.PathText("b.vs4")};
+    chosen.velora.Capture.Active = true;
+    LoadSkinCatalogue(chosen.velora);
+    EXPECT_FALSE(chosen.velora.Capture.Active);
+    LoadSkinCatalogue(cancelled.velora);
+    EXPECT_THROW(LoadSkinCatalogue(refused.velora), ProcessEnded);
+    const std::string question = "Question Unable to locate skin, find yourself?";
+    EXPECT_EQ(chosen.Outcome(), "1 of 1, 200; " + question + "; ChooseFile Select skin ...");
+    EXPECT_EQ(chosen.dialogs.LastDirectory, chosen.machine.Directory + u"\\VELORA_MAIN");
+    EXPECT_EQ(chosen.dialogs.LastRows, chosen.velora.SkinFilter);
+    EXPECT_EQ(cancelled.Outcome(),
+              "0 of 0, 389; " + question + "; ChooseFile Select skin ...; MessageBox Skin  not found");
+    EXPECT_EQ(refused.Outcome(), "0 of 0, 389; " + question + "; EndProcess");
 }
 
-TEST_F(Catalogue, TheUserMayChooseASkin) {
-    dialogs.Answers = {MessageAnswer::Yes};
-    dialogs.Files = {PutSkin("mine/own.vs4", 150)};
-    LoadSkinCatalogue(velora);
-    EXPECT_EQ(WidthPx(), 150);
-    EXPECT_EQ(dialogs.LastDirectory, machine.Directory + u"\\VELORA_MAIN");
-    EXPECT_EQ(dialogs.LastRows,
-              (std::vector<FilterRow>{{u"Skin Files (*.vs4)", u"*.vs4"}, {u"All Files (*.*)", u"*.*"}}));
-    EXPECT_EQ(journal.Take(),
-              (Lines{"Question Unable to locate skin, find yourself?", "ChooseFile Select skin ..."}));
-}
-
-TEST_F(Catalogue, ACancelledChoiceIsAMissingFile) {
-    dialogs.Answers = {MessageAnswer::Yes};
-    LoadSkinCatalogue(velora);
-    EXPECT_EQ(journal.Take().back(), "MessageBox Skin  not found");
-    EXPECT_EQ(velora.CurrentSkin, 0);
-}
-
-TEST_F(Catalogue, ASkinThatGoesBetweenTheLookAndTheLoadIsAMissingFile) {
-    // The box about the first file is open while the second one goes away.
-    PutSkin("b.vs4", 200);
-    PutCatalogue("LastSkin=1\nCount=2\n", {InDirectory("a.vs4"), InDirectory("b.vs4")});
-    dialogs.WhileOpen = [this] { std::filesystem::remove(directory.Path("b.vs4")); };
-    LoadSkinCatalogue(velora);
-    EXPECT_EQ(journal.Take().size(), 2u);
-    EXPECT_EQ(velora.SkinCount, 0);
-}
-
-TEST_F(Catalogue, TheCatalogueIsNeverWritten) {
-    PutSkin("a.vs4", 100);
-    PutCatalogue("LastSkin=1\nCount=1\n", {InDirectory("a.vs4")});
-    const auto before = directory.Get("velskins.ini");
-    LoadSkinCatalogue(velora);
-    ShowCompanionSkin(velora);
-    EXPECT_EQ(directory.Get("velskins.ini"), before);
-}
-
-class Companion : public Catalogue {};
-
-TEST_F(Companion, ItIsLoadedAnewAsLongAsASlotIsFree) {
-    ApplySkin(velora, LoadSkinFile(velora, PutSkin("a.vs4", 100, "b.vs4")));
-    PutSkin("b.vs4", 200, "a.vs4");
-    for (Integer press = 2; press <= 15; ++press) {
-        ShowCompanionSkin(velora);
-        EXPECT_EQ(velora.CurrentSkin, press);
-        EXPECT_EQ(WidthPx(), press % 2 ? 100 : 200);
+TEST(Companion, IsLoadedAnewAsLongAsASlotIsFreeAndThenTakenFromItsLatestSlot) {
+    const TempDirectory directory;
+    CatalogueMachine at(directory), first(directory), none(directory);
+    at.LoadMany(1, "a.vs4");
+    ApplySkin(at.velora, 1);
+    for (int press = 2; press < 60; ++press) {
+        ShowCompanionSkin(at.velora);
+        const int slot = press <= 15 ? press : 14 + press % 2;
+        EXPECT_EQ(at.Outcome(), Joined(slot, " of ", std::min(press, 15), ", ", press % 2 ? 100 : 200));
     }
-    EXPECT_EQ(velora.SkinCount, 15);
-    for (int press = 0; press < 50; ++press) {
-        ShowCompanionSkin(velora);
-        EXPECT_EQ(velora.CurrentSkin, press % 2 ? 15 : 14) << "the latest slot of the file";
-        EXPECT_EQ(WidthPx(), press % 2 ? 100 : 200);
+    // A file is the same in another spelling.
+    first.LoadMany(1, "B.vs4");
+    first.LoadMany(13, "c.vs4");
+    first.LoadMany(1, "a.vs4");
+    ApplySkin(first.velora, 15);
+    ShowCompanionSkin(first.velora);
+    EXPECT_EQ(first.Outcome(), "1 of 15, 200");
+    none.LoadMany(15, "a.vs4");
+    ApplySkin(none.velora, 3);
+    ShowCompanionSkin(none.velora);
+    EXPECT_EQ(none.Outcome(), "3 of 15, 100");
+}
+
+TEST(Companion, WithoutOneOrWithOneOfAnotherTypeNothingHappens) {
+    const TempDirectory directory;
+    SkinMachine at(directory);
+    SetPicture(at.form.picPlay, std::make_shared<NamedPicture>(3, 3, "shown"));
+    directory.Put("other.vs4", SkinText("Type=2", "Width=600 "));
+    for (const char* companion : {"", "none.vs4", "other.vs4"}) {
+        at.Apply(SkinText(Joined("Playlist=", companion)));
+        const Lines before = FormText(at.form);
+        ShowCompanionSkin(at.velora);
+        EXPECT_EQ(Changes(before, FormText(at.form)), "");
     }
-    EXPECT_TRUE(journal.Take().empty());
+    EXPECT_EQ(at.velora.SkinCount, 4);
 }
 
-TEST_F(Companion, WithAllSlotsTakenAFileInAnotherSpellingIsTheSame) {
-    for (int slot = 1; slot <= 14; ++slot)
-        (void)LoadSkinFile(velora, PutSkin("B.vs4", 200));
-    ApplySkin(velora, LoadSkinFile(velora, PutSkin("a.vs4", 100, "b.VS4")));
-    ShowCompanionSkin(velora);
-    EXPECT_EQ(velora.CurrentSkin, 14);
-}
-
-TEST_F(Companion, WithAllSlotsTakenAnUnknownFileChangesNothing) {
-    for (int slot = 1; slot <= 15; ++slot)
-        (void)LoadSkinFile(velora, PutSkin("a.vs4", 100, "b.vs4"));
-    ApplySkin(velora, 3);
-    PutSkin("b.vs4", 200);
-    ShowCompanionSkin(velora);
-    EXPECT_EQ(velora.CurrentSkin, 3);
-    EXPECT_TRUE(journal.Take().empty());
-}
-
-TEST_F(Companion, WithoutOneNothingHappens) {
-    ShowCompanionSkin(velora);
-    ApplySkin(velora, LoadSkinFile(velora, PutSkin("a.vs4", 100)));
-    ShowCompanionSkin(velora);
-    ApplySkin(velora, LoadSkinFile(velora, PutSkin("c.vs4", 100, "none.vs4")));
-    ShowCompanionSkin(velora);
-    EXPECT_EQ(velora.SkinCount, 2);
-    EXPECT_TRUE(journal.Take().empty());
-}
-
-TEST_F(Companion, PicPlayShowsPlayWhenStoppedAndStopOtherwise) {
-    PutPictures({"play.gif", "stop.gif"});
-    directory.Put("a.vs4", "[Settings]\nPlaylist=a.vs4\nObjectCount=2\n"
-                           "[object1]\nenabled=1\ntype=1\nfilename=play.gif\nfilename2=play.gif\n"
-                           "[object2]\nenabled=1\ntype=2\nfilename=stop.gif\nfilename2=stop.gif\n");
-    ApplySkin(velora, LoadSkinFile(velora, directory.PathText("a.vs4")));
-    for (const PlayerState playing : {PlayerState::Playing, PlayerState::Paused, PlayerState::SeekingForward,
-                                      PlayerState::SeekingBackward}) {
-        velora.PlayerState = playing;
-        ShowCompanionSkin(velora);
-        EXPECT_EQ(form.picPlay.Picture, form.picStop1.Picture);
-        EXPECT_EQ(FileOf(form.picPlay), "stop.gif");
+TEST(Companion, PicPlayShowsPlayWhenStoppedAndStopOtherwise) {
+    const TempDirectory directory;
+    directory.Put("a.gif", "picture");
+    SkinMachine at(directory);
+    at.Apply(SkinText("Playlist=skin.vs4 ObjectCount=2 [object1] enabled=1 type=1 filename=a.gif "
+                      "[object2] enabled=1 type=2 filename=a.gif"));
+    for (int state = 4; state >= 0; --state) {
+        at.velora.PlayerState = PlayerState(state);
+        ShowCompanionSkin(at.velora);
+        EXPECT_EQ(at.form.picPlay.Picture, (state == 0 ? at.form.picPlay1 : at.form.picStop1).Picture);
     }
-    velora.PlayerState = PlayerState::Stopped;
-    ShowCompanionSkin(velora);
-    EXPECT_EQ(form.picPlay.Picture, form.picPlay1.Picture);
-    EXPECT_EQ(FileOf(form.picPlay), "play.gif");
-}
-
-TEST_F(Companion, OneOfAnotherTypeLeavesPicPlayAlone) {
-    directory.Put("b.vs4", "[Settings]\nType=2\n");
-    ApplySkin(velora, LoadSkinFile(velora, PutSkin("a.vs4", 100, "b.vs4")));
-    const PicturePtr shown = std::make_shared<LoadedPicture>(3, 3);
-    SetPicture(form.picPlay, shown);
-    ShowCompanionSkin(velora);
-    EXPECT_EQ(velora.CurrentSkin, 1);
-    EXPECT_EQ(form.picPlay.Picture, shown);
 }

@@ -1,208 +1,178 @@
-// Which control an object takes, and what stays when it can't have one.
+// Which control an object of a skin takes, what it does to it, and what stays when it can't have one:
+// buttons, texts, the volume, the row of lights and the background.
 #include "skin/layout.h"
 
 #include <filesystem>
 #include <sys/stat.h>
 
-#include "state/stack.h"
+#include "skin/volume_object.h"
 #include "support/skin_fixture.h"
 
 namespace {
 
-class Layout : public SkinTest {
-protected:
-    static std::string Object(int number, const std::string& type, const std::string& keys) {
-        return "[object" + std::to_string(number) + "]\nenabled=True\ntype=" + type + "\n" + keys;
-    }
-    Integer ApplyObject(const std::string& type, const std::string& keys) {
-        return Apply("[Settings]\nGraphic=none.gif\nObjectCount=1\n" + Object(1, type, keys));
-    }
+struct LayoutRow {
+    const char* Name;
+    Lines First;         ///< The objects of a skin that is applied before; none if empty.
+    Lines Objects;       ///< The first one at left 31 unless its own keys say otherwise.
+    const char* Changed; ///< By the second skin, of everything.
+    std::string Graphic = "Graphic=none.gif ";
 };
 
-const std::string kPictures = "filename=a.gif\nfilename2=b.gif\nleft=11\ntop=12\nwidth=999\nheight=999\n";
-const std::string kPlace = "left=11\ntop=12\nwidth=13\nheight=14\n";
+std::string SkinOf(const Lines& objects, const std::string& graphic = "Graphic=none.gif ") {
+    std::string text = "ObjectCount=32767 ";
+    int number = 0;
+    for (const std::string& keys : objects) {
+        ++number;
+        text += Joined("[object", number, "] ", keys, " enabled=1 left=", 30 + number, " ");
+    }
+    return SkinText(text, "Width=5835 Height=4185 " + graphic);
+}
+
+const std::string kPictures = "filename=a.gif filename2=b.gif top=12 width=13 height=14 ";
+
+Lines OfTypes(int least, int most, const std::string& keys = kPictures) {
+    Lines objects;
+    for (int type = least; type <= most; ++type)
+        objects.push_back(Joined(keys, "type=", type));
+    return objects;
+}
+
+Lines OfNames(const Lines& names) {
+    Lines objects;
+    for (const std::string& name : names)
+        objects.push_back("type=5 filename=" + name + " filename2=" + name);
+    return objects;
+}
+
+const LayoutRow kLayouts[] = {
+    {"each type takes its control and its holders, and two loads are two pictures",
+     {},
+     OfTypes(0, 13),
+     "step 1; picBackground 31,12 20x10 a.gif#1; picVolume 42,12 20x10 a.gif#25; "
+     "picPlay 32,12 20x10 a.gif#4; picPause 38,12 20x10 a.gif#22; picBackward 35,12 20x10 a.gif#13; "
+     "picForward 34,12 20x10 a.gif#10; picPlaylist 37,12 20x10 a.gif#19; picEject 36,12 20x10 a.gif#16; "
+     "picBackground1 8,8 33x33 hidden a.gif#2; picBackground2 8,48 33x33 hidden b.gif#3; "
+     "picPlay1 48,8 33x33 hidden a.gif#5; picPlay2 48,48 33x33 hidden b.gif#6; "
+     "picPause1 88,8 33x33 hidden a.gif#23; picPause2 88,48 33x33 hidden b.gif#24; "
+     "picStop1 128,8 33x33 hidden a.gif#8; picStop2 128,48 33x33 hidden b.gif#9; "
+     "picBackward1 168,8 33x33 hidden a.gif#14; picBackward2 168,48 33x33 hidden b.gif#15; "
+     "picForeward1 208,8 33x33 hidden a.gif#11; picForeward2 208,48 33x33 hidden b.gif#12; "
+     "picPlaylist1 248,8 33x33 hidden a.gif#20; picPlaylist2 248,48 33x33 hidden b.gif#21; "
+     "picEject1 288,8 33x33 hidden a.gif#17; picEject2 288,48 33x33 hidden b.gif#18; "
+     "picStop 33,12 20x10 a.gif#7; lblStatusLabel 43,12 13x14 11 80ffff Ready; "
+     "lblFilescroll 40,12 13x14 9 80ffff ; VFmp3scope1 39,12 13x14 hidden; "
+     "shpPercent 0,64 5x5 hidden form 2 0 0; skin 1 steps 0,0 ~b1.gif 0,0 ~b2.gif 0,0 ~b3.gif 0,0 ~b4.gif "
+     "0,0 ~b5.gif 0,0 ~b6.gif 0,0 ~b7.gif"},
+    {"disabled objects of each type", {}, OfTypes(0, 13, "enabled=0 " + kPictures), ""},
+    {"types without a control", {}, {"type=10", "type=14", "type=15", "type=-1", "type=2147483647"}, ""},
+    {"what a later skin leaves out, or hasn't the files for, stays", OfTypes(0, 13),
+     OfTypes(0, 7, "filename=m.gif filename2=m.gif "), ""},
+    // The background without a type, which the graphic covers in the end, two for one control, a missing
+    // first and a missing second file, one that is no picture, the directory for a file, a text without
+    // numbers.
+    {"each object for itself, and the later one of two stays",
+     {},
+     {"filename=a.gif filename2=b.gif", "type=1 " + kPictures, "type=1 filename=c.gif filename2=b.gif",
+      "type=7 filename=none.gif filename2=b.gif", "type=6 filename=a.gif filename2=none.gif",
+      "type=4 filename=skin.vs4 filename2=skin.vs4", "type=3", "type=9"},
+     "picBackground 0,0 20x10 c.gif#14; picPlay 33,0 20x10 c.gif#7; picBackward 36,0 33x33 -; "
+     "picForward 37,0 33x33 -; picPlaylist 35,0 20x10 a.gif#10; picBackground1 8,8 33x33 hidden a.gif#2; "
+     "picBackground2 8,48 33x33 hidden b.gif#3; picPlay1 48,8 33x33 hidden c.gif#8; "
+     "picPlay2 48,48 33x33 hidden b.gif#9; picPlaylist1 248,8 33x33 hidden a.gif#11; "
+     "lblFilescroll 38,0 0x0 9 80ffff ",
+     "Graphic=c.gif "},
+    {"a second file that is missing, or the directory itself, leaves the picture before",
+     {"type=1 filename=c.gif filename2=c.gif"},
+     {"type=1 filename=a.gif filename2=none.gif", "type=1 filename=a.gif"},
+     "picPlay 32,0 20x10 a.gif#6; picPlay1 48,8 33x33 hidden a.gif#7"},
+    {"names that are no plain files of the skin's",
+     {},
+     OfNames({"fifo.gif", "dir.gif", "dead.gif", "http://example.org/a.gif", "/etc/passwd", "..\\..\\..\\x",
+              "%s%n", "*.none", std::string(5000, 'a')}),
+     ""},
+    {"all 24 objects are visited and no more",
+     {},
+     Lines(25, "type=1 filename=a.gif filename2=b.gif"),
+     "picPlay 54,0 20x10 a.gif#70; picPlay1 48,8 33x33 hidden a.gif#71; "
+     "picPlay2 48,48 33x33 hidden b.gif#72"},
+    {"a volume takes its pictures, the positions of its own section, and its place",
+     {},
+     {"enabled=0 y1=6", "enabled=0",
+      "type=11 filename=a.gif filename2=knob.bmp left=31 top=32 x1=1 y1=2 x2=70000 "
+      "y2=x y3=4.5 x7=-3 y7=8 x8=9"},
+     "step 1; picVolume 31,32 20x10 a.gif#1; picVolumeArray 328,48 33x33 hidden - knob1.gif#2 knob2.gif#3 "
+     "knob3.gif#4 knob4.gif#5 knob5.gif#6 knob6.gif#7 knob7.gif#8; skin 1 steps 1,2 ~knob1.gif 0,0 "
+     "~knob2.gif 0,4 ~knob3.gif 0,0 ~knob4.gif 0,0 ~knob5.gif 0,0 ~knob6.gif -3,8 ~knob7.gif"},
+    {"missing pictures of a volume leave what was there",
+     {"type=11 filename=a.gif filename2=knob.gif"},
+     {"type=11 filename=fifo.gif filename2=half.gif left=9 y3=5"},
+     "step 1; picVolume 9,0 20x10 a.gif#1; picVolumeArray 328,48 33x33 hidden - knob1.gif#2 knob2.gif#3 "
+     "half3.gif#9 knob4.gif#5 knob5.gif#6 knob6.gif#7 knob7.gif#8; skin 2 steps 0,0 ~half1.gif 0,0 "
+     "~half2.gif 0,5 ~half3.gif 0,0 ~half4.gif 0,0 ~half5.gif 0,0 ~half6.gif 0,0 ~half7.gif"},
+    {"lights are made once in a run, and a broken row is not repaired",
+     {"type=13 filename=one.ini"},
+     {"type=13 filename=two.ini"},
+     ""},
+    {"a missing shape file leaves the row to a later skin",
+     {"type=13 filename=none.ini"},
+     {"type=13 filename=one.ini left=77"},
+     "shpPercent 3,5 0x6 form 2 0 0; shpPercent 0,64 5x5 hidden form 2 0 0"},
+    {"without a graphic the background shows without a picture", {}, {}, "picBackground 0,0 369x89 -", ""},
+};
+
+// The files that the rows speak of.
+void PutFiles(const TempDirectory& directory) {
+    for (const char* name : {"a.gif", "b.gif", "c.gif", "half3.gif"})
+        directory.Put(name, "picture");
+    for (int step = 1; step <= 7; ++step)
+        directory.Put(Joined("knob", step, ".gif"), "picture");
+    directory.Put("one.ini", "[1]\nleft=3\ntop=5\nheight=6\n");
+    directory.Put("two.ini", "[1]\ntop=7\nheight=8\n[2]\ntop=7\nheight=8\n");
+    EXPECT_EQ(mkfifo(directory.Path("fifo.gif").c_str(), 0600), 0);
+    std::filesystem::create_directory(directory.Path("dir.gif"));
+    std::filesystem::create_symlink("nowhere", directory.Path("dead.gif"));
+}
 
 } // namespace
 
-TEST_F(Layout, EachPictureObjectTakesItsControlAndItsHolders) {
-    PutPictures({"a.gif", "b.gif"});
-    const std::array<std::array<PictureBox*, 3>, 8> expected{{
-        {&form.picBackground, &form.picBackground1, &form.picBackground2},
-        {&form.picPlay, &form.picPlay1, &form.picPlay2},
-        {&form.picStop, &form.picStop1, &form.picStop2},
-        {&form.picForward, &form.picForeward1, &form.picForeward2},
-        {&form.picBackward, &form.picBackward1, &form.picBackward2},
-        {&form.picEject, &form.picEject1, &form.picEject2},
-        {&form.picPlaylist, &form.picPlaylist1, &form.picPlaylist2},
-        {&form.picPause, &form.picPause1, &form.picPause2},
-    }};
-    for (std::size_t type = 0; type < expected.size(); ++type) {
-        const auto& [control, normal, pressed] = expected[type];
-        pictures.Loaded.clear();
-        ApplyObject(std::to_string(type), kPictures);
-        EXPECT_EQ(pictures.Loaded, (std::vector<std::string>{"a.gif", "a.gif", "b.gif"})) << type;
-        EXPECT_EQ(FileOf(*control), "a.gif") << type;
-        EXPECT_EQ(FileOf(*normal), "a.gif") << type;
-        EXPECT_EQ(FileOf(*pressed), "b.gif") << type;
-        EXPECT_NE(control->Picture, normal->Picture) << "two loads are two pictures";
-        EXPECT_TRUE(control->Visible) << type;
-        EXPECT_FALSE(normal->Visible) << type;
-        EXPECT_EQ(control->Left, 11) << type;
-        EXPECT_EQ(control->Top, 12) << type;
-        EXPECT_EQ(control->Width, 20) << "the picture's size and not the object's";
-        EXPECT_EQ(normal->Width, 33) << "holders keep their size";
+TEST(Layout, AnObjectChangesItsOwnControlsAndNothingElse) {
+    const TempDirectory directory;
+    PutFiles(directory);
+    for (const LayoutRow& row : kLayouts) {
+        SCOPED_TRACE(row.Name);
+        SkinMachine at(directory);
+        if (!row.First.empty()) at.Apply(SkinOf(row.First));
+        const Integer slot = at.Load(SkinOf(row.Objects, row.Graphic));
+        at.form.lCurVol = 5;
+        if (row.First.empty())
+            for (Control* control : std::initializer_list<Control*>{
+                     &at.form.lblStatusLabel, &at.form.lblFilescroll, &at.form.VFmp3scope1})
+                control->Visible = false;
+        const Lines before = at.All();
+        ApplySkin(at.velora, slot);
+        EXPECT_EQ(Changes(before, at.All()), row.Changed);
     }
 }
 
-TEST_F(Layout, AnObjectWithoutATypeIsTheBackground) {
-    PutPictures({"a.gif"});
-    Apply("[Settings]\nGraphic=none.gif\nObjectCount=1\n[object1]\nenabled=1\nfilename=a.gif\n");
-    EXPECT_EQ(FileOf(form.picBackground), "a.gif");
-    EXPECT_TRUE(form.picBackground.Visible);
-}
-
-TEST_F(Layout, LabelsAndTheScopeTakeTheNumbersUnchanged) {
-    const auto placeOf = [](const Control& control) {
-        return std::array<Long, 4>{control.Left, control.Top, control.Width, control.Height};
+TEST(Layout, NamesThatAreTooShort) {
+    const TempDirectory directory;
+    SkinMachine at(directory);
+    Form& form = at.form;
+    const auto place = [&](const Text& name) {
+        PlacePictureObject(at.velora, form.picPlay, form.picPlay1, form.picPlay2, name, name, 5, 6);
     };
-    constexpr std::array<Long, 4> kExpected{11, 12, 13, 14};
-    form.lblFilescroll.Visible = form.lblStatusLabel.Visible = form.VFmp3scope1.Visible = false;
-    ApplyObject("9", kPlace);
-    EXPECT_EQ(placeOf(form.lblFilescroll), kExpected);
-    EXPECT_TRUE(form.lblFilescroll.Visible);
-    ApplyObject("12", kPlace);
-    EXPECT_EQ(placeOf(form.lblStatusLabel), kExpected);
-    EXPECT_TRUE(form.lblStatusLabel.Visible);
-    EXPECT_EQ(form.lblStatusLabel.Caption, u"Ready");
-    ApplyObject("8", kPlace);
-    EXPECT_EQ(placeOf(form.VFmp3scope1), kExpected);
-    EXPECT_FALSE(form.VFmp3scope1.Visible) << "a track shows it, not the skin";
-    ApplyObject("9", "left=1\n");
-    EXPECT_EQ(placeOf(form.lblFilescroll), (std::array<Long, 4>{1, 0, 0, 0}));
-}
-
-TEST_F(Layout, TypesWithoutAControlAndDisabledObjectsChangeNothing) {
-    PutPictures({"a.gif", "b.gif"});
-    directory.Put("lights.ini", "[1]\ntop=1\nheight=1\n");
-    form.picBackground.Visible = true;
-    const auto expectNothing = [&](const std::string& type, const char* enabled) {
-        velora.SkinCount = 0;
-        const Integer slot = Load("[Settings]\nObjectCount=1\n[object1]\nenabled=" + std::string(enabled) +
-                                  "\ntype=" + type + "\n" + kPictures);
-        const Scene before = SceneOf(form);
-        velora.CurrentSkin = slot;
-        LayoutSkinObjects(velora, slot);
-        EXPECT_TRUE(DamageBetween(before, SceneOf(form)).empty()) << type;
-        EXPECT_TRUE(pictures.Loaded.empty()) << type;
-        EXPECT_EQ(form.lCurVol, 0) << type;
-    };
-    for (const char* type : {"10", "14", "-1", "2147483647", "-2147483648"})
-        expectNothing(type, "True");
-    for (int type = 0; type <= 13; ++type)
-        expectNothing(std::to_string(type), "False");
-}
-
-TEST_F(Layout, OfTwoObjectsForOneControlTheLaterOneStays) {
-    PutPictures({"a.gif", "b.gif", "c.gif"});
-    Apply("[Settings]\nObjectCount=2\n" + Object(1, "1", kPictures) +
-          Object(2, "1", "filename=c.gif\nfilename2=b.gif\nleft=50\n"));
-    EXPECT_EQ(FileOf(form.picPlay), "c.gif");
-    EXPECT_EQ(form.picPlay.Left, 50);
-    EXPECT_EQ(form.picPlay.Top, 0);
-}
-
-TEST_F(Layout, AMissingFirstFilePassesTheObjectOver) {
-    PutPictures({"b.gif"});
-    ApplyObject("1", kPictures);
-    EXPECT_FALSE(form.picPlay.Visible);
-    EXPECT_EQ(form.picPlay.Left, 8);
-    EXPECT_EQ(form.picPlay2.Picture, nullptr);
-}
-
-TEST_F(Layout, AMissingSecondFileLeavesThatPictureAsItWas) {
-    PutPictures({"a.gif", "old.gif"});
-    ApplyObject("1", "filename=old.gif\nfilename2=old.gif\n");
-    ApplyObject("1", kPictures);
-    EXPECT_EQ(FileOf(form.picPlay), "a.gif");
-    EXPECT_EQ(FileOf(form.picPlay2), "old.gif");
-    ApplyObject("1", "filename=a.gif\n");
-    EXPECT_EQ(FileOf(form.picPlay2), "old.gif") << "the directory itself is no picture";
-}
-
-TEST_F(Layout, AFileThatIsNoPictureStillMovesAndShowsTheButton) {
-    directory.Put("text.gif", "not one");
-    ApplyObject("1", "filename=text.gif\nfilename2=text.gif\nleft=5\n");
-    EXPECT_EQ(form.picPlay.Left, 5);
-    EXPECT_TRUE(form.picPlay.Visible);
-    EXPECT_EQ(form.picPlay.Picture, nullptr);
-}
-
-TEST_F(Layout, AButtonWithoutANameTakesTheDirectoryForItsFile) {
-    ApplyObject("1", "left=5\n");
-    EXPECT_EQ(form.picPlay.Left, 5);
-    EXPECT_TRUE(form.picPlay.Visible);
-    EXPECT_EQ(form.picPlay.Picture, nullptr);
-}
-
-TEST_F(Layout, ANameOfOneCharacterPlacesNothing) {
-    PlacePictureObject(velora, form.picPlay, form.picPlay1, form.picPlay2, u"\\", u"\\", 5, 6);
-    PlacePictureObject(velora, form.picPlay, form.picPlay1, form.picPlay2, u"", u"", 5, 6);
-    EXPECT_EQ(form.picPlay.Left, 8);
-    EXPECT_FALSE(form.picPlay.Visible);
-}
-
-TEST_F(Layout, NamesThatAreNoPlainFilesGiveNoPicture) {
-    ASSERT_EQ(mkfifo(directory.Path("fifo.gif").c_str(), 0600), 0);
-    std::filesystem::create_directory(directory.Path("dir.gif"));
-    directory.Put("outside.gif", "picture");
-    ASSERT_EQ(symlink("nowhere", directory.Path("dead.gif").c_str()), 0);
-    for (const std::string& name : {std::string("fifo.gif"), std::string("dir.gif"), std::string("dead.gif"),
-                                    std::string("http://example.org/a.gif"), std::string("/etc/passwd"),
-                                    std::string("..\\..\\..\\x"), std::string(5000, 'a')}) {
-        ApplyObject("1", "filename=" + name + "\nfilename2=" + name + "\n");
-        EXPECT_EQ(form.picPlay.Picture, nullptr) << name.substr(0, 40);
-        ApplyObject("11", "filename=" + name + "\nfilename2=" + name + "\n");
-        EXPECT_EQ(form.picVolume.Picture, nullptr) << name.substr(0, 40);
-        velora.SkinCount = 0;
+    const Lines before = at.All();
+    place(u"");
+    place(u"\\");
+    LoadVolumeObject(at.velora, 1, 2, 3, u"", u"abcde");
+    LoadVolumeObject(at.velora, 1, 2, 3, u"abcde", u"");
+    EXPECT_EQ(Changes(before, at.All()), "");
+    place(u"\\a");
+    EXPECT_EQ(Changes(before, at.All()), "picPlay 5,6 33x33 -");
+    // Of the second name of a volume four characters are cut off, whatever they are.
+    for (const auto& [name, image] : {std::pair(u"b", u"7.gif"), std::pair(u"abcd", u"7.gif"),
+                                      std::pair(u"abcde", u"a7.gif"), std::pair(u"vol.jpeg", u"vol.7.gif")}) {
+        LoadVolumeObject(at.velora, 1, 2, 3, u"a", name);
+        EXPECT_EQ(at.velora.Skins[0].VolumeImages[7], image);
     }
-}
-
-TEST_F(Layout, WhatALaterSkinLeavesOutStaysWhereItWas) {
-    PutPictures({"a.gif", "b.gif"});
-    ApplyObject("5", kPictures);
-    Apply("[Settings]\n", "second.vs4");
-    EXPECT_TRUE(form.picEject.Visible);
-    EXPECT_EQ(form.picEject.Left, 11);
-    EXPECT_EQ(FileOf(form.picEject), "a.gif");
-}
-
-TEST_F(Layout, PlacesFarOutsideAreSurvived) {
-    PutPictures({"a.gif", "b.gif"});
-    form.picBackground.Visible = true;
-    for (const char* place : {"2147483647", "-2147483648", "2147483648"})
-        for (const char* type : {"0", "1", "8", "9", "11", "12"}) {
-            velora.SkinCount = 0;
-            const std::string number = place;
-            ApplyObject(type, "filename=a.gif\nfilename2=b.gif\nleft=" + number + "\ntop=" + number +
-                                  "\nwidth=" + number + "\nheight=" + number + "\n");
-            EXPECT_EQ(ControlAt(form, -1, -1), nullptr);
-            static_cast<void>(SceneOf(form));
-        }
-}
-
-TEST_F(Layout, AllTwentyFourObjectsAreVisitedAndNoMore) {
-    PutPictures({"a.gif", "b.gif"});
-    std::string text = "[Settings]\nObjectCount=32767\n";
-    for (int number = 1; number <= 25; ++number)
-        text += Object(number, "1", "filename=a.gif\nfilename2=b.gif\nleft=" + std::to_string(number) + "\n");
-    Apply(text);
-    EXPECT_EQ(form.picPlay.Left, 24);
-}
-
-TEST_F(Layout, ASlotThatIsNotLoadedChangesNothing) {
-    velora.Skins[3].ObjectCount = 1;
-    velora.Skins[3].Objects[1] = {true, u"", 9, 1, 2, 3, 4, u"", u""};
-    form.lblFilescroll.Visible = false;
-    LayoutSkinObjects(velora, 3);
-    EXPECT_FALSE(form.lblFilescroll.Visible);
 }

@@ -1,133 +1,158 @@
-// The form as it comes up, its controls over one another, and what has to be drawn after a change.
+// The controls over one another: what is drawn, what takes the mouse, and what a change damages.
 #include <gtest/gtest.h>
+
 #include <limits>
 
 #include "state/scene.h"
+#include "support/form_text.h"
 
 namespace {
 
-PicturePtr MakePicture(int widthPx, int heightPx) {
-    return std::make_shared<LoadedPicture>(widthPx, heightPx);
+constexpr Long kMost = std::numeric_limits<Long>::max();
+
+void Place(Control& control, Long left, Long top, Long width, Long height) {
+    control.Visible = true;
+    control.Left = left;
+    control.Top = top;
+    control.Width = width;
+    control.Height = height;
 }
 
-// A form whose surface shows.
-void ShowSurface(Form& form) {
-    SetPicture(form.picBackground, MakePicture(300, 150));
-    form.picBackground.Visible = true;
-    form.picBackground.Left = form.picBackground.Top = 0;
+PicturePtr NewPicture(const char* name, int widthPx = 30, int heightPx = 20) {
+    return std::make_shared<NamedPicture>(widthPx, heightPx, name);
+}
+
+// A surface of 300 by 150 at (5, 7) whose right edge cuts the bars, with a light that isn't made behind two
+// that are, and buttons that lie over each other.
+struct DressedForm : Form {
+    DressedForm() {
+        SetPicture(picBackground, NewPicture("ground", 300, 150));
+        Place(picBackground, 5, 7, 300, 150);
+        SetPicture(picPlay, NewPicture("play"));
+        Place(picPlay, 10, 10, 30, 20);
+        SetPicture(picPause, NewPicture("pause"));
+        Place(picPause, 25, 15, 30, 20);
+        Place(picEject, 210, 10, 40, 20);
+        Place(picVolume, 260, 10, 9, 20);
+        Place(lblFilescroll, 20, 100, 90, 12);
+        lblFilescroll.Caption = u"title";
+        Place(lblStatusLabel, 100, 95, 80, 15);
+        Place(VFmp3scope1, 170, 90, 150, 30);
+        Place(shpPercent[0], 20, 60, 8, 9);
+        Place(shpPercent[1], 30, 60, 8, 9);
+        shpPercent[1].Exists = true;
+        shpPercent[1].Form = ShapeForm::Circle;
+        shpPercent[1].FillColour = 0x11;
+        shpPercent[1].BorderColour = 0x22;
+        Place(shpPercent[3], 40, 60, 8, 9);
+    }
+};
+
+std::string TextOf(const Rect& rect) {
+    return Joined(rect.Left, ",", rect.Top, "-", rect.Right, ",", rect.Bottom);
+}
+
+std::string FiguresOf(const Form& form) {
+    std::string text;
+    for (const Figure& figure : SceneOf(form).Figures)
+        text += Joined(figure.Source->Name, " ", TextOf(figure.Place), " in ", TextOf(figure.Clip), " ",
+                       NameOf(figure.Picture), figure.Ground ? " ground" : "", " ", figure.Caption, " ",
+                       figure.FontPx, " ", std::hex, figure.Colour, " ", figure.BorderColour, " ",
+                       int(figure.Kind), int(figure.Form), "; ");
+    return text;
 }
 
 } // namespace
 
-TEST(Form, ComesUpAsItWasDrawn) {
-    const Form form;
-    EXPECT_EQ(form.Caption, u"..:: velora.team-qu><llo::..");
-    EXPECT_EQ(ClientArea(form), (Rect{0, 0, 383, 254}));
-    EXPECT_EQ(form.shpPercent[0].Left, 288);
-    EXPECT_EQ(form.shpPercent[0].Top, 64);
-    EXPECT_TRUE(form.picVolume.Visible);
-    EXPECT_FALSE(form.picPlay.Visible);
-    EXPECT_FALSE(form.picBackground.Visible);
-    EXPECT_EQ(form.lblStatusLabel.Caption, u"Ready");
-    EXPECT_FALSE(form.tmrSeekBackward.Enabled || form.tmrSeekForward.Enabled ||
-                 form.tmrScrollFiletitle.Enabled);
-    EXPECT_EQ(form.Menu[MenuIndex(form, "mnuExitVelora")].Caption, u"::EXIT QU><LLO.VELORA::");
+TEST(Scene, HasWhatShowsFromBackToFront) {
+    DressedForm form;
+    EXPECT_EQ(FiguresOf(form), "picBackground 5,7-305,157 in 5,7-305,157 ground ground  0 0 0 02; "
+                               "lblFilescroll 25,107-115,119 in 5,7-305,157 - title 9 80ffff 0 12; "
+                               "lblStatusLabel 105,102-185,117 in 5,7-305,157 - Ready 11 80ffff 0 12; "
+                               "shpPercent 35,67-43,76 in 5,7-305,157 -  0 11 22 23; "
+                               "shpPercent 25,67-33,76 in 5,7-305,157 -  0 0 0 22; "
+                               "VFmp3scope1 175,97-325,127 in 5,7-305,157 -  0 0 0 32; "
+                               "picPause 30,22-60,42 in 5,7-305,157 pause  0 0 0 02; "
+                               "picPlay 15,17-45,37 in 5,7-305,157 play  0 0 0 02; ");
+    form.picBackground.Visible = false;
+    EXPECT_EQ(FiguresOf(form), "");
 }
 
-TEST(Form, OnlyBoxesOfTheSurfaceTakeTheSizeOfTheirPicture) {
-    Form form;
-    const PicturePtr picture = MakePicture(70, 20);
-    SetPicture(form.picPlay, picture);
-    SetPicture(form.picPlay1, picture);
-    EXPECT_EQ(form.picPlay.Width, 70);
-    EXPECT_EQ(form.picPlay1.Width, 33);
-    SetPicture(form.picPlay, nullptr);
-    EXPECT_EQ(form.picPlay.Width, 70) << "no picture leaves the size";
+TEST(ControlAt, FindsTheFrontmostInsideItsSurface) {
+    DressedForm form;
+    const auto hits = [&](std::initializer_list<std::pair<int, int>> places) {
+        std::string names;
+        for (const auto& [x, y] : places) {
+            const Control* control = ControlAt(form, x, y);
+            names += Joined(control ? control->Name : "form", " ");
+        }
+        return names;
+    };
+    EXPECT_EQ(hits({{4, 8}, {5, 6}, {305, 150}, {300, 157}, {305, 97}}), "form form form form form ");
+    EXPECT_EQ(hits({{5, 7}, {304, 156}, {36, 68}}), "picBackground picBackground picBackground ");
+    EXPECT_EQ(hits({{15, 17}, {44, 36}, {45, 36}, {44, 37}, {215, 17}, {265, 17}}),
+              "picPlay picPlay picPause picPause picEject picVolume ");
+    EXPECT_EQ(hits({{175, 97}, {304, 97}, {174, 102}, {105, 107}, {104, 107}}),
+              "VFmp3scope1 VFmp3scope1 lblStatusLabel lblStatusLabel lblFilescroll ");
+    form.picBackground.Visible = false;
+    EXPECT_EQ(hits({{15, 17}}), "form ");
 }
 
-TEST(ControlStack, HidesEverythingWithTheSurface) {
-    Form form;
-    EXPECT_TRUE(ControlStack(form).empty());
-    EXPECT_EQ(ControlAt(form, 10, 10), nullptr);
-    ShowSurface(form);
-    EXPECT_EQ(ControlAt(form, 10, 10), &form.picBackground);
-    EXPECT_EQ(ControlAt(form, 300, 10), nullptr) << "beside the surface is the form";
-}
-
-TEST(ControlStack, EarlierControlsAndPicturesAreInFront) {
-    Form form;
-    ShowSurface(form);
-    form.picPlay.Visible = form.picPause.Visible = true;
-    form.picPlay.Left = form.picPause.Left = form.lblStatusLabel.Left = form.VFmp3scope1.Left = 20;
-    form.picPlay.Top = form.picPause.Top = form.lblStatusLabel.Top = form.VFmp3scope1.Top = 20;
-    form.lblStatusLabel.Width = form.lblStatusLabel.Height = 60;
-    form.VFmp3scope1.Width = form.VFmp3scope1.Height = 50;
-    EXPECT_EQ(ControlAt(form, 30, 30), &form.picPlay);
-    form.picPlay.Visible = false;
-    EXPECT_EQ(ControlAt(form, 30, 30), &form.picPause);
-    EXPECT_EQ(ControlAt(form, 65, 65), &form.VFmp3scope1);
-    EXPECT_EQ(ControlAt(form, 75, 75), &form.lblStatusLabel);
-    // A light takes no mouse events of its own.
-    EXPECT_EQ(ControlAt(form, 289, 65), &form.picBackground);
-}
-
-TEST(ControlStack, TakesAbsurdPlacesWithoutHarm) {
-    Form form;
-    ShowSurface(form);
-    constexpr Long kMost = std::numeric_limits<Long>::max();
-    form.picBackground.Left = kMost;
-    form.lblStatusLabel.Left = form.lblStatusLabel.Width = kMost;
-    form.lblFilescroll.Top = -kMost;
-    form.VFmp3scope1.Height = -5;
-    form.Width = kMost;
+TEST(ControlStack, TakesAbsurdNumbersWithoutHarm) {
+    DressedForm form;
+    form.Width = 7 * kTwipsPerPixel;
     form.Height = -kMost;
-    EXPECT_FALSE(ControlStack(form).empty());
+    EXPECT_EQ(TextOf(ClientArea(form)), "0,0-1,1");
+    form.Width = form.Height = kMost;
+    EXPECT_EQ(TextOf(ClientArea(form)), "0,0-143165570,143165551");
+    Place(form.picBackground, 3, kMost, 1, kMost);
+    Place(form.lblStatusLabel, kMost, 1, kMost, 1);
+    Place(form.lblFilescroll, -kMost, 0, -5, -5);
+    const std::vector<StackedControl> stack = ControlStack(form);
+    EXPECT_EQ(TextOf(stack[1].Place), "-2147483644,2147483647--2147483644,2147483647");
+    EXPECT_EQ(TextOf(stack[2].Place), "2147483647,2147483647-2147483647,2147483647");
     EXPECT_TRUE(SceneOf(form).Figures.empty());
 }
 
 TEST(Damage, IsTheOldAndTheNewPlaceOfWhatChanged) {
-    Form form;
-    ShowSurface(form);
-    SetPicture(form.picPlay, MakePicture(10, 10));
-    form.picPlay.Left = form.picPlay.Top = 5;
+    struct Row {
+        const char* Name;
+        void (*Change)(Form& form);
+        std::string Damage; ///< Against the row before.
+    };
+    const Row rows[] = {
+        {"a tick of the title", [](Form& f) { f.lblFilescroll.Caption = u"itlet"; }, "25,107-115,119 "},
+        {"an empty title", [](Form& f) { f.lblFilescroll.Caption.clear(); }, "25,107-115,119 "},
+        {"it is back", [](Form& f) { f.lblFilescroll.Caption = u"t"; }, "25,107-115,119 "},
+        {"a hidden button", [](Form& f) { f.picPlay.Visible = false; }, "15,17-45,37 "},
+        {"it is back", [](Form& f) { f.picPlay.Visible = true; }, "15,17-45,37 "},
+        {"a moved one", [](Form& f) { f.picPlay.Left = 50; }, "15,17-45,37 55,17-85,37 "},
+        {"another picture, as large", [](Form& f) { SetPicture(f.picPlay, NewPicture("play")); },
+         "55,17-85,37 "},
+        {"bars, cut at the surface", [](Form& f) { f.VFmp3scope1.Bars.Peak[3] = 0.5F; }, "175,97-305,127 "},
+        {"bars and a button", [](Form& f) { f.VFmp3scope1.Bars.Level[3] = float(f.picPause.Top = 16); },
+         "175,97-305,127 30,22-60,42 30,23-60,43 "},
+        {"no light, no bars", [](Form& f) { f.shpPercent[1].Exists = f.VFmp3scope1.Visible = false; },
+         "35,67-43,76 175,97-305,127 "},
+        {"bars that nobody sees", [](Form& f) { f.VFmp3scope1.Bars.Level[3] = 0.7F; }, ""},
+        {"a smaller surface", [](Form& f) { f.picBackground.Width = 90; },
+         "5,7-305,157 5,7-95,157 25,107-115,119 25,107-95,119 105,102-185,117 25,67-33,76 25,67-33,76 "
+         "30,23-60,43 30,23-60,43 55,17-85,37 55,17-85,37 "},
+        {"no surface", [](Form& f) { f.picBackground.Visible = false; },
+         "5,7-95,157 25,107-95,119 25,67-33,76 30,23-60,43 55,17-85,37 "},
+    };
+    DressedForm form;
     Scene shown = SceneOf(form);
-    EXPECT_TRUE(DamageBetween(shown, SceneOf(form)).empty());
-
-    form.picPlay.Visible = true;
-    Scene now = SceneOf(form);
-    EXPECT_EQ(DamageBetween(shown, now), (std::vector<Rect>{{5, 5, 15, 15}}));
-    shown = now;
-
-    form.picPlay.Left = 50;
-    now = SceneOf(form);
-    EXPECT_EQ(DamageBetween(shown, now), (std::vector<Rect>{{5, 5, 15, 15}, {50, 5, 60, 15}}));
-    shown = now;
-
-    SetPicture(form.picPlay, MakePicture(10, 10));
-    EXPECT_EQ(DamageBetween(shown, SceneOf(form)).size(), 1u)
-        << "another picture of the same look is another";
-    form.picPlay.Visible = false;
-    EXPECT_EQ(DamageBetween(shown, SceneOf(form)), (std::vector<Rect>{{50, 5, 60, 15}}));
-}
-
-TEST(Damage, OfATickIsTheTitleAlone) {
-    Form form;
-    ShowSurface(form);
-    form.lblFilescroll.Caption = u"abc";
-    const Scene shown = SceneOf(form);
-    form.lblFilescroll.Caption = u"bca";
-    EXPECT_EQ(DamageBetween(shown, SceneOf(form)), (std::vector<Rect>{{48, 48, 81, 81}}));
-    form.lblFilescroll.Caption.clear();
-    EXPECT_EQ(DamageBetween(shown, SceneOf(form)), (std::vector<Rect>{{48, 48, 81, 81}}));
-}
-
-TEST(Damage, OfTheVisualisationIsItsBars) {
-    Form form;
-    ShowSurface(form);
-    const Scene shown = SceneOf(form);
-    form.VFmp3scope1.Bars.Level[3] = 0.5F;
-    EXPECT_EQ(DamageBetween(shown, SceneOf(form)), (std::vector<Rect>{{288, 8, 300, 41}}))
-        << "clipped to the surface";
-    form.VFmp3scope1.Visible = false;
-    EXPECT_EQ(SceneOf(form).Bars, ScopeBars()) << "hidden bars are nobody's business";
+    for (const Row& row : rows) {
+        row.Change(form);
+        Scene now = SceneOf(form);
+        std::string damage;
+        for (const Rect& part : DamageBetween(shown, now))
+            damage += TextOf(part) + " ";
+        EXPECT_EQ(damage, row.Damage) << row.Name;
+        EXPECT_TRUE(DamageBetween(now, SceneOf(form)).empty());
+        EXPECT_TRUE(form.VFmp3scope1.Visible || now.Bars == ScopeBars())
+            << "hidden bars are nobody's business";
+        shown = std::move(now);
+    }
 }

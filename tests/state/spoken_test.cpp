@@ -1,79 +1,77 @@
 // What a screen reader is told about the window.
-#include <algorithm>
+#include <gtest/gtest.h>
 
 #include "state/spoken.h"
-#include "state/stack.h"
-#include "support/velora_fixture.h"
+#include "support/form_text.h"
+#include "support/null_platform.h"
 
 namespace {
 
-class Spoken : public VeloraTest {
-protected:
-    Text NameOf(std::string_view control) {
-        for (const SpokenControl& spoken : SpokenControls(velora))
-            if (spoken.ControlName == control) return spoken.Name;
-        return u"(not spoken)";
+struct SpokenMachine : NullPlatform {
+    NullPictures pictures;
+    Velora velora{PartsWith(pictures)};
+    Form& form = velora.frmMain;
+
+    SpokenMachine() {
+        form.picBackground.Visible = form.picPlay.Visible = form.picBackward.Visible = true;
+        form.picBackground.Width = 300;
+        form.lCurVol = 3;
+        for (std::size_t light = 1; light < 6; ++light) {
+            form.shpPercent[light].Exists = form.shpPercent[light].Visible = true;
+            form.shpPercent[light].FillColour = light < 4 ? 0x00FFFF : 0x0000FF;
+        }
+        form.shpPercent[2].Left = 100;
+        form.shpPercent[3].Top = 80;
+        form.shpPercent[4].Top = 30;
+    }
+    [[nodiscard]] Text Title() const {
+        for (const SpokenControl& control : SpokenControls(velora))
+            if (control.ControlName == "lblFilescroll") return control.Name;
+        return {};
     }
 };
 
 } // namespace
 
-TEST_F(Spoken, EveryVisibleControlHasANameButTheGroundAndTheBars) {
-    const std::vector<SpokenControl> controls = SpokenControls(velora);
-    for (const StackedControl& row : ControlStack(form)) {
-        if (row.Source == &form.picBackground || row.Source == &form.VFmp3scope1) continue;
-        if (row.Source == &form.shpPercent[0]) continue;
-        const auto spoken = std::find_if(controls.begin(), controls.end(), [&](const SpokenControl& each) {
-            return each.ControlName == row.Source->Name;
-        });
-        ASSERT_NE(spoken, controls.end()) << row.Source->Name;
-        EXPECT_FALSE(spoken->Name.empty()) << row.Source->Name;
+TEST(Spoken, EachVisibleControlHasWordsAndTheLightsAreOneBar) {
+    SpokenMachine at;
+    std::string text;
+    for (const SpokenControl& each : SpokenControls(at.velora))
+        text += Joined(each.ControlName, " ", int(each.Role), " ", each.Name, " ", each.Help.substr(0, 16),
+                       " ", each.Value, " of ", each.Most, " at ", each.Place.Left, ",", each.Place.Top, "-",
+                       each.Place.Right, ",", each.Place.Bottom, "; ");
+    EXPECT_EQ(
+        text,
+        "picVolume 1 Volume ..:: wave volume 3 of 7 at 256,16-289,49; picPlay 0 Play  0 of 0 at 16,16-49,49; "
+        "picBackward 0 Previous ..:: backward in 0 of 0 at 96,16-129,49; "
+        "shpPercent 2 Progress  3 of 13 at 108,38-301,93; lblStatusLabel 3 Ready  0 of 0 at 16,56-49,89; "
+        "lblFilescroll 3 Title  0 of 0 at 56,56-89,89; ");
+    at.form.picBackground.Visible = false;
+    EXPECT_TRUE(SpokenControls(at.velora).empty());
+}
+
+TEST(Spoken, ThePlayButtonIsCalledByItsPicture) {
+    SpokenMachine at;
+    for (PictureBox* holder : {&at.form.picPlay1, &at.form.picStop1, &at.form.picStop2}) {
+        SetPicture(*holder, std::make_shared<LoadedPicture>(3, 3));
+        SetPicture(at.form.picPlay, holder->Picture);
+        const Text expected = holder == &at.form.picPlay1 ? u"Play" : u"Stop";
+        EXPECT_EQ(SpokenControls(at.velora)[1].Name, expected) << holder->Name;
     }
 }
 
-TEST_F(Spoken, ThePlayButtonIsCalledByItsPicture) {
-    SetPicture(form.picPlay, form.picPlay1.Picture);
-    EXPECT_EQ(NameOf("picPlay"), u"Play");
-    SetPicture(form.picPlay, form.picStop2.Picture);
-    EXPECT_EQ(NameOf("picPlay"), u"Stop");
-}
-
-TEST_F(Spoken, TheTitleIsTitleAndArtistAndStaysWhileTheTextRuns) {
-    form.lblFilescroll.Visible = true;
-    EXPECT_EQ(NameOf("lblFilescroll"), u"Title");
-    velora.CurrentTrack = AddEntry(u"\\m\\", u"song.mp3");
-    form.lblFilescroll.Caption = u"song ... ";
-    EXPECT_EQ(NameOf("lblFilescroll"), u"song.mp3");
-    velora.TrackTitle = u"Song";
-    velora.TrackArtist = u"Singer";
-    EXPECT_EQ(NameOf("lblFilescroll"), u"Song by Singer");
-    form.lblFilescroll.Caption = u"ong ... s";
-    EXPECT_EQ(NameOf("lblFilescroll"), u"Song by Singer");
-}
-
-TEST_F(Spoken, OfANameOfMegabytesTheStartIsTold) {
-    form.lblFilescroll.Visible = true;
-    form.lblFilescroll.Caption = u"aaa";
-    velora.CurrentTrack = AddEntry(u"\\m\\", Text(4 << 20, u'a'));
-    EXPECT_EQ(NameOf("lblFilescroll"), Text(1000, u'a'));
-}
-
-TEST_F(Spoken, TheLightsAreOneProgressBar) {
-    for (std::size_t index = 1; index < form.shpPercent.size(); ++index) {
-        Shape& light = form.shpPercent[index];
-        light.Exists = light.Visible = true;
-        light.Left = static_cast<Long>(10 * index);
-        light.Top = 20;
-        light.Width = light.Height = 8;
-        light.FillColour = index <= 5 ? 0x00FFFF : 0x0000FF;
-    }
-    const std::vector<SpokenControl> controls = SpokenControls(velora);
-    const auto bar = std::find_if(controls.begin(), controls.end(), [](const SpokenControl& each) {
-        return each.Role == SpokenRole::ProgressBar;
-    });
-    ASSERT_NE(bar, controls.end());
-    EXPECT_EQ(bar->Value, 5);
-    EXPECT_EQ(bar->Most, 13);
-    const Long left = form.picBackground.Left, top = form.picBackground.Top;
-    EXPECT_EQ(bar->Place, (Rect{left + 10, top + 20, left + 138, top + 28}));
+TEST(Spoken, TheTitleStaysWhileItsTextRunsAndIsNeverLong) {
+    SpokenMachine at;
+    const Text start(1000, u'a');
+    at.velora.MediaList[1].File = start + u"b";
+    at.form.lblFilescroll.Caption = u"running";
+    EXPECT_EQ(at.Title(), u"Title") << "nothing was started";
+    at.velora.CurrentTrack = 1;
+    EXPECT_EQ(at.Title(), start) << "a name of megabytes would be asked for again and again";
+    at.velora.TrackTitle = u"Song";
+    EXPECT_EQ(at.Title(), start);
+    at.velora.TrackArtist = u"Singer";
+    EXPECT_EQ(at.Title(), u"Song by Singer");
+    at.form.lblFilescroll.Caption.clear();
+    EXPECT_EQ(at.Title(), u"Title");
 }

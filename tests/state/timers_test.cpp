@@ -14,19 +14,25 @@ TEST(TimerSchedule, NothingIsDueWhileNoTimerCanAct) {
     form.State = WindowState::Minimised;
     EXPECT_EQ(schedule.NextDue(form, 60), std::nullopt) << "nobody sees a minimised title move";
     form.State = WindowState::Normal;
-    form.lblFilescroll.Caption.clear();
-    EXPECT_EQ(schedule.NextDue(form, 120), std::nullopt);
-    form.lblFilescroll.Caption = u"abc";
     EXPECT_EQ(schedule.NextDue(form, 130), 230) << "a timer starts anew when it can act again";
 }
 
-TEST(TimerSchedule, LateTicksMergeIntoOne) {
+TEST(TimerSchedule, LateTicksMergeIntoOneAndTheRhythmStays) {
     Form form;
     TimerSchedule schedule;
-    form.tmrSeekForward.Enabled = true;
-    EXPECT_EQ(schedule.NextDue(form, 0), 200);
-    EXPECT_EQ(schedule.TakeDue(form, 199), nullptr);
+    form.tmrScrollFiletitle.Enabled = form.tmrSeekForward.Enabled = true;
+    form.lblFilescroll.Caption = u"abc";
+    EXPECT_EQ(schedule.TakeDue(form, 0), nullptr) << "here their time begins";
+    EXPECT_EQ(schedule.NextDue(form, 10), 100);
+    form.tmrSeekBackward.Enabled = true;
+    EXPECT_EQ(schedule.TakeDue(form, 50), nullptr);
+    EXPECT_EQ(schedule.TakeDue(form, 100), &form.tmrScrollFiletitle) << "the other two aren't due";
+    EXPECT_EQ(schedule.TakeDue(form, 100), nullptr);
+    EXPECT_EQ(schedule.NextDue(form, 1050), 1050) << "late, but not in the past";
+    EXPECT_EQ(schedule.TakeDue(form, 1050), &form.tmrSeekBackward);
     EXPECT_EQ(schedule.TakeDue(form, 1050), &form.tmrSeekForward);
+    EXPECT_EQ(schedule.TakeDue(form, 1050), &form.tmrScrollFiletitle);
     EXPECT_EQ(schedule.TakeDue(form, 1050), nullptr);
-    EXPECT_EQ(schedule.NextDue(form, 1050), 1200) << "the rhythm of the ticks stays";
+    form.tmrScrollFiletitle.Enabled = form.tmrSeekForward.Enabled = false;
+    EXPECT_EQ(schedule.NextDue(form, 1050), 1250);
 }

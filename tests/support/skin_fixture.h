@@ -1,69 +1,111 @@
-// A bare Velora on the null platform, and a directory in which skins and their pictures can be put.
+// Velora on the null platform before a directory of skins, and all that a skin can change as lines of text.
 #pragma once
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
 #include "skin/apply_skin.h"
 #include "skin/load_skin.h"
-#include "state/scene.h"
+#include "support/form_text.h"
 #include "support/null_platform.h"
 #include "support/temp_directory.h"
 
-/// A picture that knows where it came from.
-struct NamedPicture : LoadedPicture {
-    NamedPicture(int widthPx, int heightPx, Text path)
-        : LoadedPicture(widthPx, heightPx), Path(std::move(path)) {}
-    const Text Path;
-};
-
-/// Takes every file that begins with "picture" for a picture of 20 by 10 pixels.
+/// Takes every file that begins with "picture" for a picture of 20 by 10 pixels, called by its file and the
+/// number of the load: "a.gif#1".
 struct FilePictures : Pictures {
     PicturePtr LoadPicture(const Text& path) override {
         const auto bytes = ReadFileBytes(path, 1 << 20);
         if (!bytes || !bytes->starts_with("picture")) return nullptr;
-        Loaded.push_back(Utf8(GetName(path)));
-        return std::make_shared<NamedPicture>(20, 10, path);
+        const Text name = path.substr(path.rfind(u'\\') + 1);
+        return std::make_shared<NamedPicture>(20, 10, Joined(name, "#", ++Loads));
     }
-    static Text GetName(const Text& path) { return path.substr(path.rfind(u'\\') + 1); }
-    std::vector<std::string> Loaded; ///< File names in the order of the loads.
+    int Loads = 0;
 };
 
-class SkinTest : public ::testing::Test, protected NullPlatform {
-protected:
-    SkinTest() : velora(PartsWith(pictures)) {
-        window.Attach(form);
+/// A skin file's text from words: a line for each. Before the first section stands the rest of `Settings`:
+/// the form's first size, which stays so, and a background that isn't there.
+inline std::string SkinText(std::string words, const std::string& head = "Width=5835 Height=4185 "
+                                                                         "Graphic=none.gif ") {
+    words = "[Settings] " + head + words;
+    std::ranges::replace(words, ' ', '\n');
+    return words;
+}
+
+struct SkinMachine : NullPlatform {
+    explicit SkinMachine(const TempDirectory& place) : directory(place) {
         machine.Directory = directory.PathText("program");
         velora.SkinsIni = directory.PathText("velskins.ini");
-    }
-
-    void PutPictures(std::initializer_list<const char*> names) const {
-        for (const char* name : names)
-            directory.Put(name, "picture");
     }
 
     /// Writes a skin file and loads it; the slot's number.
     Integer Load(std::string_view text, std::string_view name = "skin.vs4") {
         return LoadSkinFile(velora, directory.Put(name, text));
     }
-    SkinRecord& LoadRecord(std::string_view text) {
-        return velora.Skins[static_cast<std::size_t>(Load(text))];
-    }
-
     Integer Apply(std::string_view text, std::string_view name = "skin.vs4") {
         const Integer slot = Load(text, name);
         ApplySkin(velora, slot);
         return slot;
     }
 
-    /// The name of the file that a box's picture was loaded from; empty without a picture.
-    static std::string FileOf(const PictureBox& box) {
-        const auto* picture = dynamic_cast<const NamedPicture*>(box.Picture.get());
-        return picture ? Utf8(FilePictures::GetName(picture->Path)) : std::string();
+    [[nodiscard]] std::string RegionText() const {
+        std::string text = form.Region ? "region" : "no region";
+        if (form.Region)
+            for (const Rect& part : form.Region->Rectangles({0, 0, 20000, 20000}))
+                text += Joined(" ", part.Left, ",", part.Top, "-", part.Right, ",", part.Bottom);
+        return text;
     }
 
-    TempDirectory directory;
+    /// `~` is the directory with its backslash.
+    [[nodiscard]] std::string Short(std::string line) const {
+        const std::string path = Utf8(directory.PathText());
+        for (std::size_t at; (at = line.find(path)) != std::string::npos;)
+            line.replace(at, path.size(), "~");
+        return line;
+    }
+
+    /// The form, the region, the records of the skins and what dialogs and player were asked.
+    [[nodiscard]] Lines All() const {
+        Lines lines = FormText(form);
+        lines.push_back(RegionText());
+        for (std::size_t slot = 0; slot < velora.Skins.size(); ++slot)
+            AddRecord(lines, velora.Skins[slot], Joined("skin ", slot));
+        lines.insert(lines.end(), journal.Lines.begin(), journal.Lines.end());
+        for (std::string& line : lines)
+            line = Short(line);
+        return lines;
+    }
+
+    const TempDirectory& directory;
     FilePictures pictures;
-    Velora velora;
+    Velora velora{PartsWith(pictures)};
     Form& form = velora.frmMain;
+
+private:
+    static void AddRecord(Lines& lines, const SkinRecord& skin, const std::string& name) {
+        lines.push_back(Joined(name, skin.Loaded ? " " : " empty ", skin.Directory, "|", skin.FileName, "|",
+                               skin.Name, "|", skin.Author, "|", skin.Graphic, "|", skin.Playlist, " type ",
+                               skin.Type, " ", skin.Width, "x", skin.Height, " at ", skin.Left, ",", skin.Top,
+                               " with ", skin.ShapeCount, " and ", skin.ObjectCount));
+        for (std::size_t at = 0; at < skin.Regions.size(); ++at) {
+            const SkinRegionRecord& region = skin.Regions[at];
+            lines.push_back(Joined(name, " region ", at, " ", region.Enabled.Value, " ", region.Name,
+                                   " type ", region.Type, " ", region.X1, ",", region.Y1, "-", region.X2, ",",
+                                   region.Y2, " corner ", region.X3, "x", region.Y3, " mode ",
+                                   region.CombineMode, ": ", region.DestRgn, " from ", region.SrcRgn1, ",",
+                                   region.SrcRgn2));
+        }
+        for (std::size_t at = 0; at < skin.Objects.size(); ++at) {
+            const SkinObjectRecord& object = skin.Objects[at];
+            lines.push_back(Joined(name, " object ", at, " ", object.Enabled.Value, " ", object.Name,
+                                   " type ", object.Type, " ", object.Left, ",", object.Top, " ",
+                                   object.Width, "x", object.Height, " ", object.FileName, " ",
+                                   object.FileName2));
+        }
+        lines.push_back(name + " steps");
+        for (std::size_t at = 0; at < skin.VolumeX.size(); ++at)
+            if (!skin.VolumeImages[at].empty() || skin.VolumeX[at] != 0 || skin.VolumeY[at] != 0)
+                lines.back() +=
+                    Joined(" ", skin.VolumeX[at], ",", skin.VolumeY[at], " ", skin.VolumeImages[at]);
+    }
 };

@@ -1,0 +1,97 @@
+// The form as text, a line for each thing on it, so that a test states what a step has changed and thereby
+// that all else has stayed.
+#pragma once
+
+#include <sstream>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "state/form.h"
+
+using Lines = std::vector<std::string>;
+
+/// A picture that a test can tell from all others.
+struct NamedPicture : LoadedPicture {
+    NamedPicture(int widthPx, int heightPx, std::string name)
+        : LoadedPicture(widthPx, heightPx), Name(std::move(name)) {}
+    const std::string Name;
+};
+
+inline std::string NameOf(const PicturePtr& picture) {
+    const auto* named = dynamic_cast<const NamedPicture*>(picture.get());
+    return named ? named->Name : picture ? "unnamed" : "-";
+}
+
+/// Texts and whatever else can be written to a stream, one after the other.
+template<typename... Parts>
+std::string Joined(const Parts&... parts) {
+    std::ostringstream text;
+    const auto add = [&](const auto& part) {
+        if constexpr (std::is_same_v<decltype(part), const Text&>)
+            text << Utf8(part);
+        else
+            text << part;
+    };
+    (add(parts), ...);
+    return text.str();
+}
+
+/// A control and its line: name, place, size, and what its kind has.
+struct ControlLine {
+    const Control* Source;
+    std::string Line;
+};
+
+inline std::vector<ControlLine> ControlLines(const Form& form) {
+    std::vector<ControlLine> lines;
+    const auto add = [&](const Control& control, const std::string& more = {}) {
+        lines.push_back(
+            {&control, Joined(control.Name, " ", control.Left, ",", control.Top, " ", control.Width, "x",
+                              control.Height, control.Visible ? "" : " hidden", more)});
+    };
+    const auto addBox = [&](const PictureBox& box) { add(box, " " + NameOf(box.Picture)); };
+    using F = Form;
+    for (const auto box :
+         {&F::picBackground,  &F::picMemoryGFX,   &F::picActiveX,   &F::picVolume,    &F::picPlay,
+          &F::picPause,       &F::picBackward,    &F::picForward,   &F::picPlaylist,  &F::picEject,
+          &F::picBackground1, &F::picBackground2, &F::picPlay1,     &F::picPlay2,     &F::picPause1,
+          &F::picPause2,      &F::picStop1,       &F::picStop2,     &F::picBackward1, &F::picBackward2,
+          &F::picForeward1,   &F::picForeward2,   &F::picPlaylist1, &F::picPlaylist2, &F::picEject1,
+          &F::picEject2,      &F::picStop})
+        addBox(form.*box);
+    std::string steps;
+    for (const PictureBox& box : form.picVolumeArray)
+        steps += " " + NameOf(box.Picture);
+    add(form.picVolumeArray[7], steps);
+    for (const Label* label : {&form.lblStatusLabel, &form.lblFilescroll, &form.Label1})
+        add(*label, Joined(" ", label->FontPx, " ", std::hex, label->ForeColour, " ", label->Caption));
+    add(form.VFmp3scope1);
+    for (const Shape& shape : form.shpPercent)
+        add(shape, Joined(shape.Exists ? "" : " unmade", " form ", int(shape.Form), " ", std::hex,
+                          shape.FillColour, " ", shape.BorderColour));
+    return lines;
+}
+
+/// The form's own lines, its timers' and its menu's, and those of all controls.
+inline Lines FormText(const Form& form) {
+    Lines lines{Joined("frmMain ", form.Width, "x", form.Height, " ", int(form.State), " ", form.Caption),
+                Joined("step ", form.lCurVol)};
+    for (const Timer* timer : {&form.tmrSeekBackward, &form.tmrSeekForward, &form.tmrScrollFiletitle})
+        lines.push_back(Joined(timer->Name, " ", timer->IntervalMs, timer->Enabled ? "" : " off"));
+    for (const MenuEntry& entry : form.Menu)
+        lines.push_back(Joined(entry.Level, " ", entry.Name, entry.Visible ? "" : " hidden",
+                               entry.Enabled ? " " : " grey ", entry.Caption));
+    for (const ControlLine& control : ControlLines(form))
+        lines.push_back(control.Line);
+    return lines;
+}
+
+/// The lines of `after` that `before` has otherwise or hasn't, one after the other.
+inline std::string Changes(const Lines& before, const Lines& after) {
+    std::string changed;
+    for (std::size_t at = 0; at < after.size(); ++at)
+        if (at >= before.size() || after[at] != before[at])
+            changed += (changed.empty() ? "" : "; ") + after[at];
+    return changed;
+}
