@@ -15,7 +15,7 @@ constexpr int kSuffixCharacters = 4;
 
 // Whether the entry may be started.
 bool IsPlayable(const Velora& velora, Integer Index) {
-    if (Index < 1 || static_cast<std::size_t>(Index) >= velora.MediaList.size()) return false;
+    if (Index < 1 || Index > velora.Count) return false;
     const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(Index)];
     if (entry.Type != kMp1Media && entry.Type != kMp2Media && entry.Type != kMp3Media) return false;
     return entry.Enabled && !(entry.Path.empty() && entry.File.empty());

@@ -57,7 +57,7 @@ EjectCommand DecideEject(bool atRest, Integer Shift) {
 }
 
 void SelectMediaFile(Velora& velora) {
-    if (const Integer index = AskForMedia(velora)) StartTrack(velora, index);
+    StartTrack(velora, AskForMedia(velora));
 }
 
 void SelectPlaylist(Velora& velora) {

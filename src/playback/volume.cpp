@@ -41,12 +41,9 @@ void SendVolume(Velora& velora, Integer& Value) {
 }
 
 void RestoreVolume(Velora& velora) {
-    const auto read = [&](TextView otherwise) {
-        return ReadProfileString(velora.SettingsIni, u"Settings", u"Volume", otherwise);
-    };
-    const std::optional<Integer> step = FlooredNumber<Integer>(read(u"2"));
-    // The default is not a wish of the user's: only a file that has the key is followed.
-    if (read(u"").empty() || !step || *step < 1 || *step > kVolumeSteps) return;
+    const std::optional<Integer> step =
+        FlooredNumber<Integer>(ReadProfileString(velora.SettingsIni, u"Settings", u"Volume", {}));
+    if (!step || *step < 1 || *step > kVolumeSteps) return;
     if (velora.frmMain.lCurVol != 0) ShowVolumeStep(velora, *step);
     Integer value = VolumeValue(*step);
     SendVolume(velora, value);

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "playback/buttons.h"
+#include "playback/seeking.h"
 #include "playback/transport.h"
 #include "playback/volume.h"
 #include "shell/window_behaviour.h"
@@ -80,17 +81,16 @@ void WalkTo(Velora& velora, Integer held, const PointerEvent& event) {
     }
 }
 
-// The capture ends without its release; a seek gets one all the same, or it would never end.
+// The capture ends without its release; a seek gets one all the same, or it would never end, and what a step
+// that overtook a seek has left blinking ends as well, or the button might stay hidden.
 void Lose(Velora& velora, const PointerEvent& event) {
     const MouseCapture lost = velora.Capture;
     ForgetCapture(velora.Capture);
     const bool seeking = velora.PlayerState == PlayerState::SeekingForward ||
                          velora.PlayerState == PlayerState::SeekingBackward;
-    if (!seeking) return;
-    PointerEvent release = event;
-    release.XPx = lost.XPx;
-    release.YPx = lost.YPx;
-    Call(velora, lost.Holder, &MouseRow::MouseUp, lost.Button, release);
+    if (seeking) Call(velora, lost.Holder, &MouseRow::MouseUp, lost.Button, event);
+    EndBlinking(velora.frmMain.picBackward, velora.frmMain.tmrSeekBackward);
+    EndBlinking(velora.frmMain.picForward, velora.frmMain.tmrSeekForward);
 }
 
 void Begin(Velora& velora, const PointerEvent& event) {

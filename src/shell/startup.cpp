@@ -19,8 +19,7 @@ constexpr Integer kCommandLineFlag = 1;
 void StartFromCommandLine(Velora& velora) {
     CommandLineFile file = FileOfCommandLine(velora.System.CommandLine());
     if (file.Directory.empty()) return;
-    const Integer index = AddMedia(velora, kCommandLineFlag, file.Directory, file.FileName);
-    if (index != 0) StartTrack(velora, index);
+    StartTrack(velora, AddMedia(velora, kCommandLineFlag, file.Directory, file.FileName));
 }
 
 } // namespace

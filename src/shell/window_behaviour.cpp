@@ -22,7 +22,6 @@ void PopUpMenu(Velora& velora) {
     const std::vector<MenuEntry>& menu = velora.frmMain.Menu;
     ForgetCapture(velora.Capture);
     const std::size_t chosen = velora.Window.PopupMenu(menu, MenuIndex(velora.frmMain, "mnuHidden"));
-    if (chosen >= menu.size()) return;
     for (const MenuCommand& command : kMenuCommands)
         if (command.Name == menu[chosen].Name) command.Run(velora);
 }

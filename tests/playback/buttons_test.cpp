@@ -1,127 +1,137 @@
-// How the buttons look while the mouse works on them.
+// The six buttons: what they show while the mouse works on them, when they click, and what they command, by
+// picture, state, mouse button and keys.
 #include "playback/buttons.h"
 
-#include "support/velora_fixture.h"
+#include "support/use.h"
 
 namespace {
 
-class Buttons : public VeloraTest {
-protected:
-    struct Row {
-        PictureBox* Control;
-        PictureBox* Normal;
-        PictureBox* Pressed;
-    };
-    std::vector<Row> Ordinary() {
-        return {{&form.picPause, &form.picPause1, &form.picPause2},
-                {&form.picBackward, &form.picBackward1, &form.picBackward2},
-                {&form.picForward, &form.picForeward1, &form.picForeward2},
-                {&form.picPlaylist, &form.picPlaylist1, &form.picPlaylist2},
-                {&form.picEject, &form.picEject1, &form.picEject2}};
-    }
-};
+const std::string kStops = "Stop, Stopped, status Ready, title , scope off, 260 ms";
+const std::string kHolds = "TogglePause, Paused, status Paused, scope off";
 
-const std::string kClick = "PlaySound \\velora\\click.wav";
+std::string StepsTo(const std::string& track) {
+    return "Stop, Stop, TrackFile " + track + "_x.mp3, Play, track " + track + ", title " + track +
+           "_x ... , 460 ms";
+}
+
+struct OrdinaryButton {
+    std::string Name, Holder, Command;
+    bool OffCommands, RightCommands, RightOnFreshCommands;
+};
 
 } // namespace
 
 TEST(ButtonMoveDecision, LimitsAreMinusOneAndTheSizeAndBothAreStrict) {
-    struct Place {
-        const char* Name;
-        Single X, Y;
-        ButtonChange IfPressed, IfNormal;
-    };
+    enum Zone { Inside, OnTheEdge, Past };
+    using Edge = std::pair<Single, Zone>;
     using enum ButtonChange;
-    const Place places[] = {
-        {"inside", 5, 5, Keep, ShowPressed},
-        {"at 0", 0, 0, Keep, ShowPressed},
-        {"x on -1", -1, 5, Keep, Keep},
-        {"x past -1", -2, 5, ShowNormal, Keep},
-        {"x on the width", 30, 5, Keep, Keep},
-        {"x past the width", 31, 5, ShowNormal, Keep},
-        {"y on -1", 5, -1, Keep, Keep},
-        {"y past -1", 5, -2, ShowNormal, Keep},
-        {"y on the height", 5, 20, Keep, Keep},
-        {"y past the height", 5, 21, ShowNormal, Keep},
-        {"x on, y past", 30, 21, ShowNormal, Keep},
-        {"last inside", 29, 19, Keep, ShowPressed},
+    for (const auto& [x, zoneX] :
+         {Edge{-2, Past}, {-1, OnTheEdge}, {0, Inside}, {29, Inside}, {30, OnTheEdge}, {31, Past}})
+        for (const auto& [y, zoneY] :
+             {Edge{-2, Past}, {-1, OnTheEdge}, {0, Inside}, {19, Inside}, {20, OnTheEdge}, {21, Past}})
+            for (Integer buttons = 0; buttons < 8; ++buttons) {
+                const Zone zone = buttons == kLeftButton ? std::max(zoneX, zoneY) : OnTheEdge;
+                const auto decide = [buttons, x = x, y = y](bool pressed, bool normal) {
+                    return DecideButtonMove({pressed, normal, buttons, x, y, 30, 20});
+                };
+                SCOPED_TRACE(testing::Message() << x << ", " << y << " with " << buttons);
+                EXPECT_EQ(decide(true, false), zone == Past ? ShowNormal : Keep);
+                EXPECT_EQ(decide(false, true), zone == Inside ? ShowPressed : Keep);
+                EXPECT_EQ(decide(false, false), Keep);
+            }
+}
+
+TEST(Buttons, OrdinaryOnesByGesture) {
+    const OrdinaryButton buttons[] = {
+        {"picPause", "picPause", kHolds, true, true, true},
+        {"picForward", "picForeward", StepsTo("3"), true, true, false},
+        {"picBackward", "picBackward", StepsTo("1"), true, true, true},
+        {"picEject", "picEject", "ChooseFile Select Media ...", false, false, true},
     };
-    for (const Place& place : places)
-        for (Integer held = 0; held < 8; ++held) {
-            const bool left = held == kLeftButton;
-            EXPECT_EQ(DecideButtonMove({true, false, held, place.X, place.Y, 30, 20}),
-                      left ? place.IfPressed : Keep)
-                << place.Name << ", held " << held;
-            EXPECT_EQ(DecideButtonMove({false, true, held, place.X, place.Y, 30, 20}),
-                      left ? place.IfNormal : Keep)
-                << place.Name << ", held " << held;
-            EXPECT_EQ(DecideButtonMove({false, false, held, place.X, place.Y, 30, 20}), Keep) << place.Name;
-        }
-}
-
-TEST_F(Buttons, PressedThenAtRestOnTheScreenThenTheClick) {
-    for (const Row& row : Ordinary()) {
-        PicturePtr shown;
-        machine.WhileSound = [&] {
-            for (const Figure& figure : window.Shown.Figures)
-                if (figure.Source == row.Control) shown = figure.Picture;
-        };
-        Press(*row.Control, 5, 5);
-        EXPECT_EQ(row.Control->Picture, row.Pressed->Picture) << row.Control->Name;
-        Release(*row.Control, 5, 5);
-        EXPECT_EQ(shown, row.Normal->Picture) << row.Control->Name << ": shown before the click blocks";
-        EXPECT_EQ(journal.Take().at(0), kClick) << row.Control->Name;
+    for (const auto& [name, holder, command, offCommands, rightCommands, rightOnFreshCommands] : buttons) {
+        const auto told = [command = command](bool commands) { return commands ? command : ""s; };
+        const std::string rest = name + " " + holder + "1", down = name + " " + holder + "2";
+        const std::string held = down + ", held by " + name,
+                          click = rest + ", free, click, over " + holder + "1, " + command;
+        ExpectUses({
+            {name + " pressed, dragged off and back", "track:2 " + name, "+L | off | in | -L",
+             held + " | " + rest + " | " + down + " | " + click},
+            {name + " dragged off", "track:2 " + name, "+L off -L", told(offCommands)},
+            {name + " under another button", "track:2 " + name, "+R off in -R", told(rightCommands)},
+            {name + " fresh takes a press", "track:2 " + name + " fresh", "+L | -L", held + " | " + click},
+            {name + " fresh under another button", "track:2 " + name + " fresh", "+M off in -M",
+             told(rightOnFreshCommands)},
+        });
     }
 }
 
-TEST_F(Buttons, DraggedOffAndBackIsPressedAgainAndClicks) {
-    for (const Row& row : Ordinary()) {
-        Press(*row.Control, 5, 5);
-        Move(*row.Control, 5, 60);
-        EXPECT_EQ(row.Control->Picture, row.Normal->Picture) << row.Control->Name;
-        Move(*row.Control, 5, 5);
-        EXPECT_EQ(row.Control->Picture, row.Pressed->Picture) << row.Control->Name;
-        Release(*row.Control, 5, 5);
-        EXPECT_EQ(journal.Take().at(0), kClick) << row.Control->Name;
-    }
+TEST(Buttons, PlayAndStop) {
+    const std::string ask = "ChooseFile Select Media ...", stops = "picPlay picPlay1, " + kStops;
+    ExpectUses({
+        {"stopped: a drag-off is final", "", "picPlay +L | off | in | -L",
+         "picPlay picPlay2, held by picPlay | picPlay picPlay1 |  | free"},
+        {"stopped: asks for a file without a click; cancelled, all is as it was", "", "picPlay +L -L", ask},
+        {"stopped: starts that file, not the list", "", "picPlay file:\\music\\new.mp2 +L -L",
+         "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, Playing, "
+         "track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, title new ... , "
+         "scope on, scroll on"},
+        {"stopped: another button does nothing", "", "picPlay +R -R +M -M", ""},
+        {"playing: a drag-off is final", "track:1", "picPlay +L | off | in | -L",
+         "picPlay picStop2, held by picPlay | picPlay picStop1 |  | free"},
+        {"playing: stops without a click", "track:1", "picPlay +L -L", stops},
+        {"paused: stops", "track:1 picPause +L -L", "picPlay +L -L",
+         "picPlay picPlay1, Stop, Stopped, status Ready, title , 260 ms"},
+        {"a fresh one takes no press", "track:1 picPlay fresh", "+L | -L +R -R", "held by picPlay | free"},
+        {"playing, but showing play: a click only shows stop, and until then pause does nothing",
+         "track:1 showsplay", "picPause +L -L | picPlay +L -L | +L -L",
+         "click, over picPause1 | picPlay picStop1 | " + stops},
+    });
 }
 
-TEST_F(Buttons, ADragOffIsFinalOnPicPlayAlone) {
-    const std::pair<PictureBox*, PictureBox*> pairs[] = {{&form.picPlay1, &form.picPlay2},
-                                                         {&form.picStop1, &form.picStop2}};
-    for (const auto& [normal, pressed] : pairs) {
-        SetPicture(form.picPlay, normal->Picture);
-        Press(form.picPlay, 5, 5);
-        EXPECT_EQ(form.picPlay.Picture, pressed->Picture);
-        Move(form.picPlay, 5, 60);
-        Move(form.picPlay, 5, 5);
-        EXPECT_EQ(form.picPlay.Picture, normal->Picture);
-        Release(form.picPlay, 5, 5);
-    }
-    EXPECT_EQ(journal.Take(), Lines{}) << "no click, no dialog, no stop";
+TEST(Buttons, OthersInOtherStates) {
+    const std::string ask = "click, over picEject1, ChooseFile Select Media ...";
+    const std::string askForList = "click, over picEject1, ChooseFile Select Playlist ...";
+    ExpectUses({
+        {"pause, paused: goes on", "track:1 picPause +L -L", "+R -R",
+         "TogglePause, Playing, status Playing, scope on"},
+        {"pause, stopped: only clicks", "", "picPause +L -L", "click, over picPause1"},
+        {"forward, paused: shift is a plain step, which plays", "track:2 picPause +L -L",
+         "picForward shift +R -R",
+         "Stop, Stop, TrackFile 3_x.mp3, Play, Playing, track 3, status Playing, title 3_x ... , scope on, "
+         "460 ms"},
+        {"eject starts the file, here one that the list has", "track:1",
+         "picEject file:\\music\\2_X.MP3 +L -L",
+         ask + ", Stop, TrackFile 2_x.mp3, Play, track 2, in \\music, title 2_x ... "},
+        {"eject with shift asks for a playlist", "", "picEject shift +L -L", askForList},
+        {"eject with another key as well, and for its name", "", "picEject ctrl file:\\lists\\l.m3u +L -L",
+         askForList + ", InputBox Velora: Name of playlist:, in \\lists"},
+        {"that dialog, too, takes the mouse from a button that is still held", "",
+         "picEject +L +R shift -L | -R", askForList + " | "},
+    });
 }
 
-TEST_F(Buttons, OtherButtonsShowAndSoundNothing) {
-    for (const Integer button : {kRightButton, kMiddleButton})
-        for (const Row& row : Ordinary()) {
-            Press(*row.Control, 5, 5, button);
-            EXPECT_EQ(row.Control->Picture, row.Normal->Picture) << row.Control->Name;
-            Release(*row.Control, 5, 5, button);
-            EXPECT_EQ(row.Control->Picture, row.Normal->Picture) << row.Control->Name;
-            for (const std::string& line : journal.Take())
-                EXPECT_NE(line, kClick) << row.Control->Name;
-        }
-}
-
-TEST_F(Buttons, AFreshButtonTakesAPressButPicPlayDoesNot) {
-    for (const Row& row : Ordinary()) {
-        SetPicture(*row.Control, NewPicture());
-        Press(*row.Control, 5, 5);
-        EXPECT_EQ(row.Control->Picture, row.Pressed->Picture) << row.Control->Name;
-        Release(*row.Control, 5, 60);
-    }
-    const PicturePtr fresh = NewPicture();
-    SetPicture(form.picPlay, fresh);
-    Press(form.picPlay, 5, 5);
-    EXPECT_EQ(form.picPlay.Picture, fresh);
+TEST(Seeking, Gestures) {
+    ExpectUses({
+        {"the first tick only hides, every second one adds a step; none comes after the release",
+         "track:1 untitled", "picForward shift +L | 0.2s | 0.2s | 1s | -L | 2s",
+         "picForward picForeward2, held by picForward, SeekingForward, blink forward on | "
+         "picForward hidden picForeward2, 200 ms | picForward picForeward2, seek 10, 200 ms | "
+         "picForward hidden picForeward2, seek 30, 1000 ms | "
+         "picForward picForeward1, free, click, Seek 30, Playing, blink forward off | 2000 ms"},
+        {"backward, by any mouse button", "track:1 untitled", "picBackward shift +R 1s | -R | 0.6s",
+         "picBackward hidden picBackward1, held by picBackward, SeekingBackward, seek -20, "
+         "blink backward on, 1000 ms | picBackward picBackward1, free, Seek -20, Playing, blink backward off | "
+         "600 ms"},
+        {"each gesture begins at zero", "track:1 untitled picBackward shift +R 1.6s -R", "+R 0.8s -R",
+         "Seek -20, seek -20, 800 ms"},
+        {"too short, dragged off, shift let go: no click, but the seek", "track:1",
+         "picForward shift +L off shift -L", "Seek 0"},
+        {"a step that leaves the range of an Integer is skipped", "track:1 untitled",
+         "picForward shift +R 1400s -R", "Seek 32760, seek 32760, 1400000 ms"},
+        {"shift with another key is a plain step", "track:1", "picForward shift ctrl +R -R", StepsTo("2")},
+        {"another key is a plain step", "track:1", "picBackward ctrl +R -R", StepsTo("3")},
+        {"a lost release is delivered", "track:1", "picForward shift +L lost",
+         "click, over picForeward1, Seek 0"},
+        {"a lost release of another button is delivered", "track:1", "picBackward shift +R lost", "Seek 0"},
+    });
 }

@@ -2,18 +2,13 @@
 #include "playback/navigation.h"
 
 #include "playlist/media_list.h"
-#include "support/velora_fixture.h"
+#include "support/use.h"
 
 namespace {
 
-class Navigation : public VeloraTest {
-protected:
-    void AddThree() {
-        AddEntry(u"C:\\m\\", u"a.mp3");
-        AddEntry(u"C:\\m\\", u"b.wav", kWavMedia);
-        AddEntry(u"", u"c.mp1", kMp1Media);
-    }
-};
+std::string StepTo(const std::string& track) {
+    return "Stop, Stop, TrackFile " + track + "_x.mp3, Play, track " + track + ", title " + track + "_x ... ";
+}
 
 } // namespace
 
@@ -40,78 +35,51 @@ TEST(Steps, LeadWhereTheTableSays) {
     }
 }
 
-TEST_F(Navigation, StartTrackSetsAllThatATrackNeeds) {
-    AddThree();
-    form.VFmp3scope1.Visible = false;
-    StartTrack(velora, 1);
-    EXPECT_EQ(journal.Take(), (Lines{"Player.Stop", "Player.TrackFile C:\\m\\a.mp3", "Player.Play"}));
-    EXPECT_EQ(velora.PlayerState, PlayerState::Playing);
-    EXPECT_EQ(velora.CurrentTrack, 1);
-    EXPECT_EQ(form.picPlay.Picture, form.picStop1.Picture);
-    EXPECT_EQ(form.lblStatusLabel.Caption, u"Playing");
-    EXPECT_EQ(form.lblFilescroll.Caption, u"a ... ");
-    EXPECT_TRUE(form.VFmp3scope1.Visible && form.tmrScrollFiletitle.Enabled);
+TEST(StartTrack, StartsOnlyAFilledEntryOfAKindThatIsPlayed) {
+    Use use(0);
+    use.AddEntry(u"C:\\m\\", u"a.mp1", kMp1Media);
+    use.AddEntry(u"C:\\m\\", u"b.wav", kWavMedia);
+    use.AddEntry(u"C:\\m\\", u"", kMp3Media);
+    use.AddEntry(u"", u"");
+    use.velora.MediaList[use.AddEntry(u"", u"off.mp3")].Enabled = false;
+    use.AddEntry(u"", u"last.mp2", kMp2Media);
+    use.velora.MediaList[0] = use.velora.MediaList[7] = {true, u"C:\\", u"never.mp3", kMp3Media, 0};
+    EXPECT_EQ(
+        use.Tell("track:2 track:4 track:5 track:0 track:7 track:-1 | track:1 | track:6 | track:3"),
+        " | picPlay picStop1, Stop, TrackFile C:\\m\\a.mp1, Play, Playing, track 1, status Playing, "
+        "title a ... , scope on, scroll on | Stop, TrackFile last.mp2, Play, track 6, title last ...  | "
+        "Stop, TrackFile C:\\m\\, Play, track 3, title ");
 }
 
-TEST_F(Navigation, StartTrackRefusesInSilence) {
-    AddThree();
-    AddEntry(u"", u"", kMp3Media);
-    AddEntry(u"", u"off.mp3");
-    velora.MediaList[5].Enabled = false;
-    velora.MediaList[0] = {true, u"C:\\", u"never.mp3", kMp3Media, 0};
-    for (const Integer index : {0, 2, 4, 5, 6, -1, 2500, 2501, 32767})
-        StartTrack(velora, index);
-    EXPECT_EQ(journal.Take(), Lines{});
-    EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
-    EXPECT_EQ(velora.CurrentTrack, 0);
+TEST(StartTrack, LooksForARelativePathInTheCurrentDirectoryThenInThoseOfTheEnabledPlaylists) {
+    Use use;
+    use.velora.PlaylistCount = 32000;
+    use.velora.Playlists[1] = {true, u"One", u"1.m3u", u"\\lists\\"};
+    use.velora.Playlists[3] = {true, u"Three", u"3.m3u", u"\\more"};
+    use.velora.Playlists[4] = {true, u"Four", u"4.m3u", u"\\lists\\"};
+    use.Do("track:3");
+    EXPECT_EQ(use.player.Directories, (std::vector<Text>{u"\\home\\", u"\\lists\\", u"\\more\\"}));
 }
 
-TEST_F(Navigation, RelativeTracksAreLookedForInTheCurrentDirectoryThenInThoseOfTheEnabledPlaylists) {
-    AddThree();
-    velora.PlaylistCount = 32000;
-    velora.Playlists[1] = {true, u"One", u"1.m3u", u"\\lists\\"};
-    velora.Playlists[2] = {false, u"", u"", u""};
-    velora.Playlists[3] = {true, u"Three", u"3.m3u", u"\\more\\"};
-    velora.Playlists[4] = {true, u"Four", u"4.m3u", u"\\lists\\"};
-    StartTrack(velora, 3);
-    EXPECT_EQ(player.Directories, (std::vector<Text>{u"\\home\\", u"\\lists\\", u"\\more\\"}));
-    EXPECT_EQ(journal.Take()[1], "Player.TrackFile c.mp1") << "the path itself stays relative";
-}
-
-TEST_F(Navigation, NextWithOneEntryLeavesItPlayingWhilePreviousStopsIt) {
-    AddEntry(u"", u"only.mp3");
-    StartTrack(velora, 1);
-    (void)journal.Take();
-    NextTrack(velora);
-    EXPECT_EQ(journal.Take(), Lines{});
-    EXPECT_EQ(velora.PlayerState, PlayerState::Playing);
-    PreviousTrack(velora);
-    EXPECT_EQ(journal.Take(), Lines{"Player.Stop"});
-    EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
-}
-
-TEST_F(Navigation, AStepOntoAnEntryThatIsNotPlayedStopsThereAndStaysThere) {
-    AddThree();
-    StartTrack(velora, 1);
-    for (int step = 0; step < 2; ++step) {
-        NextTrack(velora);
-        EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
-        EXPECT_EQ(velora.CurrentTrack, 1);
-    }
-}
-
-TEST_F(Navigation, AStepWaitsWithEventsGoingOnAndASecondOneInItLeadsToTheSameTrack) {
-    AddThree();
-    velora.MediaList[2].Type = kMp3Media;
-    StartTrack(velora, 1);
-    (void)journal.Take();
-    loop.Post([&] { NextTrack(velora); });
-    NextTrack(velora);
-    EXPECT_EQ(loop.NowMs(), 900) << "the inner one whole, then 12 lights and the wait of the outer one";
-    EXPECT_EQ(velora.CurrentTrack, 2);
-    const Lines start = {"Player.Stop", "Player.TrackFile C:\\m\\b.wav", "Player.Play"};
-    Lines expected = {"Player.Stop", "Player.Stop"};
-    expected.insert(expected.end(), start.begin(), start.end());
-    expected.insert(expected.end(), start.begin(), start.end());
-    EXPECT_EQ(TakePlayerLines(), expected);
+TEST(Steps, InOddPlaces) {
+    const std::string stops = "picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 460 ms";
+    ExpectUses({
+        {"next with one entry leaves it playing while previous stops it", "count:1 track:1",
+         "picForward +R -R | picBackward +R -R", " | " + stops},
+        {"onto an entry that isn't played they stop there and stay there", "nomusic track:1",
+         "picForward +R -R | +R -R", stops + " | Stop, 460 ms"},
+        {"they wait with events going on, without the mouse; a second one in it leads to the same track",
+         "track:1 picForward later:+R&-R", "+R -R",
+         "Stop, Stop, Stop, TrackFile 2_x.mp3, Play, Stop, TrackFile 2_x.mp3, Play, track 2, title 2_x ... , "
+         "900 ms"},
+        {"one that overtakes a seek leaves no hidden button",
+         "track:2 picForward later:+R&-R&shift&+R&0.3s +R -R", "-R",
+         "picForward picForeward1, free, " + StepTo("1") + ", blink forward off, 460 ms"},
+        {"the same backward", "track:2 picBackward later:+R&-R&shift&+R&0.3s +R -R", "-R",
+         "picBackward picBackward1, free, " + StepTo("3") + ", blink backward off, 460 ms"},
+        {"the same where the release is lost", "track:2 picForward later:+R&-R&shift&+R&0.3s +R -R", "lost",
+         "picForward picForeward1, free, blink forward off"},
+        {"the same backward where the release is lost", "track:2 picBackward later:+R&-R&shift&+R&0.3s +R -R",
+         "lost", "picBackward picBackward1, free, blink backward off"},
+    });
 }

@@ -1,66 +1,27 @@
 // What the player reports, and when it counts.
-#include "playback/player_events.h"
+#include "support/use.h"
 
-#include "display/progress.h"
-#include "playback/navigation.h"
-#include "support/velora_fixture.h"
-
-namespace {
-
-class PlayerReports : public VeloraTest {
-protected:
-    PlayerReports() {
-        velora.CurrentTrack = AddEntry(u"", u"a.mp3");
-        velora.PlayerState = PlayerState::Playing;
-    }
-};
-
-} // namespace
-
-TEST_F(PlayerReports, TagsShowOnlyWithTheNextStreamInfo) {
-    form.lblFilescroll.Caption = u"a ... ";
-    playerEvents.OnTagInfo(u"Moon", u"Tide", u"x", u"x", u"x", u"x");
-    EXPECT_EQ(form.lblFilescroll.Caption, u"a ... ");
-    playerEvents.OnStreamInfo(320, 48000, 2);
-    EXPECT_NE(form.lblFilescroll.Caption.find(u"Moon by Tide"), Text::npos);
-    EXPECT_NE(form.lblFilescroll.Caption.find(u"bitrate: 320 ::.. "), Text::npos);
-    EXPECT_NE(form.lblFilescroll.Caption.find(u"sample: 48000 ::.. "), Text::npos);
-}
-
-TEST_F(PlayerReports, PositionsCountOnlyWhilePlayingSoAnEndDuringASeekGoesUnnoticed) {
-    playerEvents.OnTrackLength(1000);
-    for (const PlayerState other : {PlayerState::Stopped, PlayerState::Paused, PlayerState::SeekingForward,
-                                    PlayerState::SeekingBackward}) {
-        velora.PlayerState = other;
-        playerEvents.OnPosition(1000);
-        EXPECT_EQ(velora.PlayerState, other);
-    }
-    velora.PlayerState = PlayerState::Playing;
-    playerEvents.OnPosition(1000);
-    EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
-}
-
-TEST_F(PlayerReports, ASecondEndDuringTheResetChangesNothing) {
-    playerEvents.OnTrackLength(1000);
-    loop.Post([&] { playerEvents.OnPosition(1000); });
-    playerEvents.OnPosition(1000);
-    EXPECT_EQ(loop.NowMs(), 260);
-}
-
-TEST_F(PlayerReports, TheScopeHearsInEveryState) {
-    for (const PlayerState any : {PlayerState::Stopped, PlayerState::Playing, PlayerState::Paused,
-                                  PlayerState::SeekingForward, PlayerState::SeekingBackward}) {
-        velora.PlayerState = any;
-        playerEvents.OnVisData(7);
-    }
-    EXPECT_EQ(journal.Take(), Lines(5, "Scope.ShowVisData 7"));
-}
-
-TEST_F(PlayerReports, NothingIsClearedBetweenTracks) {
-    playerEvents.OnTagInfo(u"Moon", u"Tide", u"", u"", u"", u"");
-    playerEvents.OnTrackLength(1000);
-    ResetDisplay(velora);
-    StartTrack(velora, 1);
-    EXPECT_EQ(velora.TrackTitle, u"Moon");
-    EXPECT_EQ(velora.TrackLength, 1000);
+TEST(PlayerReports, InEachState) {
+    ExpectUses({
+        {"tags show only with the next stream info", "track:1", "tags | stream",
+         "tags Moon Tide | rates 320 48000, title  ..:: velora is curr"},
+        {"a position", "track:1 tags length:1000", "at:410 | at:200 | at:0",
+         "caption ..:: moon - tide 41% ::.. velora , status Playing 41%, lights 5 | "
+         "caption ..:: moon - tide 20% ::.. velora , status Playing 20% | "},
+        {"the end, and the next track, which clears nothing of what was told",
+         "track:1 tags length:900 at:450", "at:900 | track:1 at:450",
+         "picPlay picPlay1, Stopped, caption ..:: velora-pro.team qu><llo ::.., status Ready, title , "
+         "lights 0, scope off, 260 ms | picPlay picStop1, Stop, TrackFile 1_x.mp3, Play, Playing, "
+         "caption ..:: moon - tide 50% ::.. velora , status Playing 50%, title 1_x ... , lights 6, scope on"},
+        {"stopped: only the scope hears", "length:1000", "at:410 at:1000 bars:7", "Scope.ShowVisData 7"},
+        {"paused: only the scope hears", "track:1 length:1000 picPause +L -L", "at:410 at:1000 bars:7",
+         "Scope.ShowVisData 7"},
+        {"seeking: only the scope hears, so an end goes unnoticed", "track:1 length:1000 picForward shift +L",
+         "at:410 at:1000 bars:7", "Scope.ShowVisData 7"},
+        {"a second end during the reset changes nothing", "track:1 length:1000 later:at:1000", "at:1000",
+         "picPlay picPlay1, Stopped, status Ready, title , scope off, 260 ms"},
+        {"a track can end while a dialog is open", "track:1 length:1000 picEject later:at:1000 +L", "-L",
+         "picPlay picPlay1, picEject picEject1, free, click, over picEject1, ChooseFile Select Media ..., "
+         "Stopped, status Ready, title , scope off, 260 ms"},
+    });
 }

@@ -1,89 +1,40 @@
-// The steps of the volume: which place means which, and what each sends.
+// The steps of the volume: which place means which, and what each sends. They stand at 80, 70, ... 20.
 #include "playback/volume.h"
 
-#include "support/velora_fixture.h"
+#include "support/use.h"
 
-namespace {
-
-class Volume : public VeloraTest {
-protected:
-    Volume() {
-        velora.CurrentSkin = 2;
-        for (std::size_t step = 1; step <= 7; ++step) {
-            velora.Skins[2].VolumeY[step] = static_cast<Integer>(15 * (90 - 10 * step));
-            velora.Skins[2].VolumeX[step] = 12345;
-            SetPicture(form.picVolumeArray[step], std::make_shared<LoadedPicture>(20, 100));
-        }
-        form.lCurVol = 1;
-    }
-    void At(int step) { PickVolumeStep(velora, 30, static_cast<Single>(15 * (90 - 10 * step))); }
-};
-
-} // namespace
-
-TEST_F(Volume, EachStepSendsItsPercentageAndShowsItsPicture) {
-    const int percent[] = {0, 0, 30, 40, 60, 70, 90, 100};
-    for (int step = 2; step <= 7; ++step) {
-        At(step);
-        EXPECT_EQ(form.lCurVol, step);
-        EXPECT_EQ(form.picVolume.Picture, form.picVolumeArray[static_cast<std::size_t>(step)].Picture);
-        EXPECT_EQ(journal.Take(), Lines{"Player.SetVolume " + std::to_string(percent[step])});
-    }
-    At(7);
-    EXPECT_EQ(journal.Take(), Lines{});
-    for (int step = 6; step >= 1; --step) {
-        At(step);
-        EXPECT_EQ(journal.Take(), Lines{"Player.SetVolume " + std::to_string(percent[step])});
-    }
+TEST(Volume, Drags) {
+    const std::string toStep4 = "SetVolume 30, SetVolume 40, SetVolume 60, volume 4";
+    ExpectUses({
+        {"each step sends its percentage and shows its picture", "", "picVolume 5,85 +L | 5,15 | 5,85",
+         "held by picVolume | picVolume step 7, SetVolume 30, SetVolume 40, SetVolume 60, SetVolume 70, "
+         "SetVolume 90, SetVolume 100, volume 7 | picVolume step 1, SetVolume 90, SetVolume 70, "
+         "SetVolume 60, SetVolume 40, SetVolume 30, SetVolume 0, volume 1"},
+        {"a pixel beside a step doesn't count", "picVolume 5,75 +L", "5,71", ""},
+        {"a step that is no neighbour doesn't count", "picVolume 5,65 +L", "5,15", ""},
+        {"only the left button alone counts", "", "picVolume 5,80 +R 5,20 -R +M 5,80 -M 5,80 +L +R 5,20 -R",
+         "held by picVolume"},
+        {"a click without a movement does nothing", "", "picVolume 5,70 +L -L", ""},
+        {"what no report named counts on the way to a release", "picVolume 5,75 +L", "=9,45 -L",
+         "picVolume step 4, free, " + toStep4},
+        {"what no report named counts on the way to a further press", "picVolume 5,75 +L", "=9,45 +R",
+         "picVolume step 4, " + toStep4},
+        {"the longest way that is walked", "picVolume 5,79 +L", "32772,61",
+         "picVolume step 2, SetVolume 30, volume 2"},
+        {"a longer one is jumped", "picVolume 5,79 +L", "32773,61", ""},
+    });
 }
 
-TEST_F(Volume, OnlyTheExactPlaceOfANeighbourCounts) {
-    At(3);
-    PickVolumeStep(velora, 0, 15 * 70 + 1);
-    PickVolumeStep(velora, 12345, 15 * 71);
-    EXPECT_EQ(form.lCurVol, 1);
-    EXPECT_EQ(journal.Take(), Lines{});
-}
-
-TEST_F(Volume, TheLowerOfTwoStepsAtOnePlaceWins) {
-    velora.Skins[2].VolumeY[3] = velora.Skins[2].VolumeY[2];
-    At(2);
-    At(2);
-    EXPECT_EQ(form.lCurVol, 2);
-}
-
-TEST_F(Volume, OnlyAMoveWithTheLeftButtonAloneCounts) {
-    for (const Integer button : {kRightButton, kMiddleButton}) {
-        Press(form.picVolume, 5, 80, button);
-        Move(form.picVolume, 5, 20);
-        Release(form.picVolume, 5, 20, button);
-    }
-    Press(form.picVolume, 5, 80);
-    Press(form.picVolume, 5, 80, kRightButton);
-    Move(form.picVolume, 5, 20);
-    EXPECT_EQ(form.lCurVol, 1);
-    Release(form.picVolume, 5, 20, kRightButton);
-    Release(form.picVolume, 5, 20);
-    Press(form.picVolume, 5, 70);
-    Release(form.picVolume, 5, 70);
-    EXPECT_EQ(form.lCurVol, 1) << "a click without movement does nothing";
-}
-
-TEST_F(Volume, AMissingPictureLeavesTheIndicatorEmptyAndTheVolumeGoesOn) {
-    form.picVolumeArray[2].Picture = nullptr;
-    At(2);
-    EXPECT_EQ(form.picVolume.Picture, nullptr);
-    EXPECT_EQ(journal.Take(), Lines{"Player.SetVolume 30"});
-}
-
-TEST_F(Volume, TheNewPictureIsOnTheScreenBeforeTheEventEnds) {
-    PickVolumeStep(velora, 0, 15 * 70);
-    EXPECT_FALSE(window.Damage.empty());
-}
-
-TEST_F(Volume, AValueThatDoesNotFitIsSentAsItWas) {
+TEST(Volume, OfOddSkinsAndNumbers) {
+    Use use;
+    use.velora.Skins[2].VolumeY[3] = use.velora.Skins[2].VolumeY[2];
+    use.Do("picVolume 5,75 +L 5,70 5,71 5,70");
+    EXPECT_EQ(use.form.lCurVol, 2) << "the lower of two steps at one place wins";
+    use.form.picVolumeArray[1].Picture = nullptr;
+    PickVolumeStep(use.velora, 0, kTwipsPerPixel * 80);
+    EXPECT_EQ(use.form.picVolume.Picture, nullptr) << "a missing picture leaves the indicator empty";
+    EXPECT_FALSE(use.window.Damage.empty()) << "and that is on the screen before the event ends";
     Integer value = 3277;
-    SendVolume(velora, value);
-    EXPECT_EQ(value, 3277);
-    EXPECT_EQ(journal.Take(), Lines{"Player.SetVolume 3277"});
+    SendVolume(use.velora, value);
+    EXPECT_EQ(use.journal.Take().back(), "Player.SetVolume 3277") << "what doesn't fit is sent as it was";
 }

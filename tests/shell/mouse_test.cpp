@@ -1,7 +1,7 @@
 // The capture: which control hears of the mouse, and until when.
 #include "shell/mouse.h"
 
-#include "support/velora_fixture.h"
+#include "support/use.h"
 
 namespace {
 
@@ -42,8 +42,6 @@ constexpr Row kRows[] = {
     {"held: lost, though still held", true, PointerKind::Lost, 0, 1, Lose},
 };
 
-class Mouse : public VeloraTest {};
-
 } // namespace
 
 TEST(MouseDecision, FollowsTheTable) {
@@ -51,116 +49,25 @@ TEST(MouseDecision, FollowsTheTable) {
         EXPECT_EQ(DecideMouse(row.Captured, row.Kind, row.Button, row.Held), row.Expected) << row.Name;
 }
 
-// Every pair of events: whatever comes first, the state after the second is one that a user can go on from.
-TEST_F(Mouse, AfterAnyTwoEventsAReleaseOfAllFreesIt) {
-    std::vector<PointerEvent> events;
-    for (const PointerKind kind : {PointerKind::Press, PointerKind::Move, PointerKind::Release})
-        for (const Integer button : {1, 2, 4, 8})
-            for (Integer held = 0; held < 8; ++held)
-                events.push_back({kind, 240, 20, button, held, 0});
-    events.push_back({PointerKind::Lost, 0, 0, 0, 0, 0});
-    for (const PointerEvent& first : events)
-        for (const PointerEvent& second : events) {
-            for (const PointerEvent& event : {first, second}) {
-                const bool before = velora.Capture.Active;
-                handlers.OnPointer(event);
-                const bool press = event.Kind == PointerKind::Press;
-                EXPECT_FALSE(velora.Capture.Active && !press && (event.Held & 7) == 0);
-                EXPECT_FALSE(velora.Capture.Active && !press && !before);
-            }
-            handlers.OnPointer({PointerKind::Move, 240, 20, 0, 0, 0});
-            EXPECT_FALSE(velora.Capture.Active);
-        }
-}
-
-TEST_F(Mouse, TheControlKeepsTheMouseOutsideAndWhileASecondButtonIsDown) {
-    Press(form.picPause, 5, 5);
-    EXPECT_EQ(velora.Capture.Holder, &form.picPause);
-    Press(form.picEject, 5, 5, kRightButton);
-    Release(form.picEject, 5, 5);
-    EXPECT_EQ(velora.Capture.Holder, &form.picPause);
-    Release(form.picEject, 5, 5, kRightButton);
-    EXPECT_FALSE(velora.Capture.Active);
-    EXPECT_EQ(journal.Take(), Lines{}) << "no dialog: picEject never saw a release";
-}
-
-TEST_F(Mouse, HidingTheControlEndsNothing) {
-    Press(form.picPause, 5, 5);
-    form.picPause.Visible = false;
-    Release(form.picPause, 5, 5);
-    EXPECT_EQ(journal.Take(), Lines{"PlaySound \\velora\\click.wav"});
-}
-
-TEST_F(Mouse, TheCaptureHasEndedBeforeTheHandlerOfTheLastReleaseRuns) {
-    AddEntry(u"", u"a.mp3");
-    AddEntry(u"", u"b.mp3");
-    bool active = true;
-    loop.Post([&] { active = velora.Capture.Active; });
-    Click(form.picForward);
-    EXPECT_FALSE(active) << "inside the wait of the step";
-}
-
-TEST_F(Mouse, AMessageEndsTheCaptureOfAButtonThatIsStillHeld) {
-    velora.MediaLimit = 0;
-    Press(form.picPlay, 5, 5);
-    Press(form.picPlay, 5, 5, kRightButton);
-    Release(form.picPlay, 5, 5);
-    EXPECT_EQ(journal.Take(), Lines{"MessageBox Media Limit reached"});
-    EXPECT_FALSE(velora.Capture.Active);
-}
-
-TEST_F(Mouse, ADialogEndsTheCaptureOfAButtonThatIsStillHeld) {
-    Press(form.picPlay, 5, 5);
-    Press(form.picPlay, 5, 5, kRightButton);
-    Release(form.picPlay, 5, 5);
-    EXPECT_EQ(journal.Take(), Lines{"ChooseFile Select Media ..."});
-    EXPECT_FALSE(velora.Capture.Active);
-    Release(form.picPlay, 5, 5, kRightButton);
-    EXPECT_EQ(journal.Take(), Lines{}) << "the release that comes after it goes nowhere";
-}
-
-TEST_F(Mouse, ALostReleaseRunsNoHandler) {
-    Press(form.picPlay, 5, 5);
-    LoseMouse();
-    EXPECT_EQ(journal.Take(), Lines{});
-    EXPECT_EQ(form.picPlay.Picture, form.picPlay2.Picture);
-}
-
-TEST_F(Mouse, ALostReleaseWhileSeekingIsDelivered) {
-    velora.PlayerState = PlayerState::Playing;
-    Press(form.picForward, 5, 5, kLeftButton, 1);
-    ASSERT_EQ(velora.PlayerState, PlayerState::SeekingForward);
-    LoseMouse();
-    EXPECT_EQ(velora.PlayerState, PlayerState::Playing);
-    EXPECT_EQ(journal.Take(), (Lines{"PlaySound \\velora\\click.wav", "Player.Seek 0"}));
-}
-
-TEST_F(Mouse, ADragCountsEachPixelThatNoReportNamed) {
-    velora.CurrentSkin = 1;
-    velora.Skins[1].VolumeY = {0, 15 * 70, 15 * 60, 15 * 50, 15 * 40, 15 * 30, 15 * 20, 15 * 10};
-    form.lCurVol = 1;
-    Press(form.picVolume, 3, 70);
-    Move(form.picVolume, 9, 5);
-    EXPECT_EQ(form.lCurVol, 7);
-    Release(form.picVolume, 9, 45);
-    EXPECT_EQ(form.lCurVol, 4) << "the way to the release counts as well";
-}
-
-TEST_F(Mouse, PlacesCountFromTheControlAndInTwipsOnTheVolume) {
-    velora.CurrentSkin = 1;
-    velora.Skins[1].VolumeY[2] = 15 * 30;
-    form.lCurVol = 1;
-    Press(form.picVolume, 0, 28);
-    Move(form.picVolume, 0, 29);
-    EXPECT_EQ(form.lCurVol, 1);
-    Move(form.picVolume, 0, 30);
-    EXPECT_EQ(form.lCurVol, 2);
-}
-
-TEST_F(Mouse, AnAbsurdPlaceIsSurvived) {
-    Press(form.picPause, 5, 5);
-    handlers.OnPointer({PointerKind::Move, INT32_MAX, INT32_MIN, 0, 1, 0});
-    EXPECT_EQ(form.picPause.Picture, form.picPause1.Picture);
-    handlers.OnPointer({PointerKind::Release, INT32_MIN, INT32_MAX, 1, 0, 0});
-    EXPECT_FALSE(velora.Capture.Active);
+TEST(Mouse, Captures) {
+    ExpectUses({
+        {"a control keeps the mouse outside and while a second button is down", "",
+         "picPause +L | picEject +R | -L | -R",
+         "picPause picPause2, held by picPause | picPause picPause1 |  | free"},
+        {"a further button is the holder's, wherever it goes down", "picPause +R", "picEject +L",
+         "picPause picPause2"},
+        {"a lost release runs no handler", "picPlay +L", "lost", "free"},
+        {"a dialog takes the mouse from a button that is still held, and what follows goes nowhere",
+         "picPlay +L +R", "-L | -R off", "picPlay picPlay1, free, ChooseFile Select Media ... | "},
+        {"a message does as well", "full picPlay +L +R", "-L",
+         "picPlay picPlay1, free, MessageBox Media Limit reached"},
+        {"a side button does nothing", "picPause", "+S -S | +L +S -S | -L",
+         " | picPause picPause2, held by picPause | picPause picPause1, free, click, over picPause1"},
+        {"off to the side and back to the last pixel is inside, the first beside it isn't", "picPause",
+         "+L 60,5 5,5 29,19 -L | 30,5 +L", "click, over picPause1 | BeginMove 1"},
+        {"a press whose release nobody saw ends the seek and begins anew", "track:1 picForward shift +R",
+         "+R", "Seek 0"},
+        {"an absurd place is survived", "picPause +L", "2000000000,-2000000000 | =-2000000000,2000000000 -L",
+         "picPause picPause1 | free"},
+    });
 }

@@ -1,139 +1,111 @@
-// Start-up: the command line as a raw text, the paths, the volume of the settings file.
+// Start-up, with the product's own skins: the command line as a raw text, the files, the volume.
 #include "shell/startup.h"
 
-#include <filesystem>
-
-#include "platform/paths.h"
 #include "playback/volume.h"
-#include "support/temp_directory.h"
-#include "support/velora_fixture.h"
+#include "support/use.h"
 
-namespace {
-
-class StartUp : public VeloraTest {
-protected:
-    /// The volume after a start with such a settings file.
-    Lines Restore(const std::string& bytes) {
-        velora.SettingsIni = directory.Put("velsettings.ini", bytes);
-        RestoreVolume(velora);
-        return TakePlayerLines();
+TEST(StartUp, ShowsASkinAndStartsTheFileOfTheCommandLine) {
+    const std::string skin =
+        "picVolume fresh, picStop fresh, picPause fresh, picBackward fresh, picForward fresh, "
+        "picPlaylist fresh, picEject fresh, ";
+    const std::string companion = "Size 312 x 100, Region, skin 2";
+    struct Row {
+        const char *Name, *Arguments, *Before, *Deeds;
+        std::string Outcome;
+    };
+    const Row rows[] = {
+        {"without a command line", "", "", "start", skin + "skin 1, limit 2500"},
+        {"a file: play shows while it plays", R"("C:\Music\a.mp3")", "", "start",
+         skin + "Stop, TrackFile C:\\Music\\a.mp3, Play, Playing, track 1, skin 1, limit 2500, "
+                "entry C:\\Music\\a.mp3 kind 3 flag 1, status Playing, title a ... , scope on, scroll on"},
+        {"a refused file gives its message and no track", R"("C:\Music\a.txt")", "", "start",
+         skin + "MessageBox That file format is not supported by Velora, skin 1, limit 2500"},
+        {"a companion skin leaves the player alone and play usable", R"("a\b.mp3")", "start",
+         "picPlaylist +L | -L | picPlay +L -L",
+         "picPlaylist picPlaylist2, held by picPlaylist, Size 312 x 153, Region | "
+         "picPlay picStop1, picPlaylist fresh, free, click, over picPlaylist1, " +
+             companion + " | picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 260 ms"},
+        {"playlist pressed, dragged off and back", "", "start picPlaylist", "+L | off | in | -L",
+         "picPlaylist picPlaylist2, held by picPlaylist | picPlaylist picPlaylist1 | "
+         "picPlaylist picPlaylist2 | picPlaylist fresh, free, click, over picPlaylist1, " +
+             companion},
+        {"playlist dragged off changes the skin without a click", "", "start picPlaylist +L off", "-L",
+         "picPlaylist fresh, free, " + companion},
+        {"playlist fresh under another button does nothing", "", "start picPlaylist", "+R -R", ""},
+        {"playlist at rest under another button changes the skin", "", "start picPlaylist +L off lost in",
+         "+R -R", "picPlaylist fresh, " + companion},
+    };
+    for (const Row& row : rows) {
+        Program program;
+        program.machine.Arguments = TextFromBytes(row.Arguments);
+        program.Do(row.Before);
+        EXPECT_EQ(program.Tell(row.Deeds), row.Outcome) << row.Name;
+        EXPECT_EQ(program.directory.Names(), Lines{"VELORA_MAIN"}) << "nothing was written";
     }
-
-    TempDirectory directory;
-};
-
-// A whole start with the product's own skins, in a directory of their own.
-class WholeStart : public VeloraTest {
-protected:
-    WholeStart() {
-        const std::string skins = directory.Path("VELORA_MAIN");
-        std::filesystem::create_directory_symlink(VELORA_SOURCE_DIR "/app/VELORA_MAIN", skins);
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(skins + "/"))
-            pictures.Known[PathText(entry.path().string())] =
-                entry.path().stem() == "background" ? NullPictures::Size{500, 300} : NullPictures::Size{8, 8};
-        machine.Directory = WithoutBackslash(directory.PathText());
-        velora.MediaLimit = 0;
-    }
-    static Text WithoutBackslash(const Text& path) { return path.substr(0, path.size() - 1); }
-
-    TempDirectory directory;
-};
-
-} // namespace
-
-TEST_F(WholeStart, WithoutACommandLineShowsASkinAtRest) {
-    Form_Load(velora);
-    EXPECT_EQ(TakePlayerLines(), Lines{});
-    EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
-    EXPECT_EQ(velora.CurrentSkin, 1);
-    EXPECT_EQ(velora.MediaLimit, 2500);
-    EXPECT_EQ(velora.SettingsIni, machine.Directory + u"\\velsettings.ini");
-    EXPECT_EQ(velora.PlaylistsIni, machine.Directory + u"\\velplaylists.ini");
-    EXPECT_EQ(velora.SkinsIni, machine.Directory + u"\\velskins.ini");
-    EXPECT_EQ(velora.MediaFilter.size(), 9U);
-    EXPECT_EQ(form.lblStatusLabel.Caption, u"Ready");
-    EXPECT_EQ(form.lblFilescroll.Caption, u"");
-    EXPECT_NE(form.picPlay1.Picture, nullptr);
-    EXPECT_EQ(form.picPlay.Picture, form.picPlay1.Picture);
-    EXPECT_EQ(directory.Names(), Lines{"VELORA_MAIN"}) << "nothing was written";
 }
 
-TEST_F(WholeStart, ByTheCommandLineShowsPlayWhilePlaying) {
-    machine.Arguments = u"\"C:\\Music\\a.mp3\"";
-    Form_Load(velora);
-    EXPECT_EQ(TakePlayerLines(), (Lines{"Player.Stop", "Player.TrackFile C:\\Music\\a.mp3", "Player.Play"}));
-    EXPECT_EQ(velora.PlayerState, PlayerState::Playing);
-    EXPECT_EQ(form.picPlay.Picture, form.picPlay1.Picture);
+TEST(StartUp, WithoutASkinTheFormIsBlank) {
+    Program program;
+    program.directory.Put("velskins.ini", "[Settings]\nCount=1\n[1]\nFilename=gone.vs4\n");
+    SetPicture(program.form.picStop, Stage::NewPicture());
+    program.form.picStop.Visible = true;
+    program.form.lblFilescroll.Caption = u"old";
+    program.form.VFmp3scope1.Visible = true;
+    EXPECT_EQ(
+        program.Tell("start"),
+        "picStop hidden empty, picPlay hidden picPlay1, picPause hidden empty, picBackward hidden empty, "
+        "picForward hidden empty, picPlaylist hidden empty, picEject hidden empty, "
+        "MessageBox Couldn't find \"gone.vs4\", limit 2500, title , scope off, labels off and off");
 }
 
-TEST_F(WholeStart, ARefusedFileGivesItsMessageAndNoTrack) {
-    machine.Arguments = u"\"C:\\Music\\a.txt\"";
-    Form_Load(velora);
-    EXPECT_EQ(journal.Take(), Lines{"MessageBox That file format is not supported by Velora"});
-    EXPECT_EQ(velora.PlayerState, PlayerState::Stopped);
-}
-
-TEST_F(WholeStart, ThePlaylistsComeInFrontOfTheCommandLine) {
-    directory.Put("velplaylists.ini",
-                  "[Settings]\nCount=1\n[1]\nEnabled=True\nFile=l.m3u\nPath=" + Utf8(machine.Directory));
-    directory.Put("l.m3u", "one.mp3\r\ntwo.mp3\r\n");
-    machine.Arguments = u"\"C:\\Music\\a.mp3\"";
-    Form_Load(velora);
-    EXPECT_EQ(velora.CurrentTrack, 3);
-    EXPECT_EQ(player.Directories, (std::vector<Text>{u"\\home\\", machine.Directory + u"\\"}));
-}
-
-TEST_F(WholeStart, AStoredVolumeShowsOnTheSkin) {
-    directory.Put("velsettings.ini", "[Settings]\nVolume=4\n");
-    Form_Load(velora);
-    EXPECT_EQ(TakePlayerLines(), Lines{"Player.SetVolume 60"});
-    EXPECT_EQ(form.lCurVol, 4);
-    EXPECT_NE(form.picVolume.Picture, nullptr);
-    EXPECT_EQ(form.picVolume.Picture, form.picVolumeArray[4].Picture);
-}
-
-TEST_F(WholeStart, TheCompanionSkinLeavesThePlayerAloneAndPicPlayUsable) {
-    machine.Arguments = u"\"C:\\Music\\a.mp3\"";
-    Form_Load(velora);
-    (void)journal.Take();
-    Click(form.picPlaylist);
-    EXPECT_EQ(velora.CurrentSkin, 2);
-    EXPECT_EQ(velora.PlayerState, PlayerState::Playing);
-    EXPECT_EQ(form.picPlay.Picture, form.picStop1.Picture);
-    Click(form.picPlay);
-    EXPECT_EQ(TakePlayerLines(), Lines{"Player.Stop"});
-    Click(form.picPlaylist, kRightButton);
-    EXPECT_EQ(velora.CurrentSkin, 2) << "a right click on the fresh button does nothing";
+TEST(StartUp, FindsItsFilesBesideTheProgramAndThePlaylistsBeforeTheCommandLine) {
+    Program program;
+    const std::string home = Utf8(program.machine.Directory);
+    program.directory.Put("pressdeck.exe", "");
+    program.directory.Put("velsettings.ini", "[Settings]\nVolume=4\n");
+    program.directory.Put("velplaylists.ini",
+                          "[Settings]\nCount=1\n[1]\nEnabled=True\nFile=l.m3u\nPath=" + home);
+    program.directory.Put("l.m3u", "one.mp3\r\ntwo.mp3\r\n");
+    program.machine.Arguments = u"\"C:\\Music\\a.mp3\"";
+    program.Do("start menu:mnuRunPressdeck input:Mine file:\\new.m3u");
+    EXPECT_EQ(program.velora.CurrentTrack, 3);
+    EXPECT_EQ(program.player.Directories,
+              (std::vector<Text>{u"\\home\\", program.machine.Directory + u"\\"}));
+    EXPECT_EQ(program.NameOf(program.form.picVolume.Picture), "step 4");
+    EXPECT_EQ(program.Tell("picEject shift +R -R | beside +R"),
+              "Size 312 x 153, Region, ChooseFile Select Playlist ..., InputBox Velora: Name of playlist:, "
+              "in \\ | PopupMenu, StartProgram ~\\pressdeck.exe");
+    EXPECT_EQ(program.dialogs.LastRows.size(), 2U);
+    EXPECT_EQ(program.velora.Playlists[2].Name, u"Mine");
 }
 
 TEST(CommandLine, LosesItsFirstAndItsLastCharacterWhateverTheyAre) {
-    struct Row {
-        TextView Raw;
-        CommandLineFile Expected;
-    };
-    const Row rows[] = {
-        {u"", {u"", u""}},
-        {u"x", {u"", u""}},
-        {u"\"\"", {u"", u""}},
-        {u"\"C:\\Music\\a.mp3\"", {u"C:\\Music\\", u"a.mp3"}},
-        {u"C:\\Music\\a.mp3", {u":\\Music\\", u"a.mp"}},
-        {u"\"a.mp3\"", {u"", u"a.mp3"}},
-        {u"\"C:\\a.mp3\" \"C:\\b.mp3\"", {u"C:\\a.mp3\" \"C:\\", u"b.mp3"}},
-        {u"\"C:\\Music\\\"", {u"C:\\Music\\", u""}},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(FileOfCommandLine(row.Raw), row.Expected) << Utf8(row.Raw);
+    const std::tuple<TextView, TextView, TextView> rows[] = {
+        {u"", u"", u""},
+        {u"x", u"", u""},
+        {u"\"\"", u"", u""},
+        {u"\"C:\\Music\\a.mp3\"", u"C:\\Music\\", u"a.mp3"},
+        {u"C:\\Music\\a.mp3", u":\\Music\\", u"a.mp"},
+        {u"\"a.mp3\"", u"", u"a.mp3"},
+        {u"\"C:\\a.mp3\" \"C:\\b.mp3\"", u"C:\\a.mp3\" \"C:\\", u"b.mp3"},
+        {u"\"C:\\Music\\\"", u"C:\\Music\\", u""}};
+    for (const auto& [raw, directory, fileName] : rows)
+        EXPECT_EQ(FileOfCommandLine(raw), (CommandLineFile{Text(directory), Text(fileName)})) << Utf8(raw);
 }
 
-TEST_F(StartUp, ASkinWithoutAVolumeObjectShowsNoStep) {
-    EXPECT_EQ(Restore("[Settings]\nVolume=1\n"), Lines{"Player.SetVolume 0"});
-    EXPECT_EQ(Restore("[Settings]\nVolume=2.9\n"), Lines{"Player.SetVolume 30"}) << "cut downward";
-    EXPECT_EQ(form.lCurVol, 0);
-}
-
-TEST_F(StartUp, WithoutAVolumeFromOneToSevenNothingIsSent) {
-    for (const char* bytes :
-         {"", "[Settings]\n", "[Settings]\nVolume=\n", "[Settings]\nVolume=0\n", "[Settings]\nVolume=8\n",
-          "[Settings]\nVolume=loud\n", "[Settings]\nVolume=1e9\n"})
-        EXPECT_EQ(Restore(bytes), Lines{}) << bytes;
+TEST(StartUp, RestoresAVolumeFromOneToSeven) {
+    const auto sent = [](const std::string& line) {
+        Program program;
+        program.form.lCurVol = 0; // As on a skin without a volume object, which shows no step.
+        program.velora.SettingsIni = program.directory.Put("v.ini", "[Settings]\n" + line + "\n");
+        (void)program.journal.Take();
+        RestoreVolume(program.velora);
+        EXPECT_EQ(program.form.lCurVol, 0);
+        return program.journal.Take();
+    };
+    for (const char* line : {"", "Volume=", "Volume=0", "Volume=8", "Volume=loud", "Volume=1e9"})
+        EXPECT_EQ(sent(line), Lines{}) << line;
+    EXPECT_EQ(sent("Volume=1"), Lines{"Player.SetVolume 0"});
+    EXPECT_EQ(sent("Volume=2.9"), Lines{"Player.SetVolume 30"}) << "cut downward";
+    EXPECT_EQ(sent("Volume=7"), Lines{"Player.SetVolume 100"});
 }

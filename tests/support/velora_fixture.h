@@ -1,4 +1,5 @@
-// A Velora on the null platform, with a small skin already on the form and a hand on the mouse.
+// A Velora on the null platform, with a small skin already on the form and a hand on the mouse. Where it is
+// used and what came of it fit into texts, `support/use.h` has the words.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,9 +12,19 @@ using Lines = std::vector<std::string>;
 
 /// The form shows a background at (5, 7), six buttons of 30 by 20 pixels, a volume indicator, two labels and
 /// the visualisation; each pair of holders has pictures of its own, and the buttons are at rest.
-class VeloraTest : public ::testing::Test, protected NullPlatform {
-protected:
-    VeloraTest() : state(PartsWith(pictures)) {
+struct Stage : NullPlatform {
+    static constexpr PictureBox Form::*kHolders[] = {
+        &Form::picPlay1,     &Form::picPlay2,     &Form::picStop1,     &Form::picStop2,
+        &Form::picPause1,    &Form::picPause2,    &Form::picBackward1, &Form::picBackward2,
+        &Form::picForeward1, &Form::picForeward2, &Form::picPlaylist1, &Form::picPlaylist2,
+        &Form::picEject1,    &Form::picEject2};
+    /// Each with its picture at rest.
+    static constexpr std::pair<PictureBox Form::*, PictureBox Form::*> kButtons[] = {
+        {&Form::picPlay, &Form::picPlay1},         {&Form::picPause, &Form::picPause1},
+        {&Form::picBackward, &Form::picBackward1}, {&Form::picForward, &Form::picForeward1},
+        {&Form::picPlaylist, &Form::picPlaylist1}, {&Form::picEject, &Form::picEject1}};
+
+    Stage() : state(PartsWith(pictures)) {
         window.Attach(form);
         loop.Attach(form, handlers);
         loop.AfterEvent = [this] { window.Present(); };
@@ -30,31 +41,21 @@ protected:
         return velora.Count;
     }
 
-    // The mouse. Places are pixels from the control's corner.
-    void Press(const Control& control, int x, int y, Integer button = kLeftButton, Integer shift = 0) {
-        m_held = static_cast<Integer>(m_held | button);
-        Point(PointerKind::Press, control, x, y, button, shift);
+    /// Reports the pointer at a place of `control`, or of the form itself without one; `held` once it
+    /// happened.
+    void Report(PointerKind kind, const Control* control, int x, int y, Integer button, Integer shift) {
+        if (kind == PointerKind::Press) held = static_cast<Integer>(held | button);
+        if (kind == PointerKind::Release) held = static_cast<Integer>(held & ~button);
+        for (; control; control = control == &form.picBackground ? nullptr : &form.picBackground) {
+            x += static_cast<int>(control->Left);
+            y += static_cast<int>(control->Top);
+        }
+        handlers.OnPointer({kind, x, y, button, held, shift});
+        window.Present();
     }
-    void Release(const Control& control, int x, int y, Integer button = kLeftButton, Integer shift = 0) {
-        m_held = static_cast<Integer>(m_held & ~button);
-        Point(PointerKind::Release, control, x, y, button, shift);
-    }
-    void Move(const Control& control, int x, int y) { Point(PointerKind::Move, control, x, y, kNoButton, 0); }
     void Click(const Control& control, Integer button = kLeftButton, Integer shift = 0) {
-        Press(control, 5, 5, button, shift);
-        Release(control, 5, 5, button, shift);
-    }
-    /// The last button goes up where the form can't see it.
-    void LoseMouse() {
-        m_held = 0;
-        handlers.OnPointer({PointerKind::Lost, 0, 0, kNoButton, 0, 0});
-    }
-
-    /// What the player was asked since the journal was last taken.
-    Lines TakePlayerLines() {
-        Lines lines = journal.Take();
-        std::erase_if(lines, [](const std::string& line) { return !line.starts_with("Player."); });
-        return lines;
+        Report(PointerKind::Press, &control, 5, 5, button, shift);
+        Report(PointerKind::Release, &control, 5, 5, button, shift);
     }
 
     /// A picture of a button that no other control has.
@@ -66,16 +67,9 @@ protected:
     Form& form = state.frmMain;
     FormHandlers handlers{state};
     PlayerHandlers playerEvents{state};
+    Integer held = 0; ///< The mouse buttons that are down.
 
 private:
-    void Point(PointerKind kind, const Control& control, int x, int y, Integer button, Integer shift) {
-        const bool child = &control != &form.picBackground;
-        const int left = static_cast<int>(control.Left + (child ? form.picBackground.Left : 0));
-        const int top = static_cast<int>(control.Top + (child ? form.picBackground.Top : 0));
-        handlers.OnPointer({kind, left + x, top + y, button, m_held, shift});
-        window.Present();
-    }
-
     void Place(Control& control, Long left, Long top, Long width, Long height) {
         control.Left = left;
         control.Top = top;
@@ -92,24 +86,17 @@ private:
         Place(form.lblStatusLabel, 100, 100, 80, 15);
         Place(form.lblFilescroll, 200, 100, 80, 15);
         Place(form.VFmp3scope1, 300, 100, 50, 50);
-        for (PictureBox* holder :
-             {&form.picPlay1, &form.picPlay2, &form.picStop1, &form.picStop2, &form.picPause1,
-              &form.picPause2, &form.picBackward1, &form.picBackward2, &form.picForeward1, &form.picForeward2,
-              &form.picPlaylist1, &form.picPlaylist2, &form.picEject1, &form.picEject2})
-            SetPicture(*holder, NewPicture());
-        const std::pair<PictureBox*, PictureBox*> buttons[] = {
-            {&form.picPlay, &form.picPlay1},         {&form.picPause, &form.picPause1},
-            {&form.picBackward, &form.picBackward1}, {&form.picForward, &form.picForeward1},
-            {&form.picPlaylist, &form.picPlaylist1}, {&form.picEject, &form.picEject1}};
+        for (const auto holder : kHolders)
+            SetPicture(form.*holder, NewPicture());
         Long left = 10;
-        for (const auto& [button, holder] : buttons) {
-            SetPicture(*button, holder->Picture);
-            Place(*button, left, 10, 30, 20);
+        for (const auto& [button, holder] : kButtons) {
+            SetPicture(form.*button, (form.*holder).Picture);
+            Place(form.*button, left, 10, 30, 20);
             left += 40;
         }
         for (std::size_t light = 1; light <= kLights; ++light)
             form.shpPercent[light].Exists = true;
     }
-
-    Integer m_held = 0;
 };
+
+class VeloraTest : public ::testing::Test, protected Stage {};

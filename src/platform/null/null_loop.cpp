@@ -10,10 +10,6 @@ void NullLoop::Attach(const Form& form, FormEvents& events) {
     m_events = &events;
 }
 
-void NullLoop::Run() {
-    Turn();
-}
-
 void NullLoop::Turn() {
     while (RunOneTask()) {
     }

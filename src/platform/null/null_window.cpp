@@ -2,13 +2,12 @@
 #include "platform/null/null_window.h"
 
 void NullWindow::ShowFirst() {
-    IsUp = true;
-    m_journal.Note("ShowFirst");
-    if (m_form) Shown = SceneOf(*m_form);
+    m_isUp = true;
+    Shown = SceneOf(*m_form);
 }
 
 void NullWindow::Present() {
-    if (!IsUp || !m_form) return;
+    if (!m_isUp) return;
     Scene now = SceneOf(*m_form);
     if (now.Caption != Shown.Caption) m_journal.Note("Caption " + Utf8(now.Caption));
     if (now.Client != Shown.Client)
@@ -28,11 +27,11 @@ void NullWindow::BeginMove(Integer button) {
 std::size_t NullWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {
     m_journal.Note("PopupMenu");
     MenuRows.clear();
-    for (std::size_t index = root + 1; index < menu.size() && menu[index].Level > menu[root].Level; ++index)
-        if (menu[index].Level == menu[root].Level + 1 && menu[index].Visible)
-            MenuRows.push_back(menu[index].Caption);
+    std::size_t chosen = root;
+    for (const MenuEntry& entry : menu) {
+        if (entry.Level == menu[root].Level + 1 && entry.Visible) MenuRows.push_back(entry.Caption);
+        if (entry.Name == MenuChoice) chosen = static_cast<std::size_t>(&entry - menu.data());
+    }
     if (WhileOpen) WhileOpen();
-    for (std::size_t index = root + 1; index < menu.size(); ++index)
-        if (menu[index].Name == MenuChoice) return index;
-    return root;
+    return chosen;
 }

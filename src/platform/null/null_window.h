@@ -8,7 +8,8 @@
 #include "state/scene.h"
 
 /// Notes what changes on the form at each `Present` ("Caption TEXT", "Size W x H", "Region", "State N"), and
-/// "BeginMove BUTTON" and "PopupMenu". `Damage` and `Shown` are those of the last `Present`.
+/// "BeginMove BUTTON" and "PopupMenu". Needs its form before it is up. `Damage` and `Shown` are those of the
+/// last `Present`.
 class NullWindow : public Window {
 public:
     explicit NullWindow(Journal& journal) : m_journal(journal) {}
@@ -24,9 +25,9 @@ public:
     std::function<void()> WhileOpen; ///< Runs inside each menu and move.
     Scene Shown;
     std::vector<Rect> Damage;
-    bool IsUp = false;
 
 private:
     Journal& m_journal;
     const Form* m_form = nullptr;
+    bool m_isUp = false;
 };

@@ -1,0 +1,206 @@
+// The words of a use, and the facts of the form.
+#include "support/use.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+#include "display/progress.h"
+#include "platform/paths.h"
+#include "playback/navigation.h"
+#include "shell/startup.h"
+
+namespace {
+
+constexpr const char* kStates[] = {"Stopped", "Playing", "Paused", "SeekingForward", "SeekingBackward"};
+
+constexpr PictureBox Form::*kBoxes[] = {&Form::picVolume,   &Form::picStop,     &Form::picPlay,
+                                        &Form::picPause,    &Form::picBackward, &Form::picForward,
+                                        &Form::picPlaylist, &Form::picEject};
+
+// How many facts are told in front of what was asked: the boxes' pictures and the capture.
+constexpr std::size_t kFirstFacts = std::size(kBoxes) + 1;
+
+} // namespace
+
+Use::Use(int tracks) {
+    for (int track = 1; track <= tracks; ++track)
+        AddEntry(u"", Decimal(track) + u"_x.mp3");
+    velora.CurrentSkin = 2;
+    for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
+        velora.Skins[2].VolumeY[step] = static_cast<Integer>(kTwipsPerPixel * (90 - 10 * step));
+        SetPicture(form.picVolumeArray[step], std::make_shared<LoadedPicture>(20, 100));
+    }
+    form.lCurVol = 1;
+    ResetDisplay(velora);
+    machine.WhileSound = [this] {
+        for (const Figure& figure : window.Shown.Figures)
+            if (figure.Source == m_control) journal.Note("over " + NameOf(figure.Picture));
+    };
+    dialogs.WhileOpen = window.WhileOpen = [this] {
+        if (velora.Capture.Active) journal.Note("with the mouse held");
+        loop.Turn();
+    };
+
+    using Value = const std::string&;
+    for (const auto box : kBoxes)
+        m_words[std::string((form.*box).Name)] = [this, box](Value) { Point(m_box = &(form.*box), 5, 5); };
+    for (const Control* control :
+         std::initializer_list<const Control*>{&form.VFmp3scope1, &form.lblFilescroll, &form.lblStatusLabel,
+                                               &form.picBackground, &form.shpPercent[0]})
+        m_words[std::string(control->Name)] = [this, control](Value) { Point(control, 2, 2); };
+    const auto number = [](Value text) { return static_cast<Integer>(std::stoi(text)); };
+    m_words.merge(decltype(m_words){
+        {"fresh", [this](Value) { SetPicture(*m_box, NewPicture()); }},
+        {"showsplay", [this](Value) { SetPicture(form.picPlay, form.picPlay1.Picture); }},
+        {"restored", [this](Value) { form.State = WindowState::Normal; }},
+        {"untitled", [this](Value) { form.lblFilescroll.Caption.clear(); }},
+        {"full", [this](Value) { velora.MediaLimit = velora.Count; }},
+        {"count", [=, this](Value count) { velora.Count = number(count); }},
+        {"nomusic", [this](Value) { velora.MediaList[2].Type = 5; }},
+        {"beside", [this](Value) { Point(nullptr, 410, 215); }},
+        {"off", [this](Value) { Point(m_control, 5, 60); }},
+        {"in", [this](Value) { Point(m_control, 5, 5); }},
+        {"shift", [this](Value) { m_keys ^= 1; }},
+        {"ctrl", [this](Value) { m_keys ^= 2; }},
+        {"lost", [this](Value) { Report(PointerKind::Lost, m_control, 0, 0, held = kNoButton, 0); }},
+        {"file", [this](Value path) { dialogs.Files.push_back(TextFromBytes(path)); }},
+        {"input", [this](Value text) { dialogs.Inputs.push_back(TextFromBytes(text)); }},
+        {"menu", [this](Value name) { window.MenuChoice = name; }},
+        {"later",
+         [this](std::string deeds) {
+             std::ranges::replace(deeds, '&', ' ');
+             loop.Post([this, deeds] { Do(deeds); });
+         }},
+        {"close", [this](Value) { handlers.OnClose(); }},
+        {"start", [this](Value) { Form_Load(velora); }},
+        {"track", [=, this](Value index) { StartTrack(velora, number(index)); }},
+        {"tags", [this](Value) { playerEvents.OnTagInfo(u"Moon", u"Tide", u"a", u"b", u"c", u"d"); }},
+        {"stream", [this](Value) { playerEvents.OnStreamInfo(320, 48000, 2); }},
+        {"length", [=, this](Value ms) { playerEvents.OnTrackLength(number(ms)); }},
+        {"at", [=, this](Value ms) { playerEvents.OnPosition(number(ms)); }},
+        {"bars", [=, this](Value bars) { playerEvents.OnVisData(number(bars)); }},
+        {"|", [this](Value) { m_told += Outcome() + " | "; }},
+    });
+}
+
+std::string Use::NameOf(const PicturePtr& picture) const {
+    if (!picture) return "empty";
+    for (const auto holder : kHolders)
+        if ((form.*holder).Picture == picture) return std::string((form.*holder).Name);
+    for (std::size_t step = 1; step <= kVolumeSteps; ++step)
+        if (form.picVolumeArray[step].Picture == picture) return "step " + std::to_string(step);
+    return "fresh";
+}
+
+void Use::Do(const std::string& deeds) {
+    std::istringstream words(deeds);
+    for (std::string word; words >> word;) {
+        const std::size_t colon = word.find(':');
+        const auto known = m_words.find(word.substr(0, colon));
+        if (known != m_words.end())
+            known->second(word.substr(colon + 1));
+        else
+            DoOther(word);
+    }
+}
+
+// "+L", "0.4s", "5,60" or "=5,60".
+void Use::DoOther(const std::string& word) {
+    const std::size_t comma = word.find(','), letter = "LRMS"s.find(word[1]);
+    const auto button = static_cast<Integer>(1 << (letter % 4));
+    if (comma != std::string::npos) {
+        const bool reported = !word.starts_with('=');
+        Point(m_control, std::stoi(word.substr(reported ? 0 : 1)), std::stoi(word.substr(comma + 1)),
+              reported);
+    } else if (word.ends_with('s'))
+        loop.Wait(std::stod(word));
+    else
+        Report(word[0] == '+' ? PointerKind::Press : PointerKind::Release, m_control, m_x, m_y, button,
+               m_keys);
+}
+
+void Use::Point(const Control* control, int x, int y, bool reported) {
+    m_control = control;
+    m_x = x;
+    m_y = y;
+    if (reported) Report(PointerKind::Move, control, x, y, kNoButton, m_keys);
+}
+
+std::string Use::Tell(const std::string& deeds) {
+    (void)Outcome();
+    m_told.clear();
+    try {
+        Do(deeds);
+    } catch (const ProcessEnded&) {
+    }
+    return m_told + Outcome();
+}
+
+std::string Use::Outcome() {
+    const std::vector<std::string> before = std::exchange(m_facts, Facts());
+    std::string told;
+    const auto tell = [&](const std::string& part) { told += (told.empty() ? "" : ", ") + part; };
+    const auto compare = [&](std::size_t first, std::size_t last) {
+        for (std::size_t fact = first; fact < std::min(last, before.size()); ++fact)
+            if (m_facts[fact] != before[fact]) tell(m_facts[fact]);
+    };
+    compare(0, kFirstFacts);
+    const std::string home = Utf8(machine.Directory);
+    for (std::string line : journal.Take()) {
+        if (const auto at = line.find(home); at != std::string::npos) line.replace(at, home.size(), "~");
+        if (line == "PlaySound ~\\click.wav") line = "click";
+        if (!line.starts_with("Caption ")) tell(line.substr(line.starts_with("Player.") ? 7 : 0));
+    }
+    compare(kFirstFacts, m_facts.size());
+    const std::int64_t passedMs = loop.NowMs() - std::exchange(m_sinceMs, loop.NowMs());
+    if (passedMs != 0) tell(std::to_string(passedMs) + " ms");
+    return told;
+}
+
+std::vector<std::string> Use::Facts() const {
+    const auto onOff = [](bool on) { return on ? "on" : "off"; };
+    const MouseCapture& capture = velora.Capture;
+    const MediaEntry& last = velora.MediaList[static_cast<std::size_t>(velora.Count)];
+    std::stringstream facts;
+    for (const auto member : kBoxes) {
+        const PictureBox& box = form.*member;
+        facts << box.Name << (box.Visible ? " " : " hidden ") << NameOf(box.Picture) << "\n";
+    }
+    facts << (capture.Active ? "held by " : "free") << (capture.Holder ? capture.Holder->Name : "") << "\n";
+    facts << kStates[static_cast<int>(velora.PlayerState)] << "\ntrack " << velora.CurrentTrack << "\nseek "
+          << velora.SeekOffset << "\nvolume " << form.lCurVol << "\nskin " << velora.CurrentSkin << "\nlimit "
+          << velora.MediaLimit << "\nentry " << Utf8(last.Path + last.File) << " kind " << last.Type
+          << " flag " << last.Flag << "\ntags " << Utf8(velora.TrackTitle + u" " + velora.TrackArtist)
+          << "\nrates " << velora.TrackBitrate << " " << velora.TrackSampleRate << "\nin "
+          << Utf8(machine.Current) << "\ncaption " << Utf8(form.Caption) << "\nstatus "
+          << Utf8(form.lblStatusLabel.Caption) << "\ntitle " << Utf8(form.lblFilescroll.Caption.substr(0, 20))
+          << "\nlights " << std::ranges::count(form.shpPercent, kPassedColour, &Shape::FillColour)
+          << "\nwindow state " << static_cast<int>(form.State) << "\nscope "
+          << onOff(form.VFmp3scope1.Visible) << "\nlabels " << onOff(form.lblFilescroll.Visible) << " and "
+          << onOff(form.lblStatusLabel.Visible) << "\nblink backward " << onOff(form.tmrSeekBackward.Enabled)
+          << "\nblink forward " << onOff(form.tmrSeekForward.Enabled) << "\nscroll "
+          << onOff(form.tmrScrollFiletitle.Enabled) << "\n";
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(facts, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+void ExpectUses(const std::vector<UseRow>& rows) {
+    for (const UseRow& row : rows) {
+        Use use;
+        use.Do(row.Before);
+        EXPECT_EQ(use.Tell(row.Deeds), row.Outcome) << row.Name;
+    }
+}
+
+Program::Program() : Use(0) {
+    const std::string skins = directory.Path("VELORA_MAIN");
+    std::filesystem::create_directory_symlink(VELORA_SOURCE_DIR "/app/VELORA_MAIN", skins);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(skins + "/"))
+        pictures.Known[PathText(entry.path().string())] =
+            entry.path().stem() == "background" ? NullPictures::Size{500, 300} : NullPictures::Size{8, 8};
+    machine.Directory = PathText(directory.Path());
+    velora.MediaLimit = 0;
+}
