@@ -36,7 +36,6 @@ protected:
     }
 
     const WorkingDirectory directory;
-    ProfileReader reader{u"f.ini"};
 };
 
 // The calls of a write to `f.ini`, a letter each, a capital one once the new file is there. The one of number
@@ -72,16 +71,9 @@ const std::string kFits(254, 'w');
 // and nothing behind a NUL.
 const std::pair<std::string, std::string> kValues[] = {
     {"", "none"},
-    {"\"\"", "none"},
-    {kFits, kFits},
     {kFits + "xyz", kFits},
-    {std::string(1 << 20, 'w'), kFits},
-    {kFits.substr(1) + "\xC3\xA4", kFits.substr(1)},
-    {kFits.substr(2) + "\xC3\xA4x", kFits.substr(2) + "\xC3\xA4"},
     {kFits.substr(2) + "\xF0\x9F\x8E\xB5", kFits.substr(2)},
-    {kFits.substr(1) + "\xE4 and more", kFits.substr(1) + "\xC3\xA4"},
-    {"M\xFCnchen \x80", "M\xC3\xBCnchen \xE2\x82\xAC"},
-    {"M\xC3\xBCnchen", "M\xC3\xBCnchen"},
+    {kFits.substr(1) + "\x80\x80", kFits.substr(1) + "\xE2\x82\xAC"},
     {"ab\0cd"s, "ab"},
     {"\0cd"s, ""},
 };
@@ -109,7 +101,7 @@ TEST_F(IniFiles, KilledOrFailingAtAnyCallLeavesTheOldFileOrTheNewOneAndNothingBe
     EXPECT_FALSE(WriteNew("f.ini", stuck));
 }
 
-TEST_F(IniFiles, ANewFileHasTheUsersUsualModeAndBeginsAsTheOneThatIsInstalled) {
+TEST_F(IniFiles, ANewFileHasTheUsersUsualModeAndBeginsAsTheOneThatIsInstalledAndALinkStays) {
     const mode_t before = umask(027);
     EXPECT_TRUE(WriteNew("f.ini"));
     EXPECT_EQ(Now("f.ini"), std::pair(mode_t{0640}, "[a]\r\nx=new\r\n"s));
@@ -117,39 +109,29 @@ TEST_F(IniFiles, ANewFileHasTheUsersUsualModeAndBeginsAsTheOneThatIsInstalled) {
     EXPECT_TRUE(WriteNew("g.ini"));
     EXPECT_EQ(Now("g.ini"), std::pair(mode_t{0640}, "[b]\ny=1\n[a]\nx=new\n"s));
     umask(before);
-}
-
-TEST_F(IniFiles, ALinkStaysAndItsTargetIsRewrittenWhateverIsInstalled) {
     PutOld("target.ini");
-    directory.Put("seed.ini", "[b]\ny=1\n");
     std::filesystem::create_symlink("target.ini", "link.ini");
     EXPECT_TRUE(WriteNew("link.ini"));
-    EXPECT_EQ(Now("target.ini"), std::pair(mode_t{0604}, kNew));
+    EXPECT_EQ(Now("target.ini"), std::pair(mode_t{0604}, kNew)) << "it was there: nothing installed comes in";
     EXPECT_TRUE(std::filesystem::is_symlink("link.ini"));
 }
 
-TEST_F(IniFiles, OnlyPlainFilesOfTextThatSomebodyMayWrite) {
+TEST_F(IniFiles, OnlyPlainFilesOfTextThatSomebodyMayWriteUpToFourMebibytes) {
     std::filesystem::create_symlink("gone", "lost.ini");
     mkfifo("pipe.ini", 0600);
     PutOld("locked.ini", 0444);
     directory.Put("nul.ini", kOld + "\0"s);
+    const std::string large = kOld + std::string(kMostIniBytes - kOld.size(), 'y');
+    directory.Put("full.ini", large);
+    directory.Put("larger.ini", large + "y");
     const auto before = directory.Names();
-    for (const char* path : {"lost.ini", "pipe.ini", "locked.ini", "nul.ini", "missing/f.ini", "."})
+    for (const char* path :
+         {"lost.ini", "pipe.ini", "locked.ini", "nul.ini", "larger.ini", "missing/f.ini", "."})
         EXPECT_FALSE(WriteNew(path)) << path;
     EXPECT_FALSE(WriteIniValue("new.ini", "a", "x", "b\0c"s));
+    EXPECT_FALSE(WriteIniValue("full.ini", "a", "x", "more"));
+    EXPECT_TRUE(WriteNew("full.ini")) << "a value of the same length fits";
     EXPECT_EQ(directory.Names(), before);
-    EXPECT_EQ(directory.Get("locked.ini"), kOld);
-    EXPECT_EQ(directory.Get("nul.ini"), kOld + "\0"s);
-}
-
-TEST_F(IniFiles, FourMebibytesAreTheMost) {
-    const std::string large = kOld + std::string(kMostIniBytes - kOld.size(), 'y');
-    directory.Put("f.ini", large);
-    EXPECT_FALSE(WriteIniValue("f.ini", "a", "x", "more"));
-    EXPECT_TRUE(WriteNew("f.ini")) << "a value of the same length fits";
-    directory.Put("f.ini", large + "y");
-    EXPECT_FALSE(WriteNew("f.ini"));
-    EXPECT_EQ(directory.Get("f.ini"), large + "y");
 }
 
 TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForItsEnd) {
@@ -181,24 +163,18 @@ TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
     EXPECT_FALSE(WriteNew("f.ini"));
 }
 
-TEST_F(IniFiles, AValueIsReadInItsOwnEncodingAsFarAsItFits) {
+TEST_F(IniFiles, AValueIsReadInItsOwnEncodingAsFarAsItFitsAndADefaultHoweverLong) {
     for (const auto& [bytes, read] : kValues) {
         directory.Put("f.ini", "[a]\nx=" + bytes + "\n");
         EXPECT_EQ(Utf8(ReadProfileString(u"F.INI", u"a", u"x", u"none")), read) << bytes;
     }
-}
-
-TEST_F(IniFiles, WhatIsMissingIsTheDefaultHoweverLong) {
     const Text otherwise(1000, u'd');
-    mkfifo("pipe", 0600);
-    directory.Put("f.ini", "[a]\nx=1\n");
-    for (const TextView file : {u"gone.ini", u".", u"pipe", u""})
-        EXPECT_EQ(ReadProfileString(file, u"a", u"x", otherwise), otherwise) << Utf8(file);
-    EXPECT_EQ(reader.Read(u"b", u"x", otherwise) + reader.Read(u"a", u"y", u"!"), otherwise + u"!");
-    EXPECT_EQ(directory.Names(), (std::vector{"f.ini"s, "pipe"s})) << "a read makes nothing";
+    for (const TextView file : {u"gone.ini", u".", u"f.ini"})
+        EXPECT_EQ(ReadProfileString(file, u"a", u"y", otherwise), otherwise) << Utf8(file);
 }
 
 TEST_F(IniFiles, AReaderSeesEachChangeOfTheFile) {
+    ProfileReader reader(u"f.ini");
     const auto read = [&] { return Utf8(reader.Read(u"a", u"x", u"none")); };
     EXPECT_EQ(read(), "none");
     directory.Put("f.ini", "[a]\nx=1\n");
@@ -213,13 +189,11 @@ TEST_F(IniFiles, AReaderSeesEachChangeOfTheFile) {
         stat("f.ini", &now);
     } while (now.st_ctim.tv_nsec == before.st_ctim.tv_nsec);
     EXPECT_EQ(read(), "2") << "also of the same size and time";
-    directory.Put("f.ini", "[a]\nx=33\n");
-    EXPECT_EQ(read(), "33");
     std::filesystem::remove("f.ini");
     EXPECT_EQ(read(), "none");
 }
 
-TEST_F(IniFiles, WhatReadsBackWholeIsReadAgainAndNothingElseIsWritten) {
+TEST_F(IniFiles, WhatReadsBackWholeIsReadAgainFromTheFileOfAnyCase) {
     directory.Put("Lists/F.INI", "[a]\nx=1\n");
     for (const Text& value :
          {u" blanks "s, u"\"quoted\""s, u"\uF7FF\u20AC\U0001F3B5"s, Text(254, u'a'), Text(127, u'\u00E4')}) {
@@ -229,7 +203,5 @@ TEST_F(IniFiles, WhatReadsBackWholeIsReadAgainAndNothingElseIsWritten) {
     }
     for (const Text& value : {u"a\nb"s, u"a\rb"s, u"a\0b"s, Text(255, u'a'), Text(128, u'\u00E4')})
         EXPECT_FALSE(ReadsBackWhole(value)) << Utf8(value);
-    WriteProfileString(u"lists\\f.ini", u"a", u"x", u"2\n[Settings]\nCount=500");
-    EXPECT_EQ(ReadProfileString(u"lists\\f.ini", u"Settings", u"Count", u"none"), u"none");
     EXPECT_EQ(directory.Names(), std::vector{"Lists"s});
 }
