@@ -21,38 +21,19 @@ struct OrdinaryButton {
 
 } // namespace
 
-TEST(ButtonMoveDecision, LimitsAreMinusOneAndTheSizeAndBothAreStrict) {
-    enum Zone { Inside, OnTheEdge, Past };
-    using Edge = std::pair<Single, Zone>;
-    using enum ButtonChange;
-    for (const auto& [x, zoneX] :
-         {Edge{-2, Past}, {-1, OnTheEdge}, {0, Inside}, {29, Inside}, {30, OnTheEdge}, {31, Past}})
-        for (const auto& [y, zoneY] :
-             {Edge{-2, Past}, {-1, OnTheEdge}, {0, Inside}, {19, Inside}, {20, OnTheEdge}, {21, Past}})
-            for (Integer buttons = 0; buttons < 8; ++buttons) {
-                const Zone zone = buttons == kLeftButton ? std::max(zoneX, zoneY) : OnTheEdge;
-                const auto decide = [buttons, x = x, y = y](bool pressed, bool normal) {
-                    return DecideButtonMove({pressed, normal, buttons, x, y, 30, 20});
-                };
-                SCOPED_TRACE(testing::Message() << x << ", " << y << " with " << buttons);
-                EXPECT_EQ(decide(true, false), zone == Past ? ShowNormal : Keep);
-                EXPECT_EQ(decide(false, true), zone == Inside ? ShowPressed : Keep);
-                EXPECT_EQ(decide(false, false), Keep);
-            }
-}
-
 TEST(Buttons, OrdinaryOnesByGesture) {
     const OrdinaryButton buttons[] = {
         {"picPause", "picPause", kHolds, true, true, true},
         {"picForward", "picForeward", StepsTo("3"), true, true, false},
         {"picBackward", "picBackward", StepsTo("1"), true, true, true},
         {"picEject", "picEject", "ChooseFile Select Media ...", false, false, true},
+        {"picPlaylist", "picPlaylist", "", false, false, false},
     };
     for (const auto& [name, holder, command, offCommands, rightCommands, rightOnFreshCommands] : buttons) {
         const auto told = [command = command](bool commands) { return commands ? command : ""s; };
         const std::string rest = name + " " + holder + "1", down = name + " " + holder + "2";
-        const std::string held = down + ", held by " + name,
-                          click = rest + ", free, click, over " + holder + "1, " + command;
+        const std::string held = down + ", held by " + name, then = command.empty() ? "" : ", " + command;
+        const std::string click = rest + ", free, click, over " + holder + "1" + then;
         ExpectUses({
             {name + " pressed, dragged off and back", "track:2 " + name, "+L | off | in | -L",
              held + " | " + rest + " | " + down + " | " + click},
@@ -75,7 +56,6 @@ TEST(Buttons, PlayAndStop) {
          "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, Playing, "
          "track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, title new ... , "
          "scope on, scroll on"},
-        {"stopped: another button does nothing", "", "picPlay +R -R +M -M", ""},
         {"playing: a drag-off is final", "track:1", "picPlay +L | off | in | -L",
          "picPlay picStop2, held by picPlay | picPlay picStop1 |  | free"},
         {"playing: stops without a click", "track:1", "picPlay +L -L", stops},
@@ -90,7 +70,7 @@ TEST(Buttons, PlayAndStop) {
 
 TEST(Buttons, OthersInOtherStates) {
     const std::string ask = "click, over picEject1, ChooseFile Select Media ...";
-    const std::string askForList = "click, over picEject1, ChooseFile Select Playlist ...";
+    const std::string edge = " | picPause picPause1 |  | picPause picPause2";
     ExpectUses({
         {"pause, paused: goes on", "track:1 picPause +L -L", "+R -R",
          "TogglePause, Playing, status Playing, scope on"},
@@ -102,11 +82,12 @@ TEST(Buttons, OthersInOtherStates) {
         {"eject starts the file, here one that the list has", "track:1",
          "picEject file:\\music\\2_X.MP3 +L -L",
          ask + ", Stop, TrackFile 2_x.mp3, Play, track 2, in \\music, title 2_x ... "},
-        {"eject with shift asks for a playlist", "", "picEject shift +L -L", askForList},
-        {"eject with another key as well, and for its name", "", "picEject ctrl file:\\lists\\l.m3u +L -L",
-         askForList + ", InputBox Velora: Name of playlist:, in \\lists"},
-        {"that dialog, too, takes the mouse from a button that is still held", "",
-         "picEject +L +R shift -L | -R", askForList + " | "},
+        {"the dialog for a playlist, too, takes the mouse from a button that is still held", "",
+         "picEject +L +R shift -L | -R", "click, over picEject1, ChooseFile Select Playlist ... | "},
+        {"the limits are -1 and the size, and both are strict", "picPause +L",
+         "30,5 | 31,5 | 30,5 | 29,5 | 5,20 | 5,21 | 5,20 | 5,19 | "
+         "-1,5 | -2,5 | -1,5 | 0,5 | 5,-1 | 5,-2 | 5,-1 | 5,0",
+         edge + " | " + edge + " | " + edge + " | " + edge},
     });
 }
 
@@ -118,11 +99,10 @@ TEST(Seeking, Gestures) {
          "picForward hidden picForeward2, 200 ms | picForward picForeward2, seek 10, 200 ms | "
          "picForward hidden picForeward2, seek 30, 1000 ms | "
          "picForward picForeward1, free, click, Seek 30, Playing, blink forward off | 2000 ms"},
-        {"backward, by any mouse button", "track:1 untitled", "picBackward shift +R 1s | -R | 0.6s",
-         "picBackward hidden picBackward1, held by picBackward, SeekingBackward, seek -20, "
-         "blink backward on, 1000 ms | picBackward picBackward1, free, Seek -20, Playing, blink backward off | "
-         "600 ms"},
-        {"each gesture begins at zero", "track:1 untitled picBackward shift +R 1.6s -R", "+R 0.8s -R",
+        {"backward, by any mouse button; each gesture begins at zero", "track:1 untitled",
+         "picBackward shift +R 1.8s | -R | +R 0.8s -R",
+         "picBackward hidden picBackward1, held by picBackward, SeekingBackward, seek -40, "
+         "blink backward on, 1800 ms | picBackward picBackward1, free, Seek -40, Playing, blink backward off | "
          "Seek -20, seek -20, 800 ms"},
         {"too short, dragged off, shift let go: no click, but the seek", "track:1",
          "picForward shift +L off shift -L", "Seek 0"},

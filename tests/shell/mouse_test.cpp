@@ -7,46 +7,34 @@ namespace {
 
 using enum MouseAction;
 
+constexpr Integer kSide = 8;
+constexpr Integer kHeld[] = {0, kLeftButton, kRightButton, kSide, kLeftButton | kSide};
+
 struct Row {
     const char* Name;
-    bool Captured;
     PointerKind Kind;
-    Integer Button, Held;
-    MouseAction Expected;
+    Integer Button;
+    MouseAction Captured[std::size(kHeld)]; ///< With each of `kHeld` in turn.
+    MouseAction Free;                       ///< With any of them.
 };
 
-constexpr Integer kSide = 8;
-
 constexpr Row kRows[] = {
-    {"free: press", false, PointerKind::Press, 1, 1, Begin},
-    {"free: press while another is held from before", false, PointerKind::Press, 2, 3, Begin},
-    {"free: press of a side button", false, PointerKind::Press, kSide, kSide, Nothing},
-    {"free: move", false, PointerKind::Move, 0, 0, Nothing},
-    {"free: move with a button from before a dialog", false, PointerKind::Move, 0, 1, Nothing},
-    {"free: release", false, PointerKind::Release, 1, 0, Nothing},
-    {"free: release, another held", false, PointerKind::Release, 1, 2, Nothing},
-    {"free: lost", false, PointerKind::Lost, 0, 0, Nothing},
-    {"held: press of a second button", true, PointerKind::Press, 2, 3, Press},
-    {"held: press with nothing held before it", true, PointerKind::Press, 1, 1, BeginAnew},
-    {"held: press of a side button", true, PointerKind::Press, kSide, 1 + kSide, Nothing},
-    {"held: press of a side button alone", true, PointerKind::Press, kSide, kSide, Lose},
-    {"held: move", true, PointerKind::Move, 0, 1, Move},
-    {"held: move with two", true, PointerKind::Move, 0, 3, Move},
-    {"held: move with nothing held", true, PointerKind::Move, 0, 0, Lose},
-    {"held: move with a side button alone", true, PointerKind::Move, 0, kSide, Lose},
-    {"held: release of the last", true, PointerKind::Release, 1, 0, ReleaseEnd},
-    {"held: release of one of two", true, PointerKind::Release, 1, 2, Release},
-    {"held: release of a side button", true, PointerKind::Release, kSide, 1, Nothing},
-    {"held: release of a side button, nothing held", true, PointerKind::Release, kSide, 0, Lose},
-    {"held: lost", true, PointerKind::Lost, 0, 0, Lose},
-    {"held: lost, though still held", true, PointerKind::Lost, 0, 1, Lose},
+    {"press", PointerKind::Press, 1, {BeginAnew, BeginAnew, Press, BeginAnew, BeginAnew}, Begin},
+    {"side press", PointerKind::Press, kSide, {Lose, Nothing, Nothing, Lose, Nothing}, Nothing},
+    {"move", PointerKind::Move, 0, {Lose, Move, Move, Lose, Move}, Nothing},
+    {"release", PointerKind::Release, 1, {ReleaseEnd, Release, Release, ReleaseEnd, Release}, Nothing},
+    {"side release", PointerKind::Release, kSide, {Lose, Nothing, Nothing, Lose, Nothing}, Nothing},
+    {"lost", PointerKind::Lost, 0, {Lose, Lose, Lose, Lose, Lose}, Nothing},
 };
 
 } // namespace
 
 TEST(MouseDecision, FollowsTheTable) {
-    for (const Row& row : kRows)
-        EXPECT_EQ(DecideMouse(row.Captured, row.Kind, row.Button, row.Held), row.Expected) << row.Name;
+    for (const auto& [name, kind, button, captured, free] : kRows)
+        for (std::size_t at = 0; at < std::size(kHeld); ++at) {
+            EXPECT_EQ(DecideMouse(true, kind, button, kHeld[at]), captured[at]) << name << kHeld[at];
+            EXPECT_EQ(DecideMouse(false, kind, button, kHeld[at]), free) << name << kHeld[at];
+        }
 }
 
 TEST(Mouse, Captures) {

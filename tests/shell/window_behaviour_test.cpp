@@ -10,23 +10,11 @@ TEST(WindowBehaviour, BySurfaceAndButton) {
          "BeginMove 1, BeginMove 2, BeginMove 4, BeginMove 1"},
         {"the visualisation and the volume do nothing", "track:1", "VFmp3scope1 +L -L +R -R picVolume +R -R",
          ""},
-        {"the menu's title does nothing", "menu:mnuVelora", "beside +R", "PopupMenu"},
         {"minimise can be chosen again after a restore", "menu:mnuMinimize beside +R -R restored", "+R",
          "PopupMenu, window state 1"},
         {"exit ends without a stop", "track:1 menu:mnuExitVelora", "beside +R", "PopupMenu, EndProcess"},
         {"closing stops once", "track:1", "close", "Stop, EndProcess"},
-        {"closing ends a move at once", "later:close", "beside +L", "BeginMove 1, Stop, EndProcess"},
-        {"closing ends a dialog at once", "picPlay later:close", "+L -L",
-         "ChooseFile Select Media ..., Stop, EndProcess"},
-        {"closing ends a wait at once", "picForward later:close", "+R -R", "Stop, Stop, EndProcess"},
         {"a missing encoder is told", "menu:mnuRunPressdeck", "beside +R",
          "PopupMenu, MessageBox Pressdeck could not be found"},
     });
-}
-
-TEST(WindowBehaviour, TheMenuHasFourRows) {
-    Use use;
-    use.Do("beside +R -R +R");
-    EXPECT_EQ(use.window.MenuRows,
-              (std::vector<Text>{u"::QU><LLO.VELORA::", u"-", u"::MINIMIZE::", u"::EXIT QU><LLO.VELORA::"}));
 }

@@ -14,12 +14,8 @@ namespace {
 
 constexpr const char* kStates[] = {"Stopped", "Playing", "Paused", "SeekingForward", "SeekingBackward"};
 
-constexpr PictureBox Form::*kBoxes[] = {&Form::picVolume,   &Form::picStop,     &Form::picPlay,
-                                        &Form::picPause,    &Form::picBackward, &Form::picForward,
-                                        &Form::picPlaylist, &Form::picEject};
-
 // How many facts are told in front of what was asked: the boxes' pictures and the capture.
-constexpr std::size_t kFirstFacts = std::size(kBoxes) + 1;
+constexpr std::size_t kFirstFacts = std::size(Stage::kButtons) + 2;
 
 } // namespace
 
@@ -43,21 +39,20 @@ Use::Use(int tracks) {
     };
 
     using Value = const std::string&;
-    for (const auto box : kBoxes)
-        m_words[std::string((form.*box).Name)] = [this, box](Value) { Point(m_box = &(form.*box), 5, 5); };
+    for (const auto& [box, holder] : kButtons)
+        Words[std::string((form.*box).Name)] = [this, box](Value) { Point(m_box = &(form.*box), 5, 5); };
     for (const Control* control :
          std::initializer_list<const Control*>{&form.VFmp3scope1, &form.lblFilescroll, &form.lblStatusLabel,
-                                               &form.picBackground, &form.shpPercent[0]})
-        m_words[std::string(control->Name)] = [this, control](Value) { Point(control, 2, 2); };
+                                               &form.picBackground, &form.picVolume, &form.shpPercent[0]})
+        Words[std::string(control->Name)] = [this, control](Value) { Point(control, 2, 2); };
     const auto number = [](Value text) { return static_cast<Integer>(std::stoi(text)); };
-    m_words.merge(decltype(m_words){
+    Words.merge(decltype(Words){
         {"fresh", [this](Value) { SetPicture(*m_box, NewPicture()); }},
         {"showsplay", [this](Value) { SetPicture(form.picPlay, form.picPlay1.Picture); }},
         {"restored", [this](Value) { form.State = WindowState::Normal; }},
         {"untitled", [this](Value) { form.lblFilescroll.Caption.clear(); }},
         {"full", [this](Value) { velora.MediaLimit = velora.Count; }},
         {"count", [=, this](Value count) { velora.Count = number(count); }},
-        {"nomusic", [this](Value) { velora.MediaList[2].Type = 5; }},
         {"beside", [this](Value) { Point(nullptr, 410, 215); }},
         {"off", [this](Value) { Point(m_control, 5, 60); }},
         {"in", [this](Value) { Point(m_control, 5, 5); }},
@@ -73,6 +68,7 @@ Use::Use(int tracks) {
              loop.Post([this, deeds] { Do(deeds); });
          }},
         {"close", [this](Value) { handlers.OnClose(); }},
+        {"command", [this](Value line) { machine.Arguments = TextFromBytes(line); }},
         {"start", [this](Value) { Form_Load(velora); }},
         {"track", [=, this](Value index) { StartTrack(velora, number(index)); }},
         {"tags", [this](Value) { playerEvents.OnTagInfo(u"Moon", u"Tide", u"a", u"b", u"c", u"d"); }},
@@ -96,28 +92,18 @@ std::string Use::NameOf(const PicturePtr& picture) const {
 void Use::Do(const std::string& deeds) {
     std::istringstream words(deeds);
     for (std::string word; words >> word;) {
-        const std::size_t colon = word.find(':');
-        const auto known = m_words.find(word.substr(0, colon));
-        if (known != m_words.end())
+        const std::size_t colon = word.find(':'), comma = word.find(','), letter = "LRMS"s.find(word[1]);
+        if (const auto known = Words.find(word.substr(0, colon)); known != Words.end())
             known->second(word.substr(colon + 1));
+        else if (comma != std::string::npos)
+            Point(m_control, std::stoi(word.substr(word.find_first_not_of('='))),
+                  std::stoi(word.substr(comma + 1)), word[0] != '=');
+        else if (word.ends_with('s'))
+            loop.Wait(std::stod(word));
         else
-            DoOther(word);
+            Report(word[0] == '+' ? PointerKind::Press : PointerKind::Release, m_control, m_x, m_y,
+                   static_cast<Integer>(1 << (letter % 4)), m_keys);
     }
-}
-
-// "+L", "0.4s", "5,60" or "=5,60".
-void Use::DoOther(const std::string& word) {
-    const std::size_t comma = word.find(','), letter = "LRMS"s.find(word[1]);
-    const auto button = static_cast<Integer>(1 << (letter % 4));
-    if (comma != std::string::npos) {
-        const bool reported = !word.starts_with('=');
-        Point(m_control, std::stoi(word.substr(reported ? 0 : 1)), std::stoi(word.substr(comma + 1)),
-              reported);
-    } else if (word.ends_with('s'))
-        loop.Wait(std::stod(word));
-    else
-        Report(word[0] == '+' ? PointerKind::Press : PointerKind::Release, m_control, m_x, m_y, button,
-               m_keys);
 }
 
 void Use::Point(const Control* control, int x, int y, bool reported) {
@@ -163,10 +149,12 @@ std::vector<std::string> Use::Facts() const {
     const MouseCapture& capture = velora.Capture;
     const MediaEntry& last = velora.MediaList[static_cast<std::size_t>(velora.Count)];
     std::stringstream facts;
-    for (const auto member : kBoxes) {
-        const PictureBox& box = form.*member;
+    const auto add = [&](const PictureBox& box) {
         facts << box.Name << (box.Visible ? " " : " hidden ") << NameOf(box.Picture) << "\n";
-    }
+    };
+    add(form.picVolume);
+    for (const auto& [button, holder] : kButtons)
+        add(form.*button);
     facts << (capture.Active ? "held by " : "free") << (capture.Holder ? capture.Holder->Name : "") << "\n";
     facts << kStates[static_cast<int>(velora.PlayerState)] << "\ntrack " << velora.CurrentTrack << "\nseek "
           << velora.SeekOffset << "\nvolume " << form.lCurVol << "\nskin " << velora.CurrentSkin << "\nlimit "
@@ -187,14 +175,6 @@ std::vector<std::string> Use::Facts() const {
     return lines;
 }
 
-void ExpectUses(const std::vector<UseRow>& rows) {
-    for (const UseRow& row : rows) {
-        Use use;
-        use.Do(row.Before);
-        EXPECT_EQ(use.Tell(row.Deeds), row.Outcome) << row.Name;
-    }
-}
-
 Program::Program() : Use(0) {
     const std::string skins = directory.Path("VELORA_MAIN");
     std::filesystem::create_directory_symlink(VELORA_SOURCE_DIR "/app/VELORA_MAIN", skins);
@@ -202,5 +182,12 @@ Program::Program() : Use(0) {
         pictures.Known[PathText(entry.path().string())] =
             entry.path().stem() == "background" ? NullPictures::Size{500, 300} : NullPictures::Size{8, 8};
     machine.Directory = PathText(directory.Path());
-    velora.MediaLimit = 0;
+    velora.MediaLimit = 9;
+    Words["put"] = [this](std::string file) {
+        std::ranges::replace(file, '&', '\n');
+        for (std::size_t at; (at = file.find('~')) != std::string::npos;)
+            file.replace(at, 1, Utf8(machine.Directory));
+        const std::size_t end = file.find('=');
+        directory.Put(file.substr(0, end), file.substr(end + 1));
+    };
 }

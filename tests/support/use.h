@@ -29,13 +29,14 @@ public:
     /// The holder that a picture is from.
     std::string NameOf(const PicturePtr& picture) const;
 
+    /// The words, with what each does to what stands behind its colon.
+    std::map<std::string, std::function<void(const std::string&)>> Words;
+
 private:
     void Point(const Control* control, int x, int y, bool reported = true);
-    void DoOther(const std::string& word);
     std::string Outcome();
     std::vector<std::string> Facts() const;
 
-    std::map<std::string, std::function<void(const std::string&)>> m_words;
     PictureBox* m_box = nullptr;        ///< The one that was named last.
     const Control* m_control = nullptr; ///< Where the pointer is; none is the form itself.
     int m_x = 0, m_y = 0;
@@ -50,13 +51,20 @@ struct UseRow {
     std::string Name, Before, Deeds, Outcome;
 };
 
-void ExpectUses(const std::vector<UseRow>& rows);
-
 /// The program in a directory of its own with the product's skins, before its start, which is the word
-/// "start".
+/// "start". "put:a.ini=[x]&y=~" writes a file of two lines, `~` is the directory.
 class Program : public Use {
 public:
     Program();
 
     TempDirectory directory;
 };
+
+template<typename Kind = Use>
+void ExpectUses(const std::vector<UseRow>& rows) {
+    for (const auto& [name, before, deeds, outcome] : rows) {
+        Kind use;
+        use.Do(before);
+        EXPECT_EQ(use.Tell(deeds), outcome) << name;
+    }
+}

@@ -10,8 +10,8 @@
 
 using Lines = std::vector<std::string>;
 
-/// The form shows a background at (5, 7), six buttons of 30 by 20 pixels, a volume indicator, two labels and
-/// the visualisation; each pair of holders has pictures of its own, and the buttons are at rest.
+/// The form shows a background at (5, 7), seven buttons of 30 by 20 pixels, a volume indicator, two labels
+/// and the visualisation; each pair of holders has pictures of its own, and the buttons are at rest.
 struct Stage : NullPlatform {
     static constexpr PictureBox Form::*kHolders[] = {
         &Form::picPlay1,     &Form::picPlay2,     &Form::picStop1,     &Form::picStop2,
@@ -20,9 +20,10 @@ struct Stage : NullPlatform {
         &Form::picEject1,    &Form::picEject2};
     /// Each with its picture at rest.
     static constexpr std::pair<PictureBox Form::*, PictureBox Form::*> kButtons[] = {
-        {&Form::picPlay, &Form::picPlay1},         {&Form::picPause, &Form::picPause1},
-        {&Form::picBackward, &Form::picBackward1}, {&Form::picForward, &Form::picForeward1},
-        {&Form::picPlaylist, &Form::picPlaylist1}, {&Form::picEject, &Form::picEject1}};
+        {&Form::picStop, &Form::picStop1},        {&Form::picPlay, &Form::picPlay1},
+        {&Form::picPause, &Form::picPause1},      {&Form::picBackward, &Form::picBackward1},
+        {&Form::picForward, &Form::picForeward1}, {&Form::picPlaylist, &Form::picPlaylist1},
+        {&Form::picEject, &Form::picEject1}};
 
     Stage() : state(PartsWith(pictures)) {
         window.Attach(form);
@@ -71,10 +72,7 @@ struct Stage : NullPlatform {
 
 private:
     void Place(Control& control, Long left, Long top, Long width, Long height) {
-        control.Left = left;
-        control.Top = top;
-        control.Width = width;
-        control.Height = height;
+        std::tie(control.Left, control.Top, control.Width, control.Height) = {left, top, width, height};
         control.Visible = true;
     }
 
