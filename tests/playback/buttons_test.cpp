@@ -82,7 +82,11 @@ TEST(Buttons, OthersInOtherStates) {
         {"eject starts the file, here one that the list has", "track:1",
          "picEject file:\\music\\2_X.MP3 +L -L",
          ask + ", Stop, TrackFile 2_x.mp3, Play, track 2, in \\music, title 2_x ... "},
-        {"the dialog for a playlist, too, takes the mouse from a button that is still held", "",
+        {"eject with a key asks for a playlist and for its name", "",
+         "picEject ctrl file:\\lists\\l.m3u +L -L",
+         "click, over picEject1, ChooseFile Select Playlist ..., InputBox Velora: Name of playlist:, in "
+         "\\lists"},
+        {"with shift, too; that dialog takes the mouse from a button that is still held", "",
          "picEject +L +R shift -L | -R", "click, over picEject1, ChooseFile Select Playlist ... | "},
         {"the limits are -1 and the size, and both are strict", "picPause +L",
          "30,5 | 31,5 | 30,5 | 29,5 | 5,20 | 5,21 | 5,20 | 5,19 | "

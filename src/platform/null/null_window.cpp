@@ -1,6 +1,8 @@
 // Only what is up is compared and noted, as a real window would.
 #include "platform/null/null_window.h"
 
+#include <algorithm>
+
 void NullWindow::ShowFirst() {
     m_isUp = true;
     Shown = SceneOf(*m_form);
@@ -26,12 +28,8 @@ void NullWindow::BeginMove(Integer button) {
 
 std::size_t NullWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {
     m_journal.Note("PopupMenu");
-    MenuRows.clear();
-    std::size_t chosen = root;
-    for (const MenuEntry& entry : menu) {
-        if (entry.Level == menu[root].Level + 1 && entry.Visible) MenuRows.push_back(entry.Caption);
-        if (entry.Name == MenuChoice) chosen = static_cast<std::size_t>(&entry - menu.data());
-    }
+    const auto entry = std::ranges::find(menu, MenuChoice, &MenuEntry::Name);
+    const auto chosen = static_cast<std::size_t>(entry - menu.begin());
     if (WhileOpen) WhileOpen();
-    return chosen;
+    return chosen < menu.size() ? chosen : root;
 }

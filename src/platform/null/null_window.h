@@ -20,8 +20,7 @@ public:
     void BeginMove(Integer button) override;
     std::size_t PopupMenu(std::span<const MenuEntry> menu, std::size_t root) override;
 
-    std::string MenuChoice;     ///< Name of the entry that the user chooses next; empty dismisses the menu.
-    std::vector<Text> MenuRows; ///< The captions that the last menu showed.
+    std::string MenuChoice; ///< Name of the entry that the user chooses next; empty dismisses the menu.
     std::function<void()> WhileOpen; ///< Runs inside each menu and move.
     Scene Shown;
     std::vector<Rect> Damage;

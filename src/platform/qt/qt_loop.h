@@ -48,7 +48,7 @@ private:
     std::function<void()> m_afterEvent;
     TimerSchedule m_schedule;
     QTimer m_tick;
-    std::optional<std::int64_t> m_tickDueMs; ///< Empty while `m_tick` rests.
+    std::optional<std::int64_t> m_tickDueMs;                    ///< Empty while `m_tick` rests.
     std::multimap<std::int64_t, std::function<void()>> m_later; ///< By the moment at which each is due.
     std::mutex m_mutex;
     std::deque<std::function<void()>> m_tasks;
