@@ -1,10 +1,8 @@
 // The running text: what it says in which case, and how it turns.
 #include "display/ticker.h"
 
-#include <gtest/gtest.h>
-
 #include "display/characters.h"
-#include "support/null_platform.h"
+#include "support/velora_fixture.h"
 
 namespace {
 
@@ -32,19 +30,18 @@ TEST(Ticker, TurnsAndIsCutByWholeCharactersAndLooksAtNothingElse) {
     struct Row {
         TextView Text, Turned, WithoutFirst, WithoutLast;
     };
-    constexpr TextView kMoon = u"\U0001F319"; // Two places of a text.
-    NullPlatform platform;
-    NullPictures pictures;
-    Velora velora(platform.PartsWith(pictures));
+    Stage at;
+    Text& caption = at.form.lblFilescroll.Caption;
+    // A character of two places, and halves of one.
     for (const Row& row :
-         {Row{u"", u"", u"", u""}, Row{u"a", u"a", u"", u""}, Row{u"abc", u"bca", u"bc", u"ab"},
-          Row{kMoon, kMoon, u"", u""}, Row{u"\U0001F319a", u"a\U0001F319", u"a", u"\U0001F319"},
+         {Row{u"", u"", u"", u""}, Row{u"a", u"a", u"", u""}, Row{u"\U0001F319", u"\U0001F319", u"", u""},
+          Row{u"\U0001F319ab", u"ab\U0001F319", u"ab", u"\U0001F319a"},
           Row{u"ab\U0001F319", u"b\U0001F319a", u"b\U0001F319", u"ab"},
           Row{u"\xD83Cx", u"x\xD83C", u"x", u"\xD83C"}, Row{u"x\xDF19", u"\xDF19x", u"\xDF19", u"x"},
-          Row{kMoon.substr(0, 1), u"\xD83C", u"", u""}, Row{kMoon.substr(1), u"\xDF19", u"", u""}}) {
-        velora.frmMain.lblFilescroll.Caption = row.Text;
-        tmrScrollFiletitle_Timer(velora);
-        EXPECT_EQ(velora.frmMain.lblFilescroll.Caption, row.Turned);
+          Row{u"\xD83C", u"\xD83C", u"", u""}, Row{u"\xDF19", u"\xDF19", u"", u""}}) {
+        caption = row.Text;
+        tmrScrollFiletitle_Timer(at.velora);
+        EXPECT_EQ(caption, row.Turned);
         EXPECT_EQ(WithoutFirstCharacter(row.Text), row.WithoutFirst);
         EXPECT_EQ(WithoutLastCharacter(row.Text), row.WithoutLast);
     }

@@ -2,15 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <bitset>
-#include <limits>
 #include <random>
 
 #include "platform/regions.h"
 
 namespace {
 
-constexpr Long kMost = std::numeric_limits<Long>::max();
-constexpr Long kLeast = std::numeric_limits<Long>::min();
 constexpr Rect kOuter{0, 0, 48, 32};
 using Bitmap = std::bitset<48 * 32>;
 
@@ -51,66 +48,41 @@ bool HasPixels(const RegionTable& table, Long handle, const Bitmap& pixels) {
     Bitmap told;
     for (const Rect& part : region.Rectangles(kView))
         for (int y = part.Top + 9; y < part.Bottom + 9; ++y)
-            for (int x = part.Left + 20; x < part.Right + 20; ++x) {
-                if (told[std::size_t(y * 48 + x)]) return false;
-                told.set(std::size_t(y * 48 + x));
-            }
+            for (int x = part.Left + 20; x < part.Right + 20; ++x)
+                told.flip(std::size_t(y * 48 + x));
     return told == (pixels & Model(kView, 0, 0)) && region.IsEmpty() == pixels.none();
+}
+
+// A region of any of the three forms, whose sides and corners stand either way round, and its pixels.
+Long MakeRegion(RegionTable& table, std::mt19937& random, Bitmap& pixels) {
+    const auto below = [&](unsigned most) { return int(random() % most); };
+    const int left = below(44) - 4, top = below(30) - 4, width = below(60), height = below(40);
+    const int wide = below(30), high = below(23);
+    const Rect sides{left, top, left + width, top + height}, turned{left + width, top + height, left, top};
+    switch (random() % 3) {
+    case 0:
+        pixels = Model(sides, 0, 0);
+        return CreateRectRgn(table, kOuter, turned);
+    case 1:
+        pixels = Model(sides, width, height);
+        return CreateEllipticRgn(table, kOuter, sides);
+    default:
+        pixels = Model(sides, std::min(wide, width), std::min(high, height));
+        return CreateRoundRectRgn(table, kOuter, turned, -wide, high);
+    }
 }
 
 } // namespace
 
-TEST(RegionMakers, HaveThePixelsWhoseCentreLiesInTheFigureAndInTheWindow) {
-    for (int width = 0; width <= 60; width += 1 + width / 8)
-        for (int height = 0; height <= 40; height += 1 + width % 4) {
-            const int left = width % 11 - 4, top = height % 7 - 3;
-            const Rect sides{left, top, left + width, top + height};
-            // The sides and the corners may stand either way round.
-            const Rect turned{sides.Right, sides.Bottom, sides.Left, sides.Top};
-            const int high = std::min(width * 5 % 23, height), wide = std::min(height * 7 % 29, width);
-            RegionTable table;
-            EXPECT_TRUE(
-                HasPixels(table, CreateRectRgn(table, kOuter, turned), Model(sides, 0, 0)) &&
-                HasPixels(table, CreateEllipticRgn(table, kOuter, sides), Model(sides, width, height)) &&
-                HasPixels(table, CreateRoundRectRgn(table, kOuter, turned, -wide, high),
-                          Model(sides, wide, high)) &&
-                HasPixels(table, CreateRoundRectRgn(table, kOuter, sides, wide, kLeast),
-                          Model(sides, wide, height)))
-                << width << "x" << height << " corners " << wide << "x" << high;
-        }
-    RegionTable table;
-    constexpr Rect kLarge{-151, -2, 461, 610};
-    const auto large = FindRegion(table, CreateEllipticRgn(table, {0, 0, 700, 700}, kLarge));
-    for (int y = 0; y < 700; y += 3)
-        for (int x = 0; x < 700; ++x)
-            ASSERT_EQ(large->Holds(x, y), InRounded(x, y, kLarge, 612, 612)) << x << ", " << y;
-}
-
-TEST(RegionMakers, NoNumberIsTooLarge) {
-    RegionTable table;
-    const Rect whole{kLeast, kLeast, kMost, kMost}, turned{kMost, kMost, kLeast, kLeast};
-    for (const Long handle : {CreateRectRgn(table, kOuter, whole), CreateEllipticRgn(table, kOuter, whole),
-                              CreateRoundRectRgn(table, kOuter, turned, kMost, 0)})
-        EXPECT_TRUE(HasPixels(table, handle, ~Bitmap()));
-    for (const Long handle :
-         {CreateRectRgn(table, kOuter, {kMost - 1, 0, kMost, 30}),
-          CreateRectRgn(table, kOuter, {kLeast, kLeast, 0, 30}), CreateRectRgn(table, {}, {0, 0, 9, 9})})
-        EXPECT_TRUE(FindRegion(table, handle)->IsEmpty());
-}
-
-TEST(CombineRgn, WorksPixelByPixelInAnyOrderAndRefusesWhatIsNotThere) {
+TEST(Regions, HaveThePixelsOfTheirFormsAndCombineThem) {
     std::mt19937 random(7);
     RegionTable table;
     std::array<Bitmap, 9> model; // By handle. 0, 7 and 8 have no region.
-    for (int step = 0; step < 600; ++step) {
-        if (step % 20 == 0) {
-            table = {};
-            for (Long handle = 1; handle <= 6; ++handle) {
-                const int left = int(random() % 40), top = int(random() % 26), width = int(random() % 30);
-                const Rect sides{left, top, left + width, top + int(random() % 20)};
-                EXPECT_EQ(CreateEllipticRgn(table, kOuter, sides), handle);
-                model[std::size_t(handle)] = Model(sides, width, sides.Bottom - top);
-            }
+    for (int step = 0; step < 1500; ++step) {
+        for (Long handle = 1; step % 15 == 0 && handle <= 6; ++handle) {
+            if (handle == 1) table = {};
+            ASSERT_EQ(MakeRegion(table, random, model[std::size_t(handle)]), handle);
+            ASSERT_TRUE(HasPixels(table, handle, model[std::size_t(handle)])) << "step " << step;
         }
         const Long dest = random() % 9, first = random() % 9, second = random() % 9, mode = random() % 8;
         const auto known = [](Long handle) { return handle >= 1 && handle <= 6; };
@@ -123,17 +95,4 @@ TEST(CombineRgn, WorksPixelByPixelInAnyOrderAndRefusesWhatIsNotThere) {
         model[std::size_t(dest)] = Combined(model[std::size_t(first)], model[std::size_t(second)], mode);
         ASSERT_TRUE(HasPixels(table, dest, model[std::size_t(dest)])) << "step " << step;
     }
-}
-
-TEST(CombineRgn, EqualSetsAreEqualRegionsHoweverTheyCameAbout) {
-    RegionTable table;
-    const Long whole = CreateRectRgn(table, kOuter, {2, 2, 12, 12});
-    const Long left = CreateRectRgn(table, kOuter, {2, 2, 7, 12});
-    const Long right = CreateRectRgn(table, kOuter, {7, 2, 12, 12});
-    EXPECT_TRUE(CombineRgn(table, left, left, right, 2));
-    EXPECT_EQ(*FindRegion(table, left), *FindRegion(table, whole));
-    EXPECT_TRUE(CombineRgn(table, left, left, whole, 3));
-    EXPECT_EQ(*FindRegion(table, left), Region());
-    ReleaseRegion(table, whole);
-    EXPECT_EQ(FindRegion(table, whole), nullptr);
 }

@@ -1,7 +1,6 @@
-// The form as it comes up, literal by literal, and the size of its boxes.
+// The form as it comes up, literal by literal.
 #include <gtest/gtest.h>
 
-#include "state/stack.h"
 #include "support/form_text.h"
 
 TEST(Form, ComesUpAsItWasDrawn) {
@@ -30,26 +29,4 @@ TEST(Form, ComesUpAsItWasDrawn) {
     for (int light = 1; light <= kLights; ++light)
         expected += "; shpPercent 288,64 5x5 hidden unmade form 2 0 0";
     EXPECT_EQ(Changes({}, FormText(form)), expected);
-    std::array<std::string, 4> containers;
-    std::string tips;
-    for (const auto& [control, line] : ControlLines(form)) {
-        containers[std::size_t(control->Parent)] += Joined(control->Name, " ");
-        if (!control->ToolTip.empty()) tips += Joined(control->Name, " ", control->ToolTip, "; ");
-    }
-    EXPECT_EQ(containers[0], "picBackground picMemoryGFX picActiveX ");
-    EXPECT_EQ(containers[3], "Label1 ");
-    EXPECT_EQ(tips,
-              "picVolume ..:: wave volume ::..; picBackward ..:: backward in playlist (hold down shift to "
-              "seek backwards) ::..; picForward ..:: forward track (hold down shift to seek forward) "
-              "::..; picEject ..:: select file (hold shift+click to select a playlist) ::..; ");
-    EXPECT_EQ(form.Menu[MenuIndex(form, "mnuPlaylist")].Caption, u"<Empty>");
-    EXPECT_EQ(MenuIndex(form, "mnuHidden"), 0u);
-}
-
-TEST(Form, NoPictureLeavesTheSizeOfTheOneBefore) {
-    Form form;
-    SetPicture(form.picPlay, std::make_shared<NamedPicture>(70, 20, "a"));
-    SetPicture(form.picPlay, nullptr);
-    EXPECT_EQ(form.picPlay.Width * 1000 + form.picPlay.Height, 70020);
-    EXPECT_EQ(form.picPlay.Picture, nullptr);
 }

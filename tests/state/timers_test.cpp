@@ -29,9 +29,8 @@ TEST(TimerSchedule, LateTicksMergeIntoOneAndTheRhythmStays) {
     EXPECT_EQ(schedule.TakeDue(form, 100), &form.tmrScrollFiletitle) << "the other two aren't due";
     EXPECT_EQ(schedule.TakeDue(form, 100), nullptr);
     EXPECT_EQ(schedule.NextDue(form, 1050), 1050) << "late, but not in the past";
-    EXPECT_EQ(schedule.TakeDue(form, 1050), &form.tmrSeekBackward);
-    EXPECT_EQ(schedule.TakeDue(form, 1050), &form.tmrSeekForward);
-    EXPECT_EQ(schedule.TakeDue(form, 1050), &form.tmrScrollFiletitle);
+    for (const Timer* due : {&form.tmrSeekBackward, &form.tmrSeekForward, &form.tmrScrollFiletitle})
+        EXPECT_EQ(schedule.TakeDue(form, 1050), due);
     EXPECT_EQ(schedule.TakeDue(form, 1050), nullptr);
     form.tmrScrollFiletitle.Enabled = form.tmrSeekForward.Enabled = false;
     EXPECT_EQ(schedule.NextDue(form, 1050), 1250);

@@ -4,9 +4,9 @@
 
 #include <sstream>
 #include <string>
-#include <type_traits>
 #include <vector>
 
+#include "platform/rect.h"
 #include "state/form.h"
 
 using Lines = std::vector<std::string>;
@@ -19,61 +19,27 @@ struct NamedPicture : LoadedPicture {
 };
 
 inline std::string NameOf(const PicturePtr& picture) {
-    const auto* named = dynamic_cast<const NamedPicture*>(picture.get());
-    return named ? named->Name : picture ? "unnamed" : "-";
+    return picture ? dynamic_cast<const NamedPicture&>(*picture).Name : "-";
+}
+
+inline std::ostream& operator<<(std::ostream& stream, const Text& text) {
+    return stream << Utf8(text);
 }
 
 /// Texts and whatever else can be written to a stream, one after the other.
 template<typename... Parts>
 std::string Joined(const Parts&... parts) {
     std::ostringstream text;
-    const auto add = [&](const auto& part) {
-        if constexpr (std::is_same_v<decltype(part), const Text&>)
-            text << Utf8(part);
-        else
-            text << part;
-    };
-    (add(parts), ...);
+    (text << ... << parts);
     return text.str();
 }
 
-/// A control and its line: name, place, size, and what its kind has.
-struct ControlLine {
-    const Control* Source;
-    std::string Line;
-};
-
-inline std::vector<ControlLine> ControlLines(const Form& form) {
-    std::vector<ControlLine> lines;
-    const auto add = [&](const Control& control, const std::string& more = {}) {
-        lines.push_back(
-            {&control, Joined(control.Name, " ", control.Left, ",", control.Top, " ", control.Width, "x",
-                              control.Height, control.Visible ? "" : " hidden", more)});
-    };
-    const auto addBox = [&](const PictureBox& box) { add(box, " " + NameOf(box.Picture)); };
-    using F = Form;
-    for (const auto box :
-         {&F::picBackground,  &F::picMemoryGFX,   &F::picActiveX,   &F::picVolume,    &F::picPlay,
-          &F::picPause,       &F::picBackward,    &F::picForward,   &F::picPlaylist,  &F::picEject,
-          &F::picBackground1, &F::picBackground2, &F::picPlay1,     &F::picPlay2,     &F::picPause1,
-          &F::picPause2,      &F::picStop1,       &F::picStop2,     &F::picBackward1, &F::picBackward2,
-          &F::picForeward1,   &F::picForeward2,   &F::picPlaylist1, &F::picPlaylist2, &F::picEject1,
-          &F::picEject2,      &F::picStop})
-        addBox(form.*box);
-    std::string steps;
-    for (const PictureBox& box : form.picVolumeArray)
-        steps += " " + NameOf(box.Picture);
-    add(form.picVolumeArray[7], steps);
-    for (const Label* label : {&form.lblStatusLabel, &form.lblFilescroll, &form.Label1})
-        add(*label, Joined(" ", label->FontPx, " ", std::hex, label->ForeColour, " ", label->Caption));
-    add(form.VFmp3scope1);
-    for (const Shape& shape : form.shpPercent)
-        add(shape, Joined(shape.Exists ? "" : " unmade", " form ", int(shape.Form), " ", std::hex,
-                          shape.FillColour, " ", shape.BorderColour));
-    return lines;
+inline std::string TextOf(const Rect& rect) {
+    return Joined(rect.Left, ",", rect.Top, "-", rect.Right, ",", rect.Bottom);
 }
 
-/// The form's own lines, its timers' and its menu's, and those of all controls.
+/// The form's own lines, its timers' and its menu's, and one for each control: name, place, size, and what
+/// its kind has.
 inline Lines FormText(const Form& form) {
     Lines lines{Joined("frmMain ", form.Width, "x", form.Height, " ", int(form.State), " ", form.Caption),
                 Joined("step ", form.lCurVol)};
@@ -82,8 +48,29 @@ inline Lines FormText(const Form& form) {
     for (const MenuEntry& entry : form.Menu)
         lines.push_back(Joined(entry.Level, " ", entry.Name, entry.Visible ? "" : " hidden",
                                entry.Enabled ? " " : " grey ", entry.Caption));
-    for (const ControlLine& control : ControlLines(form))
-        lines.push_back(control.Line);
+    const auto add = [&](const Control& control, const std::string& more) {
+        lines.push_back(Joined(control.Name, " ", control.Left, ",", control.Top, " ", control.Width, "x",
+                               control.Height, control.Visible ? "" : " hidden", more));
+    };
+    using F = Form;
+    for (const auto box :
+         {&F::picBackground,  &F::picMemoryGFX,   &F::picActiveX,   &F::picVolume,    &F::picPlay,
+          &F::picPause,       &F::picBackward,    &F::picForward,   &F::picPlaylist,  &F::picEject,
+          &F::picBackground1, &F::picBackground2, &F::picPlay1,     &F::picPlay2,     &F::picPause1,
+          &F::picPause2,      &F::picStop1,       &F::picStop2,     &F::picBackward1, &F::picBackward2,
+          &F::picForeward1,   &F::picForeward2,   &F::picPlaylist1, &F::picPlaylist2, &F::picEject1,
+          &F::picEject2,      &F::picStop})
+        add(form.*box, " " + NameOf((form.*box).Picture));
+    std::string steps;
+    for (const PictureBox& box : form.picVolumeArray)
+        steps += " " + NameOf(box.Picture);
+    add(form.picVolumeArray[7], steps);
+    for (const Label* label : {&form.lblStatusLabel, &form.lblFilescroll, &form.Label1})
+        add(*label, Joined(" ", label->FontPx, " ", std::hex, label->ForeColour, " ", label->Caption));
+    add(form.VFmp3scope1, "");
+    for (const Shape& shape : form.shpPercent)
+        add(shape, Joined(shape.Exists ? "" : " unmade", " form ", int(shape.Form), " ", std::hex,
+                          shape.FillColour, " ", shape.BorderColour));
     return lines;
 }
 

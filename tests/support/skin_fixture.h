@@ -33,17 +33,10 @@ inline std::string SkinText(std::string words, const std::string& head = "Width=
 }
 
 struct SkinMachine : NullPlatform {
-    explicit SkinMachine(const TempDirectory& place) : directory(place) {
-        machine.Directory = directory.PathText("program");
-        velora.SkinsIni = directory.PathText("velskins.ini");
-    }
-
     /// Writes a skin file and loads it; the slot's number.
-    Integer Load(std::string_view text, std::string_view name = "skin.vs4") {
-        return LoadSkinFile(velora, directory.Put(name, text));
-    }
-    Integer Apply(std::string_view text, std::string_view name = "skin.vs4") {
-        const Integer slot = Load(text, name);
+    Integer Load(std::string_view text) { return LoadSkinFile(velora, directory.Put("skin.vs4", text)); }
+    Integer Apply(std::string_view text) {
+        const Integer slot = Load(text);
         ApplySkin(velora, slot);
         return slot;
     }
@@ -52,7 +45,7 @@ struct SkinMachine : NullPlatform {
         std::string text = form.Region ? "region" : "no region";
         if (form.Region)
             for (const Rect& part : form.Region->Rectangles({0, 0, 20000, 20000}))
-                text += Joined(" ", part.Left, ",", part.Top, "-", part.Right, ",", part.Bottom);
+                text += " " + TextOf(part);
         return text;
     }
 
@@ -64,48 +57,29 @@ struct SkinMachine : NullPlatform {
         return line;
     }
 
-    /// The form, the region, the records of the skins and what dialogs and player were asked.
+    /// The form, the region, the settings and volumes of the skins and what dialogs and player were asked.
     [[nodiscard]] Lines All() const {
         Lines lines = FormText(form);
         lines.push_back(RegionText());
-        for (std::size_t slot = 0; slot < velora.Skins.size(); ++slot)
-            AddRecord(lines, velora.Skins[slot], Joined("skin ", slot));
+        for (const SkinRecord& skin : velora.Skins) {
+            lines.push_back(Joined("skin ", &skin - velora.Skins.data(), skin.Loaded ? " " : " empty ",
+                                   skin.Directory, "|", skin.FileName, "|", skin.Name, "|", skin.Author, "|",
+                                   skin.Graphic, "|", skin.Playlist, " type ", skin.Type, " ", skin.Width,
+                                   "x", skin.Height, " at ", skin.Left, ",", skin.Top, " with ",
+                                   skin.ShapeCount, " and ", skin.ObjectCount));
+            lines.push_back("steps");
+            for (std::size_t at = 1; at <= kVolumeSteps; ++at)
+                lines.back() +=
+                    Joined(" ", skin.VolumeX[at], ",", skin.VolumeY[at], " ", skin.VolumeImages[at]);
+        }
         lines.insert(lines.end(), journal.Lines.begin(), journal.Lines.end());
         for (std::string& line : lines)
             line = Short(line);
         return lines;
     }
 
-    const TempDirectory& directory;
+    const TempDirectory directory;
     FilePictures pictures;
     Velora velora{PartsWith(pictures)};
     Form& form = velora.frmMain;
-
-private:
-    static void AddRecord(Lines& lines, const SkinRecord& skin, const std::string& name) {
-        lines.push_back(Joined(name, skin.Loaded ? " " : " empty ", skin.Directory, "|", skin.FileName, "|",
-                               skin.Name, "|", skin.Author, "|", skin.Graphic, "|", skin.Playlist, " type ",
-                               skin.Type, " ", skin.Width, "x", skin.Height, " at ", skin.Left, ",", skin.Top,
-                               " with ", skin.ShapeCount, " and ", skin.ObjectCount));
-        for (std::size_t at = 0; at < skin.Regions.size(); ++at) {
-            const SkinRegionRecord& region = skin.Regions[at];
-            lines.push_back(Joined(name, " region ", at, " ", region.Enabled.Value, " ", region.Name,
-                                   " type ", region.Type, " ", region.X1, ",", region.Y1, "-", region.X2, ",",
-                                   region.Y2, " corner ", region.X3, "x", region.Y3, " mode ",
-                                   region.CombineMode, ": ", region.DestRgn, " from ", region.SrcRgn1, ",",
-                                   region.SrcRgn2));
-        }
-        for (std::size_t at = 0; at < skin.Objects.size(); ++at) {
-            const SkinObjectRecord& object = skin.Objects[at];
-            lines.push_back(Joined(name, " object ", at, " ", object.Enabled.Value, " ", object.Name,
-                                   " type ", object.Type, " ", object.Left, ",", object.Top, " ",
-                                   object.Width, "x", object.Height, " ", object.FileName, " ",
-                                   object.FileName2));
-        }
-        lines.push_back(name + " steps");
-        for (std::size_t at = 0; at < skin.VolumeX.size(); ++at)
-            if (!skin.VolumeImages[at].empty() || skin.VolumeX[at] != 0 || skin.VolumeY[at] != 0)
-                lines.back() +=
-                    Joined(" ", skin.VolumeX[at], ",", skin.VolumeY[at], " ", skin.VolumeImages[at]);
-    }
 };
