@@ -1,7 +1,6 @@
 // A sound server of a test's own, with one silent sink, and a recorder of what that sink gets.
 #pragma once
 
-#include <csignal>
 #include <cstdint>
 #include <string>
 #include <sys/types.h>
@@ -19,31 +18,25 @@ enum class TestSink { Null, Pipe };
 class PrivatePulseServer {
 public:
     /// Starts the server; `IsRunning` tells whether that worked.
-    explicit PrivatePulseServer(TestSink sink = TestSink::Null);
+    explicit PrivatePulseServer(TestSink sink) : m_sink(sink) { Start(); }
     ~PrivatePulseServer() { Kill(); }
-    PrivatePulseServer(const PrivatePulseServer&) = delete;
-    PrivatePulseServer& operator=(const PrivatePulseServer&) = delete;
 
-    /// Whether the programs are there.
-    [[nodiscard]] static bool CanRun();
-
-    /// Starts it (again) and waits until it listens. False if it doesn't within ten seconds.
+    /// Starts it (again) and waits until it listens. False if it doesn't.
     bool Start();
     /// Ends it as a crash would.
     void Kill();
-    /// From now on it is there, but never answers.
-    void Freeze() const { kill(m_process, SIGSTOP); }
     [[nodiscard]] bool IsRunning() const { return m_process > 0; }
     /// What `PULSE_SERVER` is to be.
-    [[nodiscard]] std::string Address() const { return "unix:" + m_directory.Path("native"); }
-    [[nodiscard]] std::string Directory() const { return m_directory.Path(); }
-    [[nodiscard]] TestSink Sink() const { return m_sink; }
+    [[nodiscard]] std::string Address() const { return "unix:" + m_files.Path("native"); }
     /// What a run of `pactl` with these arguments prints.
     [[nodiscard]] std::string Ask(const std::string& arguments) const;
 
 private:
+    friend class SoundRecorder;
+    [[nodiscard]] std::string Line(const std::string& program, const std::string& output) const;
+
     TestSink m_sink;
-    TempDirectory m_directory;
+    TempDirectory m_files;
     pid_t m_process = -1;
 };
 
@@ -53,13 +46,11 @@ class SoundRecorder {
 public:
     explicit SoundRecorder(const PrivatePulseServer& server);
     ~SoundRecorder();
-    SoundRecorder(const SoundRecorder&) = delete;
-    SoundRecorder& operator=(const SoundRecorder&) = delete;
 
     /// All interleaved samples so far.
     [[nodiscard]] std::vector<std::int16_t> Samples() const;
 
 private:
-    std::string m_file;
-    pid_t m_process = -1;
+    const TempDirectory& m_files;
+    pid_t m_process;
 };

@@ -2,36 +2,28 @@
 // waits for anybody. It plays on the silent clock, which runs faster here.
 #include <algorithm>
 #include <atomic>
-#include <cstring>
 #include <filesystem>
 #include <semaphore>
 #include <sys/stat.h>
 #include <thread>
 
 #include "platform/audio/player_fixture.h"
+#include "platform/audio/track_session.h"
 #include "platform/paths.h"
 
 namespace {
 
-AudioSettings Silent(double speed) {
-    AudioSettings settings;
-    settings.UseServer = false;
-    settings.ClockSpeed = speed;
-    return settings;
-}
-
 using AudioPlayerTest = PlayerTest;
 
 TEST_F(AudioPlayerTest, AFileTellsItsFactsThenItsPlacesAndOnceItsEnd) {
-    Make(Silent(20));
+    Make(20);
     // The second has neither tags nor a length, so it is scanned.
     for (const auto& [options, facts] :
          {std::pair("-b 128 --tt Moon --ta Sun", "tag=Moon/Sun//// stream=128/44100/2 length=2000 p"),
           std::pair("-V5 -t", "tag=///// stream=")}) {
-        m_log = {};
         Start(Song("song.mp3", 2000, options));
         ASSERT_TRUE(UntilEnd());
-        EXPECT_EQ(m_log.Told.substr(0, std::strlen(facts)), facts);
+        EXPECT_EQ(m_log.Told.find(facts), 0U) << m_log.Told;
         EXPECT_NEAR(m_log.LengthMs, 2000, 100);
         EXPECT_EQ(m_log.Told.find_first_of("tsl", m_log.Told.find(" p")), std::string::npos);
         EXPECT_TRUE(std::is_sorted(m_log.Positions.begin(), m_log.Positions.end()));
@@ -39,30 +31,29 @@ TEST_F(AudioPlayerTest, AFileTellsItsFactsThenItsPlacesAndOnceItsEnd) {
 }
 
 TEST_F(AudioPlayerTest, WhatCanNotBePlayedTellsNothingAndTheNextOnePlays) {
-    Make(Silent(10));
+    Make(10);
     m_player->TogglePause();
     m_player->Seek(5);
     const std::string fifo = m_media.Directory() + "/fifo.mp3";
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
-    std::filesystem::create_directories(m_media.Directory() + "/a");
-    std::filesystem::create_directories(m_media.Directory() + "/b/Sub");
+    m_media.Write("a/other.mp3", "");
     Song("b/Sub/song.mp3", 1000, "-b 64 --tt Second");
-    for (const Text& path :
-         {Text(), Text(u"\\nowhere\\x.mp3"), PathText(fifo), PathText(m_media.Directory() + "/a"),
-          m_media.Write("text.mp3", "These are words."), m_media.Write("empty.mp3", "")}) {
+    const Text directory = PathText(m_media.Directory());
+    for (const Text& path : {Text(), Text(u"\\nowhere\\x.mp3"), PathText(fifo), directory,
+                             m_media.Write("text.mp3", "These are words.")}) {
         Start(path);
         m_player->TogglePause();
         m_player->Seek(10);
     }
     // A relative path is looked for in the given directories, in their order.
-    m_player->LookIn({PathText(m_media.Directory() + "/a"), PathText(m_media.Directory() + "/b") + u"\\"});
+    m_player->LookIn({directory + u"\\a", directory + u"\\b\\"});
     Start(u"sub\\SONG.mp3");
     ASSERT_TRUE(UntilEnd());
-    EXPECT_EQ(m_log.Told.substr(0, 16), "tag=Second///// ");
+    EXPECT_EQ(m_log.Told.find("tag=Second///// "), 0U);
 }
 
 TEST_F(AudioPlayerTest, EachCommandReachesTheTrack) {
-    Make(Silent(5));
+    Make(5);
     m_player->SetSight(false, true);
     Start(Song("song.mp3", 40000, "-b 32"));
     // Unseen, the place is told once or twice a second, which is five of the track's here.
@@ -80,8 +71,7 @@ TEST_F(AudioPlayerTest, EachCommandReachesTheTrack) {
     m_player->Seek(20);
     m_player->Seek(-2);
     m_player->Seek(0);
-    const Long held = m_log.Positions.back();
-    m_log.Positions.clear();
+    const Long held = std::exchange(m_log.Positions, {}).back();
     m_loop.Turn();
     EXPECT_TRUE(m_log.Positions.empty());
     m_player->TogglePause();
@@ -93,26 +83,16 @@ TEST_F(AudioPlayerTest, EachCommandReachesTheTrack) {
 }
 
 TEST_F(AudioPlayerTest, AStopDropsEventsThatAreAlreadyPosted) {
-    struct CountingLoop : NullLoop {
-        void Post(std::function<void()> task) override {
-            NullLoop::Post(std::move(task));
-            ++Posts;
-        }
-        std::atomic<int> Posts = 0;
-    } loop;
-    m_player = std::make_unique<AudioPlayer>(loop, Silent(5));
-    m_player->Attach(m_log);
-    Start(Song("first.mp3", 2000, "-b 64 --tt First"));
-    // Tag, stream, length and a place.
-    while (loop.Posts < 4)
-        std::this_thread::yield();
+    Make(5);
+    m_player->SetSight(true, true);
+    Start(Song("song.mp3", 2000));
+    // The facts are told before the first sound.
+    SampleFrame frame;
+    ASSERT_TRUE(WaitUntil([&] { return m_player->Ring().Take(1, frame); }));
     m_player->Stop();
-    loop.Turn();
+    m_loop.Turn();
     EXPECT_EQ(m_log.Told, "");
-    Start(Song("second.mp3", 1000, "-b 64 --tt Second"));
-    ASSERT_TRUE(loop.RunUntil([&] { return m_log.HasEnded(); }, 30000));
-    EXPECT_EQ(m_log.Told.substr(0, 16), "tag=Second///// ");
-    m_player.reset();
+    EXPECT_TRUE(m_log.Frames.empty());
 }
 
 TEST_F(AudioPlayerTest, AHandlerThatWaitsNeitherReordersNorStrandsEvents) {
@@ -126,17 +106,16 @@ TEST_F(AudioPlayerTest, AHandlerThatWaitsNeitherReordersNorStrandsEvents) {
         NullLoop* Inner = nullptr;
     } log;
     log.Inner = &m_loop;
-    Make(Silent(5));
+    Make(5);
     m_player->Attach(log);
     Start(Song("song.mp3", 2000, "-b 128"));
-    ASSERT_TRUE(Until([&] { return log.HasEnded(); }));
-    const std::string facts = "tag=///// stream=128/44100/2 length=2000 waited p";
-    EXPECT_EQ(log.Told.substr(0, facts.size()), facts);
+    EXPECT_TRUE(Until([&] { return log.HasEnded(); }));
+    EXPECT_EQ(log.Told.find("tag=///// stream=128/44100/2 length=2000 waited p"), 0U) << log.Told;
     m_player.reset();
 }
 
 TEST_F(AudioPlayerTest, AThousandQuickChangesEndWithTheLastTrack) {
-    Make(Silent(5));
+    Make(5);
     const Text first = Song("first.mp3", 3000, "-b 64 --tt First");
     const Text last = Song("last.mp3", 1000, "-b 64 --tt Last");
     for (int i = 0; i < 1000; ++i) {
@@ -145,10 +124,9 @@ TEST_F(AudioPlayerTest, AThousandQuickChangesEndWithTheLastTrack) {
         if (i % 5 == 0) m_player->Seek(i % 3 - 1);
         if (i % 50 == 0) m_loop.Turn();
     }
-    m_log = {};
     Start(last);
     ASSERT_TRUE(UntilEnd());
-    EXPECT_EQ(m_log.Told.substr(0, 14), "tag=Last///// ");
+    EXPECT_EQ(m_log.Told.find("tag=Last///// "), 0U) << m_log.Told;
 }
 
 TEST_F(AudioPlayerTest, AReaderThatHangsHoldsNobodyUp) {
@@ -158,15 +136,14 @@ TEST_F(AudioPlayerTest, AReaderThatHangsHoldsNobodyUp) {
         std::counting_semaphore<> LetGo{0};
     };
     const auto hanging = std::make_shared<Hanging>();
-    AudioSettings settings = Silent(5);
-    settings.Open = [hanging](const Text& path) {
+    m_settings.Open = [hanging](const Text& path) {
         if (path.find(u"hangs") != Text::npos) {
             hanging->Entered.release();
             hanging->LetGo.acquire();
         }
         return OpenForReading(TextView(path));
     };
-    Make(std::move(settings));
+    Make(5);
     const Text hangs = Song("hangs.mp3", 1000, "-b 64 --tt Hangs");
     Start(hangs);
     hanging->Entered.acquire();
@@ -174,11 +151,36 @@ TEST_F(AudioPlayerTest, AReaderThatHangsHoldsNobodyUp) {
     m_player->Seek(5);
     Start(Song("plays.mp3", 1000, "-b 64 --tt Plays"));
     EXPECT_TRUE(UntilEnd());
-    EXPECT_EQ(m_log.Told.substr(0, 15), "tag=Plays///// ");
+    EXPECT_EQ(m_log.Told.find("tag=Plays///// "), 0U) << m_log.Told;
     // The player goes while a reader still hangs.
     Start(hangs);
     m_player.reset();
     hanging->LetGo.release(2);
+}
+
+TEST(TrackSessionTest, TheReaderFillsTheQueueAndSleepsUntilHalfIsTakenAndIsHandedTheIndex) {
+    TrackSession session(std::make_shared<Bell>());
+    session.SetFacts({{44100, 2}, 7, {}, {}}, 60);
+    std::atomic<int> pushed = 0;
+    std::thread reader([&] {
+        int serial = 0;
+        std::optional<SeekRequest> seek;
+        while (session.WaitForWork(serial, seek)) {
+            if (seek) serial = seek->Serial;
+            session.Push(serial, {++pushed, Samples16(2 * 10)});
+        }
+    });
+    EXPECT_TRUE(WaitUntil([&] { return pushed >= 6; }));
+    for (int chunk = 1; chunk <= 3; ++chunk)
+        EXPECT_EQ(session.TakeChunk().value_or(Chunk{}).StartFrame, chunk);
+    EXPECT_TRUE(WaitUntil([&] { return pushed >= 9; }));
+    session.RequestSeek(30);
+    EXPECT_TRUE(WaitUntil([&] { return pushed >= 15; }));
+    session.Quit();
+    reader.join();
+    EXPECT_EQ(pushed, 15);
+    session.SetScan(LengthScan{77, {{3, 5}, 9}});
+    EXPECT_EQ(session.TakeIndex().value_or(FrameIndex{}).Step, 9);
 }
 
 } // namespace

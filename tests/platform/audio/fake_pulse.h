@@ -1,9 +1,11 @@
 // A model of a sound server that answers libpulse's functions, for one connection and one stereo stream. As
-// long as a `FakePulse` lives, the player's clock is its clock, which a test moves.
+// long as a `FakePulse` lives, the player's clock is its clock, which a test moves; without one each function
+// is libpulse's own. For one source file, since it defines them.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
+#include <dlfcn.h>
 #include <pulse/pulseaudio.h>
 #include <string>
 #include <utility>
@@ -14,15 +16,13 @@
 struct FakePulse {
     FakePulse() { Present = this; }
     ~FakePulse() { Present = nullptr; }
-    FakePulse(const FakePulse&) = delete;
-    FakePulse& operator=(const FakePulse&) = delete;
 
     int Note(const std::string& what) {
         const std::int64_t us = NowUs - kStartUs;
-        if (NowUs != NotedUs) Journal += "@" + std::to_string(us / 1000) + (us % 1000 ? "+ " : " ");
-        NotedUs = NowUs;
+        if (NowUs != std::exchange(NotedUs, NowUs))
+            Journal += "@" + std::to_string(us / 1000) + (us % 1000 ? "+ " : " ");
         Journal += what + " ";
-        return Refuses ? -1 : 0;
+        return -Refuses;
     }
     pa_operation* Ask(const std::string& what) {
         if (Note(what) < 0) return nullptr;
@@ -48,23 +48,61 @@ struct FakePulse {
     int Write(const std::int16_t* samples, std::size_t bytes, std::int64_t offset) {
         Settle();
         Last.assign(samples, samples + bytes / 2);
-        const auto frames = static_cast<std::int64_t>(bytes) / FrameBytes();
+        if (offset == 0) Written += static_cast<std::int64_t>(bytes) / FrameBytes();
         const std::int16_t end = samples[bytes / 2 - Spec.channels];
-        const bool goesOn = offset == 0 && samples[0] == Queued + 1;
-        Queued = end;
-        if (offset == 0) Written += frames;
-        if (goesOn) return -Refuses;
+        if (std::exchange(Queued, end) + 1 == samples[0] && offset == 0) return -Refuses;
         return Note("w=" + std::to_string(samples[0]) + ".." + std::to_string(end) +
                     (offset ? "/" + std::to_string(offset / FrameBytes()) : ""));
     }
-    void AskTiming(pa_stream_success_cb_t call) {
+    pa_stream* Open(const std::string& name, const pa_sample_spec& spec) {
+        Note("open=" + name);
+        Spec = spec;
+        Stream = PA_STREAM_CREATING;
+        Corked = false;
+        Read = Written = Queued = 0;
+        ++Streams;
+        return StreamPointer();
+    }
+    int Connect(const pa_buffer_attr& buffer) {
+        WantedFrames = buffer.tlength / FrameBytes();
+        std::string note = "buffer";
+        for (const std::uint32_t n :
+             {buffer.maxlength, buffer.tlength, buffer.prebuf, buffer.minreq, buffer.fragsize})
+            note += "/" + std::to_string(static_cast<std::int32_t>(n));
+        return Details ? Note(note) : -Refuses;
+    }
+    pa_operation* Cork(bool corked) {
         Settle();
+        Corked = corked;
+        return Ask(corked ? "cork" : "uncork");
+    }
+    pa_operation* Flush() {
+        Settle();
+        Written = Read;
+        Queued = 0;
+        return Ask("flush");
+    }
+    std::size_t RoomBytes() {
+        Settle();
+        const std::int64_t room = std::max<std::int64_t>(0, WantedFrames - (Written - Read));
+        if (RoomFrames == -2) return -1;
+        return FrameBytes() * (RoomFrames < 0 ? room : RoomFrames);
+    }
+    pa_operation* AskTiming(pa_stream_success_cb_t call, void* who) {
+        Settle();
+        Asker = who;
         pa_timing_info timing = Extra;
         timing.read_index = FrameBytes() * Read;
         timing.playing = Read < Written;
         timing.since_underrun =
             static_cast<std::uint64_t>((NowUs - DryUs) * Spec.rate / 1'000'000 * FrameBytes());
-        Questions.push_back({call, timing, NowUs});
+        if (!Refuses) Questions.push_back({call, timing, NowUs});
+        return Ask("ask");
+    }
+    void Suspend(bool suspended) {
+        Settle();
+        Suspended = suspended;
+        OnSuspended(StreamPointer(), Asker);
     }
     void Settle() {
         if (Read < Written && !Corked && !Suspended) {
@@ -89,7 +127,7 @@ struct FakePulse {
     bool Knows = true;            ///< Its answers are answers.
     bool Refuses = false;         ///< Every request fails at once.
     bool Details = false;         ///< The stream's buffer is noted.
-    std::int64_t RoomFrames = -1; ///< How much it asks for, whatever is queued.
+    std::int64_t RoomFrames = -1; ///< How much it asks for, whatever is queued; -2: it doesn't tell.
     bool Suspended = false;
     pa_context_state_t Context = PA_CONTEXT_UNCONNECTED;
     pa_stream_state_t Stream = PA_STREAM_UNCONNECTED;
@@ -107,7 +145,6 @@ struct FakePulse {
     std::vector<Question> Questions;
     pa_timing_info Timing{};
     void* Asker = nullptr;
-    pa_stream_notify_cb_t OnMoved = nullptr;
     pa_stream_notify_cb_t OnSuspended = nullptr;
     std::vector<std::int16_t> Last; ///< What was written last.
 
@@ -119,3 +156,65 @@ struct FakePulse {
     std::int64_t SinceUs = 0;
     std::int64_t DryUs = 0;
 };
+
+/// Defines a function of libpulse's: its result, name, parameters, arguments, and the answer.
+#define FAKE(result, function, parameters, arguments, ...)                                                   \
+    result function parameters {                                                                             \
+        static const auto next = reinterpret_cast<decltype(&function)>(dlsym(RTLD_NEXT, #function));         \
+        FakePulse* const fake = FakePulse::Present;                                                          \
+        if (!fake) return next arguments;                                                                    \
+        __VA_ARGS__;                                                                                         \
+    }
+
+using Done = pa_stream_success_cb_t;
+using Told = pa_stream_notify_cb_t;
+
+extern "C" {
+
+FAKE(pa_usec_t, pa_rtclock_now, (), (), return static_cast<pa_usec_t>(fake->NowUs))
+FAKE(void, pa_operation_unref, (pa_operation * asked), (asked), --fake->Operations)
+
+FAKE(pa_context*, pa_context_new_with_proplist,
+     (pa_mainloop_api * loop, const char* name, const pa_proplist* p), (loop, name, p), fake->Note("dial");
+     return reinterpret_cast<pa_context*>(fake))
+FAKE(int, pa_context_connect,
+     (pa_context * context, const char* server, pa_context_flags_t flags, const pa_spawn_api* api),
+     (context, server, flags, api), fake->Context = PA_CONTEXT_CONNECTING;
+     return -fake->Refuses)
+FAKE(pa_context_state_t, pa_context_get_state, (const pa_context* context), (context), return fake->Context)
+FAKE(void, pa_context_disconnect, (pa_context * context), (context), fake->Note("hangup"))
+FAKE(void, pa_context_unref, (pa_context * context), (context), fake->Note("forget"))
+
+FAKE(pa_stream*, pa_stream_new_with_proplist,
+     (pa_context * context, const char* name, const pa_sample_spec* spec, const pa_channel_map* map,
+      pa_proplist* p),
+     (context, name, spec, map, p), return fake->Open(name, *spec))
+FAKE(int, pa_stream_connect_playback,
+     (pa_stream * stream, const char* device, const pa_buffer_attr* buffer, pa_stream_flags_t flags,
+      const pa_cvolume* volume, pa_stream* other),
+     (stream, device, buffer, flags, volume, other), return fake->Connect(*buffer))
+FAKE(pa_stream_state_t, pa_stream_get_state, (const pa_stream* stream), (stream), return fake->Stream)
+FAKE(std::size_t, pa_stream_writable_size, (const pa_stream* stream), (stream), return fake->RoomBytes())
+FAKE(int, pa_stream_write,
+     (pa_stream * stream, const void* samples, std::size_t bytes, pa_free_cb_t free, std::int64_t offset,
+      pa_seek_mode_t mode),
+     (stream, samples, bytes, free, offset, mode),
+     return fake->Write(static_cast<const std::int16_t*>(samples), bytes, offset))
+FAKE(pa_operation*, pa_stream_cork, (pa_stream * stream, int corked, Done call, void* who),
+     (stream, corked, call, who), return fake->Cork(corked))
+FAKE(pa_operation*, pa_stream_flush, (pa_stream * stream, Done call, void* who), (stream, call, who),
+     return fake->Flush())
+FAKE(pa_operation*, pa_stream_set_name, (pa_stream * stream, const char* name, Done call, void* who),
+     (stream, name, call, who), return fake->Ask(std::string("name=") + name))
+FAKE(pa_operation*, pa_stream_update_timing_info, (pa_stream * stream, Done call, void* who),
+     (stream, call, who), return fake->AskTiming(call, who))
+FAKE(const pa_timing_info*, pa_stream_get_timing_info, (pa_stream * stream), (stream), return &fake->Timing)
+FAKE(int, pa_stream_is_suspended, (const pa_stream* stream), (stream), return fake->Suspended)
+FAKE(const pa_sample_spec*, pa_stream_get_sample_spec, (pa_stream * stream), (stream), return &fake->Spec)
+FAKE(void, pa_stream_set_suspended_callback, (pa_stream * stream, Told call, void* who), (stream, call, who),
+     fake->OnSuspended = call)
+FAKE(void, pa_stream_set_moved_callback, (pa_stream * stream, Told call, void* who), (stream, call, who))
+FAKE(int, pa_stream_disconnect, (pa_stream * stream), (stream), return fake->Note("leave"))
+FAKE(void, pa_stream_unref, (pa_stream * stream), (stream), fake->Note("free"))
+
+} // extern "C"

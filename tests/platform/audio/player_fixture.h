@@ -1,4 +1,4 @@
-// A player with a listener, and files for it to play.
+// A player with a listener that keeps all it is told, and files for it to play.
 #pragma once
 
 #include <functional>
@@ -6,17 +6,50 @@
 #include <memory>
 
 #include "platform/audio/audio_player.h"
-#include "platform/audio/event_log.h"
 #include "platform/audio/media_maker.h"
 #include "platform/null/null_loop.h"
+#include "platform/text.h"
+
+struct EventLog : PlayerEvents {
+    void OnStreamInfo(Integer Bitrate, Long SampleRate, Integer Channels) override {
+        Note("stream=" + std::to_string(Bitrate) + "/" + std::to_string(SampleRate) + "/" +
+             std::to_string(Channels));
+    }
+    void OnTagInfo(const Text& Title, const Text& Artist, const Text& Album, const Text& Year,
+                   const Text& Comment, const Text& Genre) override {
+        Note("tag=" +
+             Utf8(Title + u"/" + Artist + u"/" + Album + u"/" + Year + u"/" + Comment + u"/" + Genre));
+    }
+    void OnTrackLength(Long Length) override {
+        LengthMs = Length;
+        Note("length=" + std::to_string(Length));
+    }
+    void OnVisData(Long VisData) override { Frames.push_back(VisData); }
+    void OnPosition(Long Position) override {
+        Positions.push_back(Position);
+        Note("p" + std::to_string(Position));
+    }
+    virtual void Note(const std::string& what) { Told += what + " "; }
+
+    /// Whether the track has told its end.
+    [[nodiscard]] bool HasEnded() const { return !Positions.empty() && Positions.back() == LengthMs; }
+
+    std::string Told; ///< All but `OnVisData`.
+    Long LengthMs = -1;
+    std::vector<Long> Positions;
+    std::vector<Long> Frames;
+};
 
 class PlayerTest : public ::testing::Test {
 protected:
-    void Make(AudioSettings settings) {
-        m_player = std::make_unique<AudioPlayer>(m_loop, std::move(settings));
+    void Make(double clockSpeed) {
+        m_settings.UseServer = !m_settings.Server.empty();
+        m_settings.ClockSpeed = clockSpeed;
+        m_player = std::make_unique<AudioPlayer>(m_loop, m_settings);
         m_player->Attach(m_log);
     }
     void Start(const Text& path) {
+        m_log = {};
         m_player->Stop();
         m_player->TrackFile(path);
         m_player->Play();
@@ -35,6 +68,7 @@ protected:
     }
 
     MediaMaker m_media;
+    AudioSettings m_settings;
     NullLoop m_loop;
     EventLog m_log;
     std::unique_ptr<AudioPlayer> m_player;
