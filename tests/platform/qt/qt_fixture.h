@@ -1,40 +1,13 @@
-// What the tests of the toolkit's part share: waits for a condition, a hand on what comes up, and a window
-// with a journal of what it reports.
+// What the tests of the toolkit's part share: a hand on what comes up, and a window with a journal of what it
+// reports.
 #pragma once
 
-#include <QApplication>
-#include <QMouseEvent>
-#include <QPaintEvent>
-#include <QTimer>
+#include <QtWidgets>
 #include <gtest/gtest.h>
-#include <utility>
 
 #include "platform/qt/qt_loop.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_window.h"
-
-/// Waits in small pieces, with events going on, until `done`; gives up after twenty seconds.
-template<typename Done>
-bool WaitUntil(QtLoop& loop, Done done) {
-    for (int piece = 0; piece < 4000 && !done(); ++piece)
-        loop.Wait(0.005);
-    return done();
-}
-
-/// Has `answer` run with the next menu or modal dialog of that kind, once it is up.
-template<typename Widget>
-void WhenUp(std::function<void(Widget&)> answer) {
-    auto* look = new QTimer(qApp);
-    QObject::connect(look, &QTimer::timeout, [look, answer = std::move(answer)] {
-        QWidget* popup = QApplication::activePopupWidget();
-        auto* widget = dynamic_cast<Widget*>(popup ? popup : QApplication::activeModalWidget());
-        if (!widget || !widget->isVisible()) return;
-        look->stop();
-        look->deleteLater();
-        answer(*widget);
-    });
-    look->start(1);
-}
 
 /// A picture of one row, a pixel for each colour.
 inline PicturePtr Dots(const std::vector<QColor>& row) {
@@ -65,8 +38,18 @@ protected:
         Note(QString::asprintf("%s %d,%d button %d held %d keys %d", kinds[static_cast<int>(event.Kind)],
                                event.XPx, event.YPx, event.Button, event.Held, event.Shift));
     }
-    void OnTimer(const Timer&) override {}
+    void OnTimer(const Timer& timer) override { m_ticked(timer); }
     void OnClose() override { Note("close"); }
+
+    // Has `answer` run with the menu or modal dialog that the next call brings up and waits for.
+    template<typename Widget>
+    void WhenUp(std::function<void(Widget&)> answer) {
+        QTimer::singleShot(0, &m_window, [answer = std::move(answer)] {
+            QWidget* popup = QApplication::activePopupWidget();
+            auto* widget = dynamic_cast<Widget*>(popup ? popup : QApplication::activeModalWidget());
+            if (widget) answer(*widget);
+        });
+    }
 
     void Note(const QString& what) { m_journal += what.toStdString() + ";"; }
     std::string Taken() { return std::exchange(m_journal, {}); }
@@ -81,4 +64,5 @@ protected:
     QtLoop m_loop;
     QtWindow m_window{m_loop};
     std::string m_journal;
+    std::function<void(const Timer&)> m_ticked;
 };

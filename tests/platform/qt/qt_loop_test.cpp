@@ -1,132 +1,81 @@
 // The loop's promises: posts in order, waits that nest, timers that go on while a handler waits.
-#include <QEventLoop>
-#include <numeric>
+#include <csignal>
 #include <thread>
 
+#include "platform/qt/qt_signals.h"
 #include "qt_fixture.h"
 
 namespace {
 
-// A loop whose clock stands until the test moves it, and which counts its ticks.
-class ClockedLoop : public QtLoop {
-public:
-    std::int64_t NowMs() const override { return Now; }
-    std::int64_t Now = 1000;
-    int Ticks = 0;
+using QtLoopTest = QtWindowTest;
 
-protected:
-    void customEvent(QEvent* event) override {
-        ++Ticks;
-        QtLoop::customEvent(event);
-    }
-};
-
-class TickHearer : public FormEvents {
-public:
-    void OnPointer(const PointerEvent&) override {}
-    void OnTimer(const Timer& timer) override { Ticked(timer); }
-    void OnClose() override {}
-
-    std::function<void(const Timer&)> Ticked;
-};
-
-// As a dialog waits: in a loop of the toolkit's that knows nothing of ours.
+// As a dialog waits: with events going on, but without our loop's own wait.
 template<typename Done>
-bool WaitAsADialog(Done done) {
-    QEventLoop dialog;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] {
-        if (done()) dialog.quit();
-    });
-    look.start(1);
-    dialog.exec();
-    return done();
+void WaitAsADialog(Done done) {
+    while (!done())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 } // namespace
 
-TEST(QtLoop, TasksOfOtherThreadsRunHereInTheirOrderAndOneThatWaitsStrandsNoOther) {
-    QtLoop loop;
-    std::vector<int> ran, expected(100);
-    std::iota(expected.begin(), expected.end(), 1);
-    const std::thread::id here = std::this_thread::get_id();
+TEST_F(QtLoopTest, TasksOfOtherThreadsRunHereInTheirOrderAndOneThatWaitsStrandsNoOther) {
+    std::string ran;
     std::thread other([&] {
-        for (int number = 0; number <= 100; ++number)
-            loop.Post([&, number] {
-                EXPECT_EQ(std::this_thread::get_id(), here);
-                if (number > 0) ran.push_back(number);
-                EXPECT_TRUE(number > 0 || WaitUntil(loop, [&] { return ran.size() == 100; }));
-            });
+        m_loop.Post([&] {
+            while (ran.size() < 5)
+                m_loop.Wait(0.005);
+            ran += '6';
+        });
+        for (char number = '1'; number <= '5'; ++number)
+            m_loop.Post([&, number] { ran += number; });
     });
     other.join();
-    EXPECT_TRUE(ran.empty());
-    loop.Wait(0);
-    EXPECT_EQ(ran, expected);
+    EXPECT_EQ(ran, "");
+    m_loop.Wait(0);
+    EXPECT_EQ(ran, "123456");
 }
 
-TEST(QtLoop, LaterTasksRunByTheirMomentsAndOneThatWaitsHoldsUpNoOther) {
-    QtLoop loop;
-    std::vector<int> ran;
-    const std::int64_t startMs = loop.NowMs();
-    loop.PostIn(3'600'000, [&] { ran.push_back(5); });
-    loop.PostIn(30, [&] { ran.push_back(3); });
-    loop.PostIn(10, [&] {
-        EXPECT_GE(loop.NowMs(), startMs + 10);
-        ran.push_back(1);
-        EXPECT_TRUE(WaitAsADialog([&] { return ran.size() == 3; }));
-        ran.push_back(4);
+TEST_F(QtLoopTest, LaterTasksRunByTheirMomentsAndOneThatWaitsHoldsUpNoOther) {
+    std::string ran;
+    const std::int64_t startMs = m_loop.NowMs();
+    m_loop.PostIn(3'600'000, [&] { ran += '5'; });
+    m_loop.PostIn(30, [&] { ran += '3'; });
+    m_loop.PostIn(10, [&] {
+        ran += '2';
+        WaitAsADialog([&] { return ran.size() == 3; });
+        ran += '4';
     });
-    loop.PostIn(-1, [&] { ran.push_back(0); });
-    EXPECT_TRUE(ran.empty());
-    loop.Wait(0.05);
-    EXPECT_GE(loop.NowMs(), startMs + 50);
-    ASSERT_TRUE(WaitUntil(loop, [&] { return ran.size() == 4; }));
-    EXPECT_EQ(ran, (std::vector<int>{0, 1, 3, 4}));
+    m_loop.PostIn(-1, [&] { ran += '1'; });
+    m_loop.Wait(0.05);
+    EXPECT_GE(m_loop.NowMs(), startMs + 50);
+    WaitAsADialog([&] { return ran.size() == 4; });
+    EXPECT_EQ(ran, "1234");
 }
 
-TEST(QtLoop, ATickThatComesBeforeItsTimeComesAgain) {
-    ClockedLoop loop;
-    Form form;
-    TickHearer events;
-    loop.Attach(form, events, [] {});
-    std::vector<int> ran;
-    for (const int delayMs : {8, 7, -5})
-        loop.PostIn(delayMs, [&, delayMs] { ran.push_back(delayMs); });
-    ASSERT_TRUE(WaitAsADialog([&] { return loop.Ticks >= 3; }));
-    EXPECT_EQ(ran, std::vector<int>{-5});
-    loop.Now += 7;
-    ASSERT_TRUE(WaitAsADialog([&] { return ran.size() > 1; }));
-    EXPECT_EQ(ran, (std::vector<int>{-5, 7}));
-}
-
-TEST(QtLoop, SleepsUntilSomethingIsDue) {
-    ClockedLoop loop;
-    loop.PostIn(3'600'000, [] {});
-    loop.Wait(0.02);
-    EXPECT_EQ(loop.Ticks, 0);
-}
-
-TEST(QtLoop, TimersTickWhileATickItselfWaits) {
-    QtLoop loop;
-    Form form;
-    TickHearer events;
+TEST_F(QtLoopTest, TimersTickWhileATickItselfWaits) {
     int shows = 0, ticks = 0;
-    loop.Attach(form, events, [&] { ++shows; });
-    loop.PostIn(3'600'000, [] {});
-    events.Ticked = [&](const Timer& timer) {
-        EXPECT_EQ(&timer, &form.tmrSeekForward);
+    m_loop.Attach(m_form, *this, [&] { ++shows; });
+    m_loop.PostIn(3'600'000, [] {});
+    m_ticked = [&](const Timer&) {
         if (ticks++ == 0) WaitAsADialog([&] { return ticks >= 4; });
         if (ticks >= 5) QCoreApplication::exit();
     };
-    form.tmrSeekForward = {"", 5, true};
-    loop.Run();
+    m_form.tmrSeekForward = {"", 5, true};
+    m_loop.Run();
     EXPECT_EQ(shows, ticks) << "the form is shown after each tick";
-    form.tmrSeekForward.Enabled = false;
-    loop.Wait(0);
+    m_form.tmrSeekForward.Enabled = false;
+    m_loop.Wait(0);
     const int last = ticks;
-    loop.Wait(0.03);
-    EXPECT_EQ(ticks, last);
-    loop.Post([&] { form.tmrSeekForward.Enabled = true; });
-    loop.Run();
+    m_loop.Post([&] { m_form.tmrSeekForward.Enabled = true; });
+    m_loop.Run();
     EXPECT_GT(ticks, last) << "a timer that a task enables";
+}
+
+TEST_F(QtLoopTest, HearsEachSignalToEnd) {
+    const auto end = [&](int number) {
+        if (WatchEndSignals([] { _exit(7); })) raise(number);
+        m_loop.Wait(30);
+    };
+    for (const int number : {SIGTERM, SIGHUP, SIGINT})
+        EXPECT_EXIT(end(number), testing::ExitedWithCode(7), "");
 }

@@ -7,15 +7,6 @@
 
 #include "support/temp_directory.h"
 
-namespace {
-
-// A dialog or a loop that nobody ends would hold up everything.
-class Patience : public testing::EmptyTestEventListener {
-    void OnTestStart(const testing::TestInfo&) override { alarm(60); }
-};
-
-} // namespace
-
 int main(int count, char** arguments) {
     const TempDirectory home;
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -27,6 +18,7 @@ int main(int count, char** arguments) {
     QApplication application(count, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     testing::InitGoogleTest(&count, arguments);
-    testing::UnitTest::GetInstance()->listeners().Append(new Patience);
+    // A dialog or a loop that nobody ends would hold up everything.
+    alarm(90);
     return RUN_ALL_TESTS();
 }
