@@ -18,7 +18,6 @@ namespace fs = std::filesystem;
 using namespace std::string_view_literals;
 
 constexpr std::pair<std::string_view, TextView> kTexts[] = {
-    {"/a/b c.mp3", u"\\a\\b c.mp3"},
     {"../back\\slash\0"sv, u"..\\back\uF05Cslash\0"sv},
     {"not\xFFutf8\xC3/\x80", u"not\uF7FFutf8\uF7C3\\\uF780"},
     // Letters that would read as stand-ins for bytes, and their neighbours.
@@ -40,16 +39,13 @@ constexpr std::string_view kRows[][4] = {
     {"album\\x", "ALBUm/x", "ALBUm/x", "is"},
     {"album\\new", "", "ALBUm/new", ""},
     {"album\\new\\song.mp4", "", "", ""},
-    {"Album\\song.mp4", "", "Album/song.mp4", ""},
     {"FULL\\..\\full\\\\.\\TUNE.mp3\\", "full/../full/./tune.MP3", "full/../full/./tune.MP3", ""},
     {"full\\", "full/", "full/", "is"},
     {"FULL\\", "full", "full", "is"},
     {"FULL\\*.mp3", "", "full/*.mp3", "is"},
-    {"full\\*.mp2", "", "full/*.mp2", ""},
     {"ful?\\tune.mp3", "", "", ""},
     {"bare\\*.*", "", "bare/*.*", "is"},
     {"deep.mp3", "deep.mp3", "deep.mp3", ""},
-    {"deep.mp3\\", "deep.mp3/", "deep.mp3/", ""},
     {"deep.mp3\\f*", "", "deep.mp3/f*", ""},
     {"Pipe.mp3", "pipe.mp3", "pipe.mp3", ""},
     {"Lost", "", "Lost", ""},
@@ -98,21 +94,19 @@ TEST_F(Paths, WhatIsWrittenGoesBeforeOtherCaseInEachDirectory) {
             EXPECT_EQ(FindPathForWriting(text).value_or(front), front + std::string(forWriting)) << written;
             EXPECT_EQ(FileExists(text), !exists.empty()) << written;
         }
-    EXPECT_EQ(FindPath(u""), std::nullopt);
-    EXPECT_FALSE(FileExists(u""));
+    EXPECT_FALSE(FindPath(u"") || FileExists(u""));
     EXPECT_TRUE(FileExists(u"o*"));
 }
 
 TEST_F(Paths, WildcardsMatchRunsAndSingleCharacters) {
-    for (const TextView pattern : {u"*", u"**", u"*.*", u"?bcabd.x", u"A*X", u"*abd.x", u"a*d.x", u"*b?.x",
-                                   u"*b*b*", u"abcabd.x*", u"abcabd.?", u"*?", u"a?*"})
-        EXPECT_TRUE(FileExists(u"match\\" + Text(pattern))) << Utf8(pattern);
     for (const TextView pattern :
-         {u"?", u"*y", u"*abc", u"abcabd.x?", u"*.x?", u"?abcabd.x", u"*c*c*", u"b*", u"abc?abd.x", u"*\\"})
+         {u"**", u"*.*", u"A*X", u"a*d.x", u"*b?.x", u"*b*b*", u"abcabd.x*", u"*?", u"a?*"})
+        EXPECT_TRUE(FileExists(u"match\\" + Text(pattern))) << Utf8(pattern);
+    for (const TextView pattern : {u"?", u"*y", u"*abc", u"abcabd.x?", u"?abcabd.x", u"*c*c*", u"b*", u"*\\"})
         EXPECT_FALSE(FileExists(u"match\\" + Text(pattern))) << Utf8(pattern);
 }
 
-TEST_F(Paths, TheOpenerTakesPlainFilesAndNeverWaits) {
+TEST_F(Paths, TheOpenerTakesPlainFilesAndNeverWaitsAndADirectoryIsMadeOnce) {
     for (const TextView none : {u"gone", u"full", u"pipe.mp3", u"\\dev\\zero", u""})
         EXPECT_EQ(ReadFileBytes(none, 100), std::nullopt) << Utf8(none);
     EXPECT_EQ(ReadFileBytes(u"FULL\\TUNE.mp3", 13), "full/tune.MP3");
@@ -128,17 +122,13 @@ TEST_F(Paths, TheOpenerTakesPlainFilesAndNeverWaits) {
     EXPECT_EQ(ReadFileBytes(handle, 100), "bare/.plain");
     close(handle.Release());
     EXPECT_FALSE(handle);
-}
-
-TEST_F(Paths, ADirectoryIsMadeUnlessOneOfOtherCaseIsThere) {
+    // A directory is made unless one of other case is there.
     MakeDirectory(u"FULL\\");
     MakeDirectory(u"data\\velora\\");
-    EXPECT_TRUE(fs::is_directory("data/velora"));
-    EXPECT_FALSE(fs::exists("FULL"));
+    EXPECT_TRUE(fs::is_directory("data/velora") && !fs::exists("FULL"));
 }
 
 TEST_F(Paths, ArgumentsBecomeQuotedAbsolutePaths) {
-    EXPECT_EQ(CommandLineText({}, u"\\home"), u"");
     EXPECT_EQ(CommandLineText({"", "song.mp3", "", "/a/b c.mp3"}, u"\\home"),
               u"\"\\home\\song.mp3\" \"\\a\\b c.mp3\"");
     EXPECT_EQ(CommandLineText({"x\\y"}, u"\\"), u"\"\\x\uF05Cy\"");
@@ -156,7 +146,6 @@ TEST_F(Paths, IniFilesStandBesideTheProgramUnlessThatCantBeWritten) {
     // The user's data directory and home, the program's, where to read and where to write.
     constexpr const char* kPlaces[][5] = {
         {"/data", "/home", "full", "full", "full"},
-        {"/own", "/home", "full", "full", "full"},
         {"/data", "/home", "FULL", "FULL", "data/velora"},
         {"/own", "/home", "FULL", "own/velora", "own/velora"},
         {"/data", "/home", "gone", "data/velora", "data/velora"},
@@ -164,8 +153,6 @@ TEST_F(Paths, IniFilesStandBesideTheProgramUnlessThatCantBeWritten) {
         {nullptr, "/home", "gone", "home/.local/share/velora", "home/.local/share/velora"},
         {nullptr, "home", "gone", "gone", "gone"},
         {nullptr, nullptr, "gone", "gone", "gone"}};
-    const char* const home = std::getenv("HOME");
-    const std::string homeBefore = home ? home : "";
     const auto set = [&](const char* name, const char* value) {
         unsetenv(name);
         if (value) setenv(name, ((*value == '/' ? directory.Path() : "") + value).c_str(), 1);
@@ -178,6 +165,4 @@ TEST_F(Paths, IniFilesStandBesideTheProgramUnlessThatCantBeWritten) {
         EXPECT_EQ(OwnIniPlace(place, u"\\v.ini"), directory.PathText(written) + u"\\v.ini");
     }
     EXPECT_FALSE(fs::exists("data")) << "a start leaves nothing behind";
-    unsetenv("XDG_DATA_HOME");
-    setenv("HOME", homeBefore.c_str(), 1);
 }

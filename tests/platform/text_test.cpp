@@ -9,17 +9,13 @@ using namespace std::string_view_literals;
 
 // What is no UTF-8, be it by one byte, is Windows-1252 from end to end.
 constexpr std::pair<std::string_view, TextView> kBytes[] = {
-    {"", u""},
-    {"Gr\xC3\xBC\xC3\x9F", u"Grüß"},
     {"\xC3\xA4\0b"sv, u"ä\0b"sv},
     {"\x7F\xDF\xBF\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF", u"\x7F\u07FF\uFFFF\U00010000\U0010FFFF"},
     {"Gr\xFC\xDF \x7F\xA0", u"Grüß \x7F\u00A0"},
     {"\xC3\xBC\xFF", u"Ã¼ÿ"},
     {"\x80\x81\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8D\x8E\x8F", u"€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F"},
     {"\x90\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B\x9C\x9D\x9E\x9F", u"\u0090‘’“”•–—˜™š›œ\u009DžŸ"},
-    {"\xC0\xAF", u"À¯"},
     {"\xED\xA0\x80", u"í\u00A0€"},
-    {"\xF4\x90\x80\x80", u"ô\u0090€€"},
     {"\xE2\x82", u"â‚"},
 };
 
@@ -36,23 +32,16 @@ std::string Read(TextView text) {
 
 const std::pair<std::string_view, std::vector<TextView>> kNumbers[] = {
     {"0 0 0 0", {u"0", u"-0.0", u"1e-999", u"-1E-999", u"&H0", u".0"}},
-    {"1 1 1 1", {u"1", u"1.", u"&H1"}},
-    {"7 7 7 1", {u"\t7\t", u"007", u"+7", u"  7   ", u" &H0007  "}},
-    {"0 0 0 1", {u".5"}},
+    {"7 7 7 1", {u"\t7\t", u"7.", u"&h7", u"007", u"+7", u"  7   ", u" &H0007  "}},
     {"0 0 -1 1", {u"-0.5"}},
     {"2 2 1 1", {u"1.5"}},
     {"2 2 2 1", {u"2.5", u"25e-1"}},
-    {"3 3 2 1", {u"2.5000001"}},
-    {"-2 -2 -3 1", {u"-2.5"}},
     {"150 150 150 1", {u"1.5E+2", u"15e1"}},
-    {"127 127 127 1", {u"&h7f"}},
     {"32767 32767 32767 1", {u"32767", u"32767.4"}},
     {"- 32768 32767 1", {u"32767.5"}},
     {"-32768 -32768 - 1", {u"-32768.5"}},
-    {"- -32769 - 1", {u"-32769"}},
     {"-1 65535 -1 1", {u"&HFFFF", u"&H0000ffff"}},
     {"- 65536 - 1", {u"&H10000"}},
-    {"- 1000000000 - 1", {u"1e9"}},
     {"- 2147483647 - 1", {u"2147483647", u"&H7FFFFFFF"}},
     {"- -2147483648 - 1", {u"-2147483648"}},
     {"- -1 - 1", {u"&HFFFFFFFF"}},

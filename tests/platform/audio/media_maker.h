@@ -10,8 +10,8 @@
 
 using Samples16 = std::vector<std::int16_t>;
 
-/// Writes a wave file by libsndfile; `format` is a subtype of its, as `SF_FORMAT_PCM_16`.
-void WriteWave(const std::string& path, int format, int rateHz, int channels, const Samples16& samples);
+/// Writes a wave file of 16 bits.
+void WriteWave(const std::string& path, int rateHz, int channels, const Samples16& samples);
 
 /// Waits, without end for a test's purposes, for what other threads do.
 [[nodiscard]] bool WaitUntil(const std::function<bool()>& done);
@@ -21,11 +21,9 @@ class MediaMaker {
 public:
     [[nodiscard]] std::string Directory() const { return m_files.Path(); }
 
-    /// Noise of `ms` milliseconds, the same in each run, or a tone of `toneHz`, encoded by `lame` or
-    /// `twolame` with these arguments. The bytes of the file; none, and a failure of the test, if there are
-    /// none.
-    [[nodiscard]] std::string Encode(const std::string& encoder, int rateHz, int channels, int ms,
-                                     double toneHz = 0) const;
+    /// Noise of `ms` milliseconds, the same in each run, encoded by `lame` with these arguments. The bytes of
+    /// the file; none, and a failure of the test, if there are none.
+    [[nodiscard]] std::string Encode(const std::string& encoder, int rateHz, int channels, int ms) const;
 
     /// Writes a file and gives the system's text for its path.
     Text Write(const std::string& name, const std::string& bytes) const { return m_files.Put(name, bytes); }
