@@ -1,9 +1,6 @@
 # A hand at a display, and an eye: pointer, buttons and keys, and looks at windows and pixels, all in one process.
 # A window is known by its number, and one that has gone between two looks is no failure.
-import functools
-
-import numpy as np
-from PIL import Image
+from PIL import Image, ImageChops
 from Xlib import X, XK, error
 from Xlib.display import Display as Connection
 from Xlib.ext import xtest
@@ -17,7 +14,6 @@ ICONIC = 3
 
 def lasting(look):
     # A look at a window that has gone meanwhile finds nothing.
-    @functools.wraps(look)
     def careful(*arguments):
         try:
             return look(*arguments)
@@ -38,23 +34,18 @@ class Display:
 
     # The hand.
 
-    def sync(self):
+    def send(self, kind, detail=0, **place):
+        xtest.fake_input(self.connection, kind, detail, **place)
         self.connection.sync()
 
-    def send(self, *events_to_send):
-        for kind, detail in events_to_send:
-            xtest.fake_input(self.connection, kind, detail)
-        self.sync()
-
     def point(self, x, y):
-        xtest.fake_input(self.connection, X.MotionNotify, x=x, y=y)
-        self.sync()
+        self.send(X.MotionNotify, x=x, y=y)
 
     def press(self, button=1):
-        self.send((X.ButtonPress, button))
+        self.send(X.ButtonPress, button)
 
     def release(self, button=1):
-        self.send((X.ButtonRelease, button))
+        self.send(X.ButtonRelease, button)
 
     def key_code(self, name):
         # The code, and whether it takes Shift.
@@ -63,10 +54,10 @@ class Display:
         return code, level % 2 == 1
 
     def key_down(self, name):
-        self.send((X.KeyPress, self.key_code(name)[0]))
+        self.send(X.KeyPress, self.key_code(name)[0])
 
     def key_up(self, name):
-        self.send((X.KeyRelease, self.key_code(name)[0]))
+        self.send(X.KeyRelease, self.key_code(name)[0])
 
     def key(self, *names):
         # Presses each and lets it go; `Alt_L+y` is y with Alt held.
@@ -74,7 +65,9 @@ class Display:
             *held, last = name.split("+") if len(name) > 1 else name
             code, shifted = self.key_code(last)
             codes = [self.key_code(one)[0] for one in held + ["Shift_L"] * shifted] + [code]
-            self.send(*[(X.KeyPress, one) for one in codes], *[(X.KeyRelease, one) for one in reversed(codes)])
+            for kind, some in ((X.KeyPress, codes), (X.KeyRelease, reversed(codes))):
+                for one in some:
+                    self.send(kind, one)
 
     # The eye.
 
@@ -104,8 +97,7 @@ class Display:
         return self.window(window).get_attributes().map_state == X.IsViewable
 
     def is_minimised(self, window):
-        state = self.property(window, "WM_STATE")
-        return state is not None and state[0] == ICONIC
+        return (self.property(window, "WM_STATE") or [0])[0] == ICONIC
 
     def is_managed(self, window):
         return window in (self.property(self.root.id, "_NET_CLIENT_LIST") or ())
@@ -133,18 +125,11 @@ class Display:
         place = self.root.translate_coords(self.window(window), 0, 0)
         return Rect(place.x, place.y, size.width, size.height)
 
-    def icon_sizes(self, window):
-        # Of the square icons that a window shows of itself.
-        numbers, sizes = list(self.property(window, "_NET_WM_ICON") or ()), []
-        while numbers:
-            sizes.append(numbers[0])
-            del numbers[: 2 + numbers[0] * numbers[1]]
-        return sorted(sizes)
-
     def paint_behind(self, colour):
-        self.root.change_attributes(background_pixel=colour)
+        # As #RRGGBB.
+        self.root.change_attributes(background_pixel=int(colour[1:], 16))
         self.root.clear_area()
-        self.sync()
+        self.connection.sync()
 
     def picture(self, left=0, top=0, width=None, height=None):
         # A piece of the screen, or all of it.
@@ -164,7 +149,7 @@ class Display:
         event = events.ClientMessage(window=window, client_type=self.connection.get_atom(name),
                                      data=(32, (list(data) + [0] * 5)[:5]))
         self.window(window).send_event(event)
-        self.sync()
+        self.connection.sync()
 
     def close(self, window):
         # As a click on its close box does.
@@ -172,7 +157,7 @@ class Display:
 
     def restore(self, window):
         self.window(window).map()
-        self.sync()
+        self.connection.sync()
 
     def ping(self, window):
         # Returns once the window's program has come round: everything before it has been handled. The first
@@ -191,8 +176,6 @@ class Display:
 
 
 def differ(one, other):
-    # Whether two pictures differ by more than what rounding does.
-    if one.size != other.size:
-        return True
-    values = [np.asarray(picture.convert("RGB"), dtype=np.int16) for picture in (one, other)]
-    return int(np.abs(values[0] - values[1]).max()) > 8
+    # Whether two pictures of a size differ by more than what rounding does.
+    by_channel = ImageChops.difference(one, other.convert("RGB")).getextrema()
+    return max(most for _, most in by_channel) > 8

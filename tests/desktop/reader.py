@@ -1,7 +1,6 @@
 # What a screen reader finds of the program from the outside, and presses; it needs no place on the screen. The
 # session needs a bus, and the program QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1. Import it once that bus is up.
 import fnmatch
-import warnings
 
 import gi
 
@@ -9,8 +8,6 @@ from session import wait_for
 
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
-
-warnings.simplefilter("ignore")
 
 
 def children(parent):
@@ -59,15 +56,8 @@ def await_words(*patterns):
     wait_for(f"a window of {patterns}", lambda: heard(lambda: any(map(says_it, windows()))))
 
 
-def await_control(pattern):
-    # Waits for a control whose name is like a pattern of the shell.
-    def seen():
-        found = controls()
-        for name, control in found.items():
-            if fnmatch.fnmatchcase(name, pattern):
-                return control
-        raise LookupError(f"there are {sorted(found)}")
-    return wait_for(f"a control named {pattern}", seen)
+def await_control(name):
+    return wait_for(f"a control named {name}", lambda: controls()[name])
 
 
 def press(name):

@@ -76,10 +76,11 @@ class Session:
         return process
 
     def start_display(self):
-        # The server chooses a free number and tells it. It must not start afresh whenever its last client leaves.
+        # The server chooses a free number and tells it. It must not start afresh whenever its last client leaves,
+        # and not repeat a key whose release comes late on a busy machine, or a path would be typed wrong.
         told, tells = os.pipe()
         self.display = self.start("Xvfb", "-displayfd", tells, "-screen", 0, self.screen, "-nolisten", "tcp",
-                                  "-noreset", pass_fds=[tells])
+                                  "-noreset", "-r", pass_fds=[tells])
         os.close(tells)
         with os.fdopen(told) as number:
             os.environ.update(DISPLAY=":" + number.readline().strip(), QT_QPA_PLATFORM="xcb")

@@ -14,7 +14,8 @@ Rect = collections.namedtuple("Rect", "left top width height")
 class Skin:
     def __init__(self, path):
         self.path = pathlib.Path(path)
-        self.ini = read_ini(path)
+        self.ini = configparser.ConfigParser(interpolation=None, strict=False)
+        self.ini.read(path, encoding="latin-1")
         self.objects = {keys["name"]: keys for name, keys in self.ini.items() if name.startswith("object")}
         self.background = Image.open(self.file(self.ini["Settings"]["Graphic"])).convert("RGBA")
 
@@ -25,11 +26,8 @@ class Skin:
         return Image.open(self.file(self.objects[name][key])).convert("RGBA")
 
     def place(self, name):
-        # Of a control, or of `light7`, in pixels of the window.
-        if name.startswith("light") and name != "lights":
-            keys = read_ini(self.file(self.objects["lights"]["filename"]))[name[len("light"):]]
-        else:
-            keys = self.objects[name]
+        # Of a control, in pixels of the window.
+        keys = self.objects[name]
         size = (keys["width"], keys["height"]) if "width" in keys else self.picture(name).size
         return Rect(*map(int, (keys["left"], keys["top"], *size)))
 
@@ -47,12 +45,6 @@ class Skin:
         whole, piece = self.background.copy(), self.picture(name, key)
         whole.alpha_composite(piece, place[:2])
         return whole.crop((place.left, place.top, place.left + place.width, place.top + place.height))
-
-
-def read_ini(path):
-    ini = configparser.ConfigParser(interpolation=None, strict=False)
-    ini.read(path, encoding="latin-1")
-    return ini
 
 
 if __name__ == "__main__":

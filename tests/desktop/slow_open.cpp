@@ -3,30 +3,19 @@
 // included: it would have `open` take any number of arguments, and three do for all.
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <dlfcn.h>
 #include <linux/fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-namespace {
-
-// Straight to the kernel: the calls of the library are the ones that wait.
-bool IsThere(const char* path) {
-    return syscall(SYS_faccessat, AT_FDCWD, path, F_OK) == 0;
-}
-
-void WaitFor(const char* path) {
-    constexpr timespec kPause{0, 20'000'000};
+// The calls of the library are the ones that wait, so the look whether to go on is straight to the kernel.
+static void WaitFor(const char* path) {
     const char* slow = std::getenv("SLOW_PATH");
-    const char* until = std::getenv("SLOW_UNTIL");
-    if (!slow || !until || !path || std::strcmp(path, slow) != 0) return;
-    while (!IsThere(until))
-        nanosleep(&kPause, nullptr);
+    if (!slow || !path || std::strcmp(path, slow) != 0) return;
+    while (syscall(SYS_faccessat, AT_FDCWD, std::getenv("SLOW_UNTIL"), F_OK) != 0)
+        usleep(20'000);
 }
-
-} // namespace
 
 #define VELORA_SLOW(name, parameters, arguments)                                                             \
     extern "C" int name parameters {                                                                         \
@@ -35,14 +24,9 @@ void WaitFor(const char* path) {
     }
 
 VELORA_SLOW(open, (const char* path, int flags, mode_t mode), (path, flags, mode))
-VELORA_SLOW(open64, (const char* path, int flags, mode_t mode), (path, flags, mode))
 VELORA_SLOW(openat, (int at, const char* path, int flags, mode_t mode), (at, path, flags, mode))
-VELORA_SLOW(openat64, (int at, const char* path, int flags, mode_t mode), (at, path, flags, mode))
 VELORA_SLOW(stat, (const char* __restrict path, struct stat* __restrict facts), (path, facts))
-VELORA_SLOW(lstat, (const char* __restrict path, struct stat* __restrict facts), (path, facts))
-VELORA_SLOW(stat64, (const char* __restrict path, struct stat64* __restrict facts), (path, facts))
-VELORA_SLOW(lstat64, (const char* __restrict path, struct stat64* __restrict facts), (path, facts))
+VELORA_SLOW(access, (const char* path, int mode), (path, mode))
 VELORA_SLOW(statx,
             (int at, const char* __restrict path, int flags, unsigned mask, struct statx* __restrict facts),
             (at, path, flags, mask, facts))
-VELORA_SLOW(access, (const char* path, int mode), (path, mode))

@@ -1,14 +1,12 @@
-# Makes tracks that are different at every place, and compares what was recorded with what a decoder gives, sample by
-# sample. A recording and a reference (TRACK.raw beside TRACK.mp3) are raw, 16 bits, stereo, 44.1 kHz; a frame is seen
-# as one number.
+# Makes tracks that are different at every place, and compares what was recorded with what a decoder gives. A
+# recording and a reference (TRACK.raw beside TRACK.mp3) are raw, 16 bits, stereo, 44.1 kHz; a frame is seen as one
+# number. A busy machine puts silence between, anywhere; in the noise itself there is none.
 import subprocess
 
 import numpy as np
 
 RATE = 44100
-NEEDLE, STRIDE = 32, 64
-LAST, LONG_ENOUGH = RATE // 10, RATE // 2
-WAV_HEADER_BYTES = 44
+NEEDLE, LAST, LONG_ENOUGH = 32, RATE // 10, RATE // 2
 
 
 def write_noise(path, seconds, seed):
@@ -20,104 +18,68 @@ def write_noise(path, seconds, seed):
 
 
 def frames(path):
-    with open(path, "rb") as file:
-        data = file.read()
+    data = path.read_bytes()
     return np.frombuffer(data[: len(data) // 4 * 4], dtype="<u4")
+
+
+def reference(track):
+    return frames(track.with_suffix(".raw"))
+
+
+def without_silence(some_frames):
+    return some_frames[some_frames != 0]
 
 
 def loudness(some_frames):
     return float(np.sqrt(np.mean(some_frames.view("<i2").astype(np.float64) ** 2)))
 
 
-def next_sound(recording, place):
-    found = np.flatnonzero(recording[place:])
-    return place + int(found[0]) if len(found) else len(recording)
+# Questions to a recording and a track, without its ending. What isn't so yet is told by an exception.
 
-
-def find(reference_bytes, needle):
-    at = reference_bytes.find(needle)
-    while at > 0 and at % 4 != 0:
-        at = reference_bytes.find(needle, at + 1)
-    return at // 4 if at >= 0 else -1
-
-
-def run_length(left, right):
-    # How many frames are equal from the start on.
-    count = min(len(left), len(right))
-    other = np.flatnonzero(left[:count] != right[:count])
-    return int(other[0]) if len(other) else count
-
-
-def pieces(recording, reference):
-    # The stretches of the recording that are stretches of the reference, of some length: place heard, place in the
-    # reference, length.
-    found, reference_bytes, place = [], reference.tobytes(), next_sound(recording, 0)
-    behind = 0
-    while place + NEEDLE <= len(recording):
-        at = find(reference_bytes, recording[place: place + NEEDLE].tobytes())
-        if at < 0:
-            place = next_sound(recording, place + STRIDE)
-            continue
-        back = run_length(recording[behind:place][::-1], reference[:at][::-1])
-        length = back + run_length(recording[place:], reference[at:])
-        found.append((place - back, at - back, length))
-        behind = place - back + length
-        place = next_sound(recording, behind)
-    return found
-
-
-def unbroken(found, recording, reference):
-    # The reference from its beginning on, nothing lost, nothing twice, whatever a busy machine puts between. Silence
-    # at its own beginning is no sound in the recording.
-    joined = all(one[1] + one[2] == other[1] for one, other in zip(found, found[1:]))
-    begins = found and found[0][1] == 0 and found[0][0] <= next_sound(recording, 0)
-    return joined and begins and found[-1][1] + found[-1][2] >= min(LONG_ENOUGH, len(reference))
-
-
-def whole(found, recording, reference):
-    # All of the reference, once.
-    return unbroken(found, recording, reference) and found[-1][1] + found[-1][2] == len(reference)
-
-
-def plays(found, recording, reference):
-    # The reference is heard at the recording's end.
-    return found and found[-1][0] + found[-1][2] == len(recording)
-
-
-def jumps(found, recording, reference, seconds):
-    # It goes on a multiple of so many seconds further on (or back), but not before the beginning.
-    seams = [(one[1] + one[2], other[1]) for one, other in zip(found, found[1:]) if one[1] + one[2] != other[1]]
-    [(left, goes_on)] = seams
-    way, step = goes_on - left, seconds * RATE
-    # What is heard at the release lies a little before what the machine has been given.
-    far = round(way / step) >= 1 and abs(way - round(way / step) * step) < RATE / 4
-    return far or (step < 0 and way < 0 and goes_on == 0)
-
-
-def hear(what, path, track, *more):
-    # `what` is one of the questions above; the file of the recording, and of the track without its ending.
-    recording, reference = frames(path), frames(f"{track}.raw")
-    found = pieces(recording, reference)
-    assert what(found, recording, reference, *more), f"{what.__name__}: {found} of {len(reference)} in {len(recording)}"
+def unbroken(recording, track):
+    # The track from its first sample on, nothing lost, nothing twice.
+    heard, file = without_silence(frames(recording)), without_silence(reference(track))
+    assert len(heard) >= min(LONG_ENOUGH, len(file)), f"{len(heard)} frames are heard"
+    other = np.flatnonzero(heard != file[: len(heard)])
+    assert not len(other), f"frame {other[0]} of {len(heard)} is another one"
     return True
 
 
-def is_heard(path):
-    # There is sound at the end.
-    return bool(np.any(frames(path)[-LAST:]))
+def whole(recording, track):
+    # All of it, once.
+    heard, file = without_silence(frames(recording)), without_silence(reference(track))
+    assert np.array_equal(heard, file), f"{len(heard)} of {len(file)} frames are heard"
+    return True
 
 
-def percent_heard(path, track):
-    # How loud the end is, compared with the track; noise is as loud all the way.
-    return 100 * loudness(frames(path)[-LAST:]) / loudness(frames(f"{track}.raw")[RATE: 2 * RATE])
+def skipped(recording, track):
+    # So many frames of the track weren't heard by now, where the recording ends in its midst.
+    heard = frames(recording)
+    at = reference(track).tobytes().find(heard[-NEEDLE:].tobytes())
+    assert heard[-NEEDLE:].all() and at >= 0, "the end is no part of the track"
+    return at // 4 - len(without_silence(heard))
 
 
-def click_samples(path, target):
-    # Of a short sound with one channel, as it is heard on two.
-    np.repeat(np.frombuffer(path.read_bytes()[WAV_HEADER_BYTES:], "<i2"), 2).tofile(target)
+def plays(recording, track):
+    return skipped(recording, track) is not None
 
 
-def write_silence(path, target):
-    # As long as that sound.
-    data = path.read_bytes()
-    target.write_bytes(data[:WAV_HEADER_BYTES] + bytes(len(data) - WAV_HEADER_BYTES))
+def skips(recording, track, seconds):
+    # It went on a multiple of so many seconds further on. What is heard at the release lies a little before what
+    # the machine has been given.
+    frames_more, step = skipped(recording, track), seconds * RATE
+    steps = round(frames_more / step)
+    assert steps >= 1 and abs(frames_more - steps * step) < RATE / 4, f"{frames_more} frames"
+    return True
+
+
+def is_loud(recording, track, percent):
+    # So loud is the end, compared with the track; noise is as loud all the way.
+    heard = 100 * loudness(frames(recording)[-LAST:]) / loudness(reference(track)[RATE: 2 * RATE])
+    assert abs(heard - percent) < 3, f"{heard} per cent are heard"
+    return True
+
+
+def is_silent(recording):
+    # At the end.
+    return not frames(recording)[-LAST:].any()

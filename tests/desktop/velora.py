@@ -23,6 +23,8 @@ HERE = pathlib.Path(__file__).resolve().parent
 FIRST_CAPTION = "..:: velora.team-qu><llo::.."
 QUIET_CAPTION = "..:: velora-pro.team qu><llo ::.."
 BARE = (8, 140)  # A place of the background that no control covers.
+MEDIA, LIST, SKIN, MESSAGE = "Select Media ...", "Select Playlist ...", "Select skin ...", "Velora"
+WAV_HEADER_BYTES = 44
 
 
 def play(script, *parts, **options):
@@ -58,7 +60,8 @@ class Velora:
         shutil.copy(self.built, self.app / "velora")
         shutil.copytree(self.built.parent / "VELORA_MAIN", self.app / "VELORA_MAIN")
         # As long as the real click, but silent: the recordings are compared with the tracks alone.
-        sound.write_silence(self.built.parent / "click.wav", self.app / "click.wav")
+        click = (self.built.parent / "click.wav").read_bytes()
+        (self.app / "click.wav").write_bytes(click[:WAV_HEADER_BYTES].ljust(len(click), b"\0"))
         self.use_skin("velora")
 
     def __enter__(self):
@@ -81,11 +84,6 @@ class Velora:
         self.screen.picture().save(picture)
         print(f"picture: {picture}", file=sys.stderr)
 
-    def files(self):
-        # All that the program could have written to.
-        found = [path for place in (self.directory / "home", self.app, self.media) for path in place.rglob("*")]
-        return sorted((str(path), path.stat().st_size, path.stat().st_mtime_ns) for path in found)
-
     # Start and end.
 
     def launch(self, *arguments, program=None, **environment):
@@ -93,16 +91,14 @@ class Velora:
         self.window = None
         self.process = self.session.start(program or self.app / "velora", *arguments, log="velora",
                                           env={**os.environ, **{k: str(v) for k, v in environment.items()}})
-        return self.process
 
     def start(self, *arguments, **environment):
         # Starts the program and waits for its window.
         self.launch(*arguments, **environment)
-        return self.meet_window()
+        self.meet_window()
 
     def meet_window(self):
         self.window = wait_for("Velora's window", self.find_window)
-        return self.window
 
     def find_window(self):
         if self.process.poll() is not None:
@@ -167,10 +163,10 @@ class Velora:
         self.use_skin(name)
         self.await_picture("eject")
 
-    def begin_move(self, where=BARE):
+    def begin_move(self):
         # A window manager makes a move of a press that has to begin before the pointer goes on, or what it has gone
         # until then would be missing. A busy one loses the request now and then, so that is made again.
-        self.point_at(where)
+        self.point_at(BARE)
         self.resting = self.screen.cursor()
         for patience in (9, 9, 9):
             self.screen.press()
@@ -182,11 +178,11 @@ class Velora:
     def has_other_cursor(self):
         return self.screen.cursor() != self.resting
 
-    def end_move(self, button=1):
+    def end_move(self):
         # It has to be over for the window manager, which would take what comes next for a part of it, and for the
         # program, which hears of the release from its next look at the pointer alone.
-        self.release(button)
-        wait_for("the move's end", lambda: button != 1 or not self.has_other_cursor())
+        self.release()
+        wait_for("the move's end", lambda: not self.has_other_cursor())
         self.answers()
 
     # The caption.
@@ -194,12 +190,10 @@ class Velora:
     def caption(self):
         return self.screen.caption(self.window)
 
-    def caption_is(self, pattern):
-        # A pattern of the shell.
-        return fnmatch.fnmatchcase(self.caption(), pattern)
-
     def await_caption(self, pattern):
-        wait_for(f"a caption like {pattern}", lambda: self.caption_is(pattern) or told(self.caption()))
+        # A pattern of the shell.
+        wait_for(f"a caption like {pattern}",
+                 lambda: fnmatch.fnmatchcase(self.caption(), pattern) or told(self.caption()))
 
     def await_track(self, name):
         self.await_caption(f"..:: *{name}.mp3 *% ::.. velora *")
@@ -223,10 +217,6 @@ class Velora:
     def corner(self):
         return self.screen.rect(self.window)[:2]
 
-    def crop(self, rect):
-        left, top = self.corner()
-        return self.screen.picture(left + rect.left, top + rect.top, rect.width, rect.height)
-
     def pixel(self, where):
         # The colour on the screen at a control's middle or at a place of the window, as #RRGGBB.
         return "#%02X%02X%02X" % self.screen.picture(*self.place(where), 1, 1).getpixel((0, 0))
@@ -238,19 +228,17 @@ class Velora:
         # The screen shows that picture of the skin (`filename`, at rest, or `filename2`, held down) at the place
         # of the control, or at that of another one.
         place = self.skin.place(at or control)
-        return not differ(self.crop(place), self.skin.shown(control, key, place))
+        seen = self.screen.picture(*self.place(place[:2]), place.width, place.height)
+        return not differ(seen, self.skin.shown(control, key, place))
 
     def await_picture(self, control, key="filename", at=None):
         wait_for(f"the picture of {control} {key}", lambda: self.shows(control, key, at))
 
     # Dialogs and the menu.
 
-    def find_dialog(self, title):
-        return self.screen.find("dialog", title)
-
     def await_dialog(self, title):
         # It is up, and takes the keys.
-        dialog = wait_for(f"the dialog {title}", lambda: self.find_dialog(title))
+        dialog = wait_for(f"the dialog {title}", lambda: self.screen.find("dialog", title))
         wait_for(f"the dialog {title} to take the keys", lambda: self.screen.focus() == dialog)
         return dialog
 
@@ -258,9 +246,11 @@ class Velora:
         # Types at a dialog, and waits until it is gone. The window manager takes the frame away a moment after
         # the dialog in it has gone, and until then a click would fall on that.
         dialog = self.await_dialog(title)
-        self.screen.key(*text)
-        # The list of proposals has to catch up with the name first.
-        self.screen.ping(dialog)
+        # No faster than the program reads: the proposals come up and go with each letter, and must not have
+        # one of their own on its way.
+        for letter in text:
+            self.screen.key(letter)
+            self.screen.ping(dialog)
         self.screen.key(*keys)
         wait_for(f"the dialog {title} to close", lambda: not self.screen.is_shown(dialog))
         wait_for(f"the frame of {title} to go", lambda: not self.screen.is_managed(dialog))
@@ -270,20 +260,20 @@ class Velora:
 
     def choose_media(self, name):
         # A track in `media`.
-        self.choose_file("Select Media ...", self.media / f"{name}.mp3")
+        self.choose_file(MEDIA, self.media / f"{name}.mp3")
         self.await_track(name)
 
-    def add_playlist(self, name, file, key="Shift_L"):
-        # With that key held, as a user does.
-        self.click("eject", key=key)
-        self.choose_file("Select Playlist ...", file)
-        self.answer("Velora", "Return", text=name)
+    def enter_playlists(self, *names):
+        # Lists in `media`, before the program starts.
+        rows = "".join(f"[{number}]\nEnabled=True\nName=Days\nFile={name}\nPath={self.media}\n"
+                       for number, name in enumerate(names, 1))
+        (self.app / "velplaylists.ini").write_text(f"[Settings]\nCount={len(names)}\n{rows}")
 
     def find_menu(self):
         return self.screen.find("menu")
 
-    def open_menu(self, button=3):
-        self.click(BARE, button)
+    def open_menu(self):
+        self.click(BARE, 3)
         return wait_for("the menu", self.find_menu)
 
     def choose_from_menu(self, *keys):
@@ -300,29 +290,17 @@ class Velora:
         # A track that is different at every place: NAME.mp3 in `media`, and its samples in NAME.raw.
         sound.write_noise(self.media / name, seconds, seed)
 
-    def listen(self, sink="out"):
+    def listen(self):
         # Records from here on into the file `heard`.
         self.heard = self.directory / f"heard-{len(list(self.directory.glob('heard-*')))}"
-        self.session.record(self.heard, sink=sink)
+        self.session.record(self.heard)
 
-    def hears(self, what, track, *more):
-        # What a question of `sound` says to the recording and a track in `media`.
-        return sound.hear(what, self.heard, self.media / track, *more)
-
-    def await_sound(self, what, track, *more):
-        wait_for(f"the sound of {track}", lambda: self.hears(what, track, *more))
+    def await_sound(self, question, track, *more):
+        # One of `sound` to the recording and a track in `media`.
+        wait_for(f"the sound of {track}", lambda: question(self.heard, self.media / track, *more))
 
     def await_silence(self):
-        wait_for("silence", lambda: not sound.is_heard(self.heard))
-
-    def await_any_sound(self):
-        wait_for("sound", lambda: sound.is_heard(self.heard))
-
-    def is_loud(self, track, percent):
-        return abs(sound.percent_heard(self.heard, self.media / track) - percent) < 3
-
-    def await_loudness(self, track, percent):
-        wait_for(f"{percent} per cent of the loudness", lambda: self.is_loud(track, percent))
+        wait_for("silence", lambda: sound.is_silent(self.heard))
 
 
 def told(seen):
