@@ -1,6 +1,7 @@
 // A sound server of a test's own, with one silent sink, and a recorder of what that sink gets.
 #pragma once
 
+#include <csignal>
 #include <cstdint>
 #include <string>
 #include <sys/types.h>
@@ -25,6 +26,8 @@ public:
     bool Start();
     /// Ends it as a crash would.
     void Kill();
+    /// From now on it is there, but never answers.
+    void Freeze() const { kill(m_process, SIGSTOP); }
     [[nodiscard]] bool IsRunning() const { return m_process > 0; }
     /// What `PULSE_SERVER` is to be.
     [[nodiscard]] std::string Address() const { return "unix:" + m_files.Path("native"); }

@@ -39,8 +39,10 @@ Use::Use(int tracks) {
     };
 
     using Value = const std::string&;
-    for (const auto& [box, holder] : kButtons)
-        Words[std::string((form.*box).Name)] = [this, box](Value) { Point(m_box = &(form.*box), 5, 5); };
+    for (const auto& row : kButtons) {
+        PictureBox& box = form.*row.first;
+        Words[std::string(box.Name)] = [this, &box](Value) { Point(m_box = &box, 5, 5); };
+    }
     for (const Control* control :
          std::initializer_list<const Control*>{&form.VFmp3scope1, &form.lblFilescroll, &form.lblStatusLabel,
                                                &form.picBackground, &form.picVolume, &form.shpPercent[0]})

@@ -144,3 +144,18 @@ TEST_F(QtWindowTest, TheMenuHasTheVisibleChildrenOfItsRoot) {
     EXPECT_EQ(choose(10, -1), "one - grey* last 1");
     EXPECT_EQ(choose(7, 0), "one - grey* 2") << "the entry behind the tree isn't one of it";
 }
+
+TEST_F(QtWindowTest, OutsideItsShapeNothingIsPaintedWhateverWasThere) {
+    m_form.picBackground.Left = m_form.picBackground.Top = m_form.picPlay.Left = m_form.picPlay.Top = 2;
+    m_form.picBackground.Visible = m_form.picPlay.Visible = true;
+    m_form.picPlay.Picture = Dots({QColor(0, 200, 0, 128)});
+    m_form.Region = Bands({{3, 22, 13, 32}});
+    m_window.ShowFirst();
+    QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::red);
+    m_window.render(&image, {}, QRegion(0, 0, 20, 20), QWidget::IgnoreMask);
+    std::string colours;
+    for (const QPoint& place : {QPoint(10, 9), QPoint(9, 10), QPoint(9, 9), QPoint(1, 1), QPoint(4, 4)})
+        colours += image.pixelColor(place).name(QColor::HexArgb).toStdString();
+    EXPECT_EQ(colours, "#00000000#00000000#ff000000#ff3a6ea5#ff006400");
+}
