@@ -86,7 +86,7 @@ private:
         Place(form.VFmp3scope1, 300, 100, 50, 50);
         for (const auto holder : kHolders)
             SetPicture(form.*holder, NewPicture());
-        Long left = 10;
+        Long left = -30; // The first of them never shows.
         for (const auto& [button, holder] : kButtons) {
             SetPicture(form.*button, (form.*holder).Picture);
             Place(form.*button, left, 10, 30, 20);
