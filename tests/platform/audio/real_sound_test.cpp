@@ -29,8 +29,8 @@ TEST_F(RealSoundTest, VolumeAndSeekAreHeardBeforeWhatWasQueuedAndWhatIsLostComes
     };
     m_settings.Server = server.Address();
     Make(1);
-    m_player->Prepare();
     m_player->SetVolume(percent);
+    m_player->Prepare();
     Start(song);
     ASSERT_TRUE(UntilPlace(100));
     EXPECT_TRUE(isHeard(quiet, 200));
