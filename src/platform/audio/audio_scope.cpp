@@ -74,11 +74,13 @@ void AudioScope::ShowVisData(Long& VisData) {
     if (!m_transform->Plan || !m_ring.Take(VisData, m_frame)) return;
     m_transform->Work(m_frame);
     std::array<float, ScopeBars::kCount> heights{};
+    std::size_t first = FirstLine(0, m_frame.RateHz);
     for (std::size_t band = 0; band < heights.size(); ++band) {
+        const std::size_t next = FirstLine(band + 1, m_frame.RateHz);
         // Low bands are narrower than a line, and those above half the rate have none.
-        const std::size_t first = FirstLine(band, m_frame.RateHz);
-        const std::size_t next = std::max(first + 1, FirstLine(band + 1, m_frame.RateHz));
-        heights[band] = HeightOf(m_transform->Loudest(first, std::min(next, kLines)));
+        const std::size_t end = std::min(std::max(first + 1, next), kLines);
+        heights[band] = HeightOf(m_transform->Loudest(first, end));
+        first = next;
     }
     const std::int64_t stepMs = std::clamp<std::int64_t>(m_frame.AtMs - m_lastMs, 0, kLongestStepMs);
     m_lastMs = m_frame.AtMs;
