@@ -1,5 +1,5 @@
-// What decoding alone costs: reads a file to its end, as fast as it goes, and throws the samples away.
-// Prints the milliseconds of processor time for one minute of sound.
+// What decoding alone costs: reads a file to its end, as fast as it goes, and throws the samples
+// away. Prints the milliseconds of processor time for one minute of sound.
 #include <cstdio>
 #include <ctime>
 #include <mpg123.h>
@@ -20,9 +20,11 @@ int main(int count, char** arguments) {
     long rateHz = 44100;
     int channels = 2, encoding = 0;
     mpg123_getformat(decoder, &rateHz, &channels, &encoding);
-    const double seconds = static_cast<double>(total) / (2.0 * channels * static_cast<double>(rateHz));
+    const double seconds =
+        static_cast<double>(total) / (2.0 * channels * static_cast<double>(rateHz));
     std::timespec spent{};
     clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &spent);
-    const double ms = static_cast<double>(spent.tv_sec) * 1e3 + static_cast<double>(spent.tv_nsec) / 1e6;
+    const double ms =
+        static_cast<double>(spent.tv_sec) * 1e3 + static_cast<double>(spent.tv_nsec) / 1e6;
     std::printf("%.1f\n", ms * 60 / seconds);
 }

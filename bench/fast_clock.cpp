@@ -1,6 +1,7 @@
-// A clock that runs faster: preloaded into a program, it lets all time go by CLOCK_FACTOR times as fast. Each
-// clock is ahead by as much as the factor makes of the machine's uptime, so all programs agree on it, and
-// each wait is as much shorter. Only what the program, the toolkit and the sound server wait with is here.
+// A clock that runs faster: preloaded into a program, it lets all time go by CLOCK_FACTOR times as
+// fast. Each clock is ahead by as much as the factor makes of the machine's uptime, so all programs
+// agree on it, and each wait is as much shorter. Only what the program, the toolkit and the sound
+// server wait with is here.
 #include <cstdint>
 #include <cstdlib>
 #include <ctime>
@@ -84,7 +85,8 @@ int clock_gettime(clockid_t clock, timespec* told) noexcept {
 
 int gettimeofday(timeval* __restrict told, void* __restrict) noexcept {
     const std::int64_t now = FastNs(CLOCK_REALTIME);
-    *told = {static_cast<time_t>(now / kSecondNs), static_cast<suseconds_t>(now % kSecondNs / 1000)};
+    *told = {static_cast<time_t>(now / kSecondNs),
+             static_cast<suseconds_t>(now % kSecondNs / 1000)};
     return 0;
 }
 

@@ -1,6 +1,7 @@
-// Measures from a press of the mouse, as the display server gets it, to the changed pixels on the screen.
-// Usage: press_time X Y AWAY_X AWAY_Y TIMES; presses at (X, Y) of the screen and releases at the other place,
-// where a release must do nothing. Prints the median and the worst in milliseconds.
+// Measures from a press of the mouse, as the display server gets it, to the changed pixels on the
+// screen. Usage: press_time X Y AWAY_X AWAY_Y TIMES; presses at (X, Y) of the screen and releases
+// at the other place, where a release must do nothing. Prints the median and the worst in
+// milliseconds.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>

@@ -1,6 +1,6 @@
-// Measures from a sound at the sink to its bar on the screen: waits until the sink isn't silent and until
-// something yellow stands in a rectangle of the screen. Usage: scope_delay LEFT TOP WIDTH HEIGHT; prints the
-// milliseconds from the sound to the picture, below 0 if the picture came first.
+// Measures from a sound at the sink to its bar on the screen: waits until the sink isn't silent and
+// until something yellow stands in a rectangle of the screen. Usage: scope_delay LEFT TOP WIDTH
+// HEIGHT; prints the milliseconds from the sound to the picture, below 0 if the picture came first.
 #include <cstdio>
 #include <cstdlib>
 #include <unistd.h>
@@ -12,7 +12,9 @@ namespace {
 
 bool HasYellow(const std::string& pixels) {
     for (std::size_t at = 0; at + 3 < pixels.size(); at += 4) {
-        const auto byte = [&](std::size_t offset) { return static_cast<unsigned char>(pixels[at + offset]); };
+        const auto byte = [&](std::size_t offset) {
+            return static_cast<unsigned char>(pixels[at + offset]);
+        };
         if (byte(0) < 40 && byte(1) > 240 && byte(2) > 240) return true;
     }
     return false;

@@ -34,8 +34,8 @@ struct Screen {
 
 private:
     void Fake(std::uint8_t type, std::uint8_t detail, int x, int y) const {
-        xcb_test_fake_input(Display, type, detail, XCB_CURRENT_TIME, Root, static_cast<std::int16_t>(x),
-                            static_cast<std::int16_t>(y), 0);
+        xcb_test_fake_input(Display, type, detail, XCB_CURRENT_TIME, Root,
+                            static_cast<std::int16_t>(x), static_cast<std::int16_t>(y), 0);
         xcb_flush(Display);
     }
 };

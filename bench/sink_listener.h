@@ -19,8 +19,8 @@ public:
     bool Start() {
         const pa_sample_spec format{PA_SAMPLE_S16LE, 44100, 2};
         const pa_buffer_attr pieces{~0u, ~0u, ~0u, ~0u, kPieceBytes};
-        m_stream = pa_simple_new(nullptr, "bench", PA_STREAM_RECORD, "out.monitor", "bench", &format, nullptr,
-                                 &pieces, nullptr);
+        m_stream = pa_simple_new(nullptr, "bench", PA_STREAM_RECORD, "out.monitor", "bench",
+                                 &format, nullptr, &pieces, nullptr);
         if (!m_stream) return false;
         Read();
         m_thread = std::thread([this] {

@@ -1,5 +1,6 @@
-// Measures reading and applying a skin with its real pictures, without a window: the median of 20 loads into
-// fresh states, the first left out. Usage: skin_time SKIN; prints milliseconds for reading and for applying.
+// Measures reading and applying a skin with its real pictures, without a window: the median of 20
+// loads into fresh states, the first left out. Usage: skin_time SKIN; prints milliseconds for
+// reading and for applying.
 #include <QGuiApplication>
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
-// Measures from an action of the user to the first sound of it at the sink: a key, or the release of the left
-// button that is held. Usage: sound_after THRESHOLD KEYCODE; a key code of 0 means the button. What isn't
-// louder than the threshold is no sound. Prints milliseconds.
+// Measures from an action of the user to the first sound of it at the sink: a key, or the release
+// of the left button that is held. Usage: sound_after THRESHOLD KEYCODE; a key code of 0 means the
+// button. What isn't louder than the threshold is no sound. Prints milliseconds.
 #include <cstdio>
 #include <cstdlib>
 #include <unistd.h>

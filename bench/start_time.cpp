@@ -1,9 +1,10 @@
-// Starts a program and measures, until its first window is mapped and its first sample is at the sink:
-// the time, the processor time of the process, its memory. Prints one line of numbers:
-//   milliseconds to the mapped window, milliseconds of processor time to that point, PSS in kilobytes half a
-//   second later, milliseconds to the first sample (-1 without --sound), milliseconds until the middle of the
-//   screen shows something.
-// Usage: start_time [--sound] PROGRAM [ARGUMENT...]; the display and the sound server are the environment's.
+// Starts a program and measures, until its first window is mapped and its first sample is at the
+// sink: the time, the processor time of the process, its memory. Prints one line of numbers:
+//   milliseconds to the mapped window, milliseconds of processor time to that point, PSS in
+//   kilobytes half a second later, milliseconds to the first sample (-1 without --sound),
+//   milliseconds until the middle of the screen shows something.
+// Usage: start_time [--sound] PROGRAM [ARGUMENT...]; the display and the sound server are the
+// environment's.
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>

@@ -33,12 +33,12 @@ constexpr int kIconCacheKb = 256;
 void PrepareToolkit() {
     // A sound server that goes away in the middle of a message must not end the program.
     std::signal(SIGPIPE, SIG_IGN);
-    // Shared memory shows a small window sooner and with less of it than a graphics library would. The
-    // toolkit knows no such library by that name, which is the point, and would say so.
+    // Shared memory shows a small window sooner and with less of it than a graphics library would.
+    // The toolkit knows no such library by that name, which is the point, and would say so.
     setenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "shm", 0);
     QLoggingCategory::setFilterRules(QStringLiteral("qt.qpa.wayland.warning=false"));
-    // With memory shared with the X server each frame of the spectrum waits for the server to have taken the
-    // last one: two wake-ups more than sending its few kilobytes.
+    // With memory shared with the X server each frame of the spectrum waits for the server to have
+    // taken the last one: two wake-ups more than sending its few kilobytes.
     setenv("QT_XCB_NO_MITSHM", "1", 0);
     // The toolkit's own event loop wakes more cheaply than glib's, and nothing here needs that one.
     setenv("QT_NO_GLIB", "1", 0);
@@ -47,18 +47,19 @@ void PrepareToolkit() {
 
 void PrepareApplication() {
     QApplication::setQuitOnLastWindowClosed(false);
-    // The volume compares positions exactly, so no motion may be merged away. Set before the application
-    // object exists, this would be lost.
+    // The volume compares positions exactly, so no motion may be merged away. Set before the
+    // application object exists, this would be lost.
     QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QGuiApplication::setDesktopFileName(QStringLiteral("velora"));
-    // Each dialog draws its icons anew, under names of its own; by default 10 MB of them would pile up.
+    // Each dialog draws its icons anew, under names of its own; by default 10 MB of them would pile
+    // up.
     QPixmapCache::setCacheLimit(kIconCacheKb);
 }
 
 // The state, and the scope that draws into its form: each knows the other.
 struct Logic {
-    Logic(QtWindow& window, QtDialogs& dialogs, QtLoop& loop, QtPictures& pictures, QtSystem& machine,
-          AudioPlayer& player)
+    Logic(QtWindow& window, QtDialogs& dialogs, QtLoop& loop, QtPictures& pictures,
+          QtSystem& machine, AudioPlayer& player)
         : State({window, dialogs, loop, pictures, machine, player, Scope}),
           Scope(player.Ring(), State.frmMain.VFmp3scope1.Bars) {}
 
@@ -75,8 +76,8 @@ void PressAt(FormHandlers& handlers, int xPx, int yPx) {
 } // namespace
 
 int main(int count, char** arguments) {
-    const Text commandLine =
-        CommandLineText(std::vector<std::string>(arguments + 1, arguments + count), ProcessDirectory());
+    const Text commandLine = CommandLineText(
+        std::vector<std::string>(arguments + 1, arguments + count), ProcessDirectory());
     PrepareToolkit();
 
     QtLoop loop;

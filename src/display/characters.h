@@ -1,5 +1,5 @@
-// Cutting texts by characters. A character outside the basic plane takes two places of a text and is never
-// cut in two.
+// Cutting texts by characters. A character outside the basic plane takes two places of a text and
+// is never cut in two.
 #pragma once
 
 #include <cstddef>

@@ -8,7 +8,8 @@
 namespace {
 
 constexpr TextView kHead = u" ..:: velora is currently playing ::.. ";
-constexpr TextView kWebBlock = u" ..:: visit team quillo on the web: http://www.quillo.example ::.. ";
+constexpr TextView kWebBlock =
+    u" ..:: visit team quillo on the web: http://www.quillo.example ::.. ";
 constexpr std::size_t kGapLength = 10;
 
 Text TaggedLine(const TickerFacts& facts) {

@@ -1,5 +1,5 @@
-// The text that runs through the title label. The label's caption is all the state that there is: scrolling
-// turns it round by a character.
+// The text that runs through the title label. The label's caption is all the state that there is:
+// scrolling turns it round by a character.
 #pragma once
 
 #include "state/velora.h"

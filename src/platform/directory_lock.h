@@ -1,12 +1,13 @@
-// A lock between programs: held on a directory, it guards a file in it that is replaced rather than written.
+// A lock between programs: held on a directory, it guards a file in it that is replaced rather than
+// written.
 #pragma once
 
 #include "platform/files.h"
 #include "platform/loop.h"
 #include "platform/text.h"
 
-/// Holds the lock of a directory as long as the object lives; the end of the process releases it, too. It
-/// keeps out only those that ask for it.
+/// Holds the lock of a directory as long as the object lives; the end of the process releases it,
+/// too. It keeps out only those that ask for it.
 class DirectoryLock {
 public:
     /// Waits up to a second for another holder, with events going on.

@@ -1,5 +1,5 @@
-// The original platform's dialog changed the process's directory; here the current directory is a text that
-// the system keeps.
+// The original platform's dialog changed the process's directory; here the current directory is a
+// text that the system keeps.
 #include "platform/file_dialogs.h"
 
 #include "platform/paths.h"
@@ -20,12 +20,13 @@ void InitialiseFilters(std::vector<FilterRow>& MediaFilter, std::vector<FilterRo
     SkinFilter = {{u"Skin Files (*.vs4)", u"*.vs4"}, allFiles};
 }
 
-Text OpenFileDialog(Dialogs& dialogs, System& system, const std::vector<FilterRow>& Filter, const Text& Title,
-                    const Text& Directory) {
+Text OpenFileDialog(Dialogs& dialogs, System& system, const std::vector<FilterRow>& Filter,
+                    const Text& Title, const Text& Directory) {
     Text path = dialogs.ChooseFile(Title, Directory, Filter);
     if (path.empty()) return path;
     const std::size_t directoryLength = path.size() - GetFileName(path).size();
     // Without the backslash at its end, but for the root.
-    system.SetCurrentDirectory(path.substr(0, directoryLength > 1 ? directoryLength - 1 : directoryLength));
+    system.SetCurrentDirectory(
+        path.substr(0, directoryLength > 1 ? directoryLength - 1 : directoryLength));
     return path;
 }

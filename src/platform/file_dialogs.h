@@ -10,8 +10,10 @@
 void InitialiseFilters(std::vector<FilterRow>& MediaFilter, std::vector<FilterRow>& PlaylistFilter,
                        std::vector<FilterRow>& SkinFilter);
 
-/// Lets the user choose one existing file: its full path, or the empty text if the user cancels or the dialog
-/// fails. After a choice the directory of the file is the current one. An empty `Directory` is left to the
-/// dialogs, which open in the user's music folder and, once a file was chosen, in that file's directory.
-[[nodiscard]] Text OpenFileDialog(Dialogs& dialogs, System& system, const std::vector<FilterRow>& Filter,
-                                  const Text& Title, const Text& Directory);
+/// Lets the user choose one existing file: its full path, or the empty text if the user cancels or
+/// the dialog fails. After a choice the directory of the file is the current one. An empty
+/// `Directory` is left to the dialogs, which open in the user's music folder and, once a file was
+/// chosen, in that file's directory.
+[[nodiscard]] Text OpenFileDialog(Dialogs& dialogs, System& system,
+                                  const std::vector<FilterRow>& Filter, const Text& Title,
+                                  const Text& Directory);

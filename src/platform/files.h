@@ -25,19 +25,19 @@ private:
     int m_descriptor = -1;
 };
 
-/// Opens a plain file for reading by a path of this machine. Doesn't wait on a FIFO and takes nothing but
-/// plain files; empty if that fails.
+/// Opens a plain file for reading by a path of this machine. Doesn't wait on a FIFO and takes
+/// nothing but plain files; empty if that fails.
 [[nodiscard]] FileHandle OpenForReading(const std::string& pathBytes);
 
 /// The same by the system's text, through `FindPath`.
 [[nodiscard]] FileHandle OpenForReading(TextView path);
 
-/// Makes the directory, and those above it, where they aren't there; a failure shows when a file is to be
-/// written there.
+/// Makes the directory, and those above it, where they aren't there; a failure shows when a file is
+/// to be written there.
 void MakeDirectory(TextView directory);
 
-/// The bytes of a file that has just been opened. Nothing if it can't be read or holds more than `limit`
-/// bytes. One that shrinks or grows meanwhile gives what was there.
+/// The bytes of a file that has just been opened. Nothing if it can't be read or holds more than
+/// `limit` bytes. One that shrinks or grows meanwhile gives what was there.
 [[nodiscard]] std::optional<std::string> ReadFileBytes(const FileHandle& file, std::size_t limit);
 
 /// The same for the plain file that `path` names; nothing also if there is none.

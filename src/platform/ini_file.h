@@ -18,9 +18,10 @@ struct IniFile {
     IniText Content;
 };
 
-/// Reads the file at a path of this machine. Nothing if it isn't there, is no plain file, can't be read or is
-/// larger than `kMostIniBytes`.
+/// Reads the file at a path of this machine. Nothing if it isn't there, is no plain file, can't be
+/// read or is larger than `kMostIniBytes`.
 [[nodiscard]] std::optional<IniFile> OpenIniFile(const std::string& pathBytes);
 
-/// Whether `pathBytes` is still the file that was read: its identity, size and times of change are those.
+/// Whether `pathBytes` is still the file that was read: its identity, size and times of change are
+/// those.
 [[nodiscard]] bool IsUnchanged(const IniFile& file, const std::string& pathBytes);

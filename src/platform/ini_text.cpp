@@ -1,5 +1,5 @@
-// A look-up finds the section in a sorted table and then reads its lines: keys are never collected, since a
-// section is short and most files are read once.
+// A look-up finds the section in a sorted table and then reads its lines: keys are never collected,
+// since a section is short and most files are read once.
 #include "platform/ini_text.h"
 
 #include <algorithm>
@@ -34,7 +34,8 @@ std::string_view Trim(std::string_view text) {
 }
 
 bool IsQuoted(std::string_view text) {
-    return text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
+    return text.size() >= 2 && text.front() == text.back() &&
+           (text.front() == '"' || text.front() == '\'');
 }
 
 std::string_view Strip(std::string_view value) {
@@ -101,15 +102,18 @@ const IniText::Section* IniText::FindSection(std::string_view name) const {
         std::partition_point(m_sections.begin(), m_sections.end(), [&](const Section& section) {
             return LessWithoutCase(NameOf(section), wanted);
         });
-    return found != m_sections.end() && EqualWithoutCase(NameOf(*found), wanted) ? &*found : nullptr;
+    return found != m_sections.end() && EqualWithoutCase(NameOf(*found), wanted) ? &*found
+                                                                                 : nullptr;
 }
 
-std::optional<std::string_view> IniText::Find(std::string_view section, std::string_view key) const {
+std::optional<std::string_view> IniText::Find(std::string_view section,
+                                              std::string_view key) const {
     const Section* const found = FindSection(section);
     if (!found) return std::nullopt;
     const Place place = FindKey(*found, key);
     if (place.From == place.To) return std::nullopt;
-    const std::string_view line = std::string_view(m_bytes).substr(place.From, place.To - place.From);
+    const std::string_view line =
+        std::string_view(m_bytes).substr(place.From, place.To - place.From);
     return Strip(line.substr(line.find('=') + 1));
 }
 
@@ -131,8 +135,8 @@ std::optional<std::string> IniText::With(std::string_view section, std::string_v
                                          std::string_view value) const {
     const std::string_view bytes = m_bytes;
     const Line first = LineAt(bytes, 0);
-    const std::string lineEnd(first.End < first.Next ? bytes.substr(first.End, first.Next - first.End)
-                                                     : "\r\n");
+    const std::string lineEnd(
+        first.End < first.Next ? bytes.substr(first.End, first.Next - first.End) : "\r\n");
     const std::string quote(Strip(value) == value ? "" : "\"");
     std::string added = std::string(Trim(key)) + "=" + quote + std::string(value) + quote;
     Place place{bytes.size(), bytes.size()};
@@ -147,7 +151,8 @@ std::optional<std::string> IniText::With(std::string_view section, std::string_v
             before.size() > StartOf(bytes) && before.find_last_of("\r\n") + 1 != before.size();
         if (behindOpenLine) added = lineEnd + added;
     }
-    IniText result(std::string(bytes.substr(0, place.From)) + added + std::string(bytes.substr(place.To)));
+    IniText result(std::string(bytes.substr(0, place.From)) + added +
+                   std::string(bytes.substr(place.To)));
     if (result.Find(section, key) != value) return std::nullopt;
     return std::move(result.m_bytes);
 }

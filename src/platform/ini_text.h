@@ -1,11 +1,13 @@
-// The grammar of ini files, on bytes: sections in square brackets, lines of key, equals sign and value.
+// The grammar of ini files, on bytes: sections in square brackets, lines of key, equals sign and
+// value.
 //
-// Lines end with CR LF, LF or CR. A line whose first letter is `[` begins a section, whose name goes to the
-// next `]`, or to the line's end where that is missing. A line whose first letter is `;` is a comment. Any
-// other line with an equals sign holds a key; the rest is passed over. White space around names and values
-// doesn't count, and one pair of double or single quotation marks around a value doesn't either. Names match
-// without regard to the case of the 26 letters. Of sections with one name the first counts, and in it the
-// first line of a key. A byte order mark of UTF-8 at the start doesn't count.
+// Lines end with CR LF, LF or CR. A line whose first letter is `[` begins a section, whose name
+// goes to the next `]`, or to the line's end where that is missing. A line whose first letter is
+// `;` is a comment. Any other line with an equals sign holds a key; the rest is passed over. White
+// space around names and values doesn't count, and one pair of double or single quotation marks
+// around a value doesn't either. Names match without regard to the case of the 26 letters. Of
+// sections with one name the first counts, and in it the first line of a key. A byte order mark of
+// UTF-8 at the start doesn't count.
 #pragma once
 
 #include <cstddef>
@@ -14,35 +16,38 @@
 #include <string_view>
 #include <vector>
 
-/// The text of an ini file with the places of its sections, so that many look-ups are quick in a large file.
+/// The text of an ini file with the places of its sections, so that many look-ups are quick in a
+/// large file.
 class IniText {
 public:
     explicit IniText(std::string bytes = {});
 
     [[nodiscard]] const std::string& Bytes() const { return m_bytes; }
 
-    /// The value of a key, without the white space and the quotation marks around it. Nothing if there is no
-    /// such section or key. It lies in `Bytes`.
-    [[nodiscard]] std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
+    /// The value of a key, without the white space and the quotation marks around it. Nothing if
+    /// there is no such section or key. It lies in `Bytes`.
+    [[nodiscard]] std::optional<std::string_view> Find(std::string_view section,
+                                                       std::string_view key) const;
 
-    /// The bytes with the key set to that value; all other lines stay byte for byte. The key's line is
-    /// written anew, or comes after the last key of its section, or in a new section at the end. Line ends
-    /// are those of the file's first line, CR LF where there is none. A value that `Find` would strip stands
-    /// in quotation marks. Nothing if the value couldn't be found again, as with a line end in it.
+    /// The bytes with the key set to that value; all other lines stay byte for byte. The key's line
+    /// is written anew, or comes after the last key of its section, or in a new section at the end.
+    /// Line ends are those of the file's first line, CR LF where there is none. A value that `Find`
+    /// would strip stands in quotation marks. Nothing if the value couldn't be found again, as with
+    /// a line end in it.
     [[nodiscard]] std::optional<std::string> With(std::string_view section, std::string_view key,
                                                   std::string_view value) const;
 
 private:
-    // Places in `m_bytes`; no views, so that the object may be moved. The lines go from behind the header up
-    // to the next one.
+    // Places in `m_bytes`; no views, so that the object may be moved. The lines go from behind the
+    // header up to the next one.
     struct Section {
         std::size_t NameAt = 0;
         std::size_t NameLength = 0;
         std::size_t Start = 0;
         std::size_t End = 0;
     };
-    // From the start to the end of a key's line, without its line end; or twice the place behind the last key
-    // of the section, if there is no such line.
+    // From the start to the end of a key's line, without its line end; or twice the place behind
+    // the last key of the section, if there is no such line.
     struct Place {
         std::size_t From = 0;
         std::size_t To = 0;

@@ -1,5 +1,5 @@
-// A file is replaced and never overwritten in place: a full disk, a crash or a reader in the middle of it
-// must not meet half of it.
+// A file is replaced and never overwritten in place: a full disk, a crash or a reader in the middle
+// of it must not meet half of it.
 #include "platform/ini_write.h"
 
 #include <cerrno>
@@ -12,8 +12,8 @@
 
 namespace {
 
-// How often a file is read anew because another program changed it, and how many names for a new file are
-// tried.
+// How often a file is read anew because another program changed it, and how many names for a new
+// file are tried.
 constexpr int kMostAttempts = 10, kMostNames = 100;
 
 enum class Outcome { Written, Failed, ChangedMeanwhile };
@@ -23,19 +23,21 @@ bool IsThere(const std::string& path) {
     return lstat(path.c_str(), &facts) == 0;
 }
 
-// The path with all links followed; the path itself if nothing is there. Nothing for a link that leads
-// nowhere.
+// The path with all links followed; the path itself if nothing is there. Nothing for a link that
+// leads nowhere.
 std::optional<std::string> FollowLinks(const std::string& path) {
-    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr), std::free);
+    const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr),
+                                                           std::free);
     if (real) return std::string(real.get());
     return IsThere(path) ? std::nullopt : std::optional(path);
 }
 
-// Whether the file may be changed where it is. A file that nobody may write is left alone by the superuser,
-// too.
+// Whether the file may be changed where it is. A file that nobody may write is left alone by the
+// superuser, too.
 bool IsWritableAsItStands(const std::string& path, const struct stat& facts) {
     if ((facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return false;
-    return static_cast<bool>(FileHandle(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)));
+    return static_cast<bool>(
+        FileHandle(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)));
 }
 
 // A new file beside the one to be replaced. Unless it is kept it goes with this object.
@@ -44,8 +46,8 @@ public:
     NewFile(const std::string& target, mode_t mode, const FileCalls& calls) : m_calls(calls) {
         const std::string directory = target.substr(0, target.rfind('/') + 1);
         for (int number = 0; number < kMostNames && m_descriptor < 0; ++number) {
-            m_path =
-                directory + ".velora-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp";
+            m_path = directory + ".velora-" + std::to_string(getpid()) + "-" +
+                     std::to_string(number) + ".tmp";
             m_descriptor = calls.Create(m_path.c_str(), mode);
             if (m_descriptor < 0 && errno != EEXIST) break;
         }
@@ -59,7 +61,8 @@ public:
     }
 
     [[nodiscard]] bool Fill(std::string_view content, const struct stat* likeThis) {
-        return m_made && Write(content) && TakeOver(likeThis) && m_calls.Flush(m_descriptor) == 0 && Close();
+        return m_made && Write(content) && TakeOver(likeThis) && m_calls.Flush(m_descriptor) == 0 &&
+               Close();
     }
 
     [[nodiscard]] bool MoveTo(const std::string& target) {
@@ -85,7 +88,8 @@ private:
         if (!likeThis) return true;
         if (fstat(m_descriptor, &facts) != 0) return false;
         const bool sameOwner = facts.st_uid == likeThis->st_uid && facts.st_gid == likeThis->st_gid;
-        if (!sameOwner && m_calls.ChangeOwner(m_descriptor, likeThis->st_uid, likeThis->st_gid) != 0)
+        if (!sameOwner &&
+            m_calls.ChangeOwner(m_descriptor, likeThis->st_uid, likeThis->st_gid) != 0)
             return false;
         return m_calls.ChangeMode(m_descriptor, likeThis->st_mode & 07777) == 0;
     }
@@ -118,7 +122,8 @@ Outcome WriteOnce(const std::string& target, std::string_view section, std::stri
         old = OpenIniFile(target);
         if (!old || !IsWritableAsItStands(target, old->Facts)) return Outcome::Failed;
         text = old->Content;
-    } else if (const std::optional<IniFile> first = seed.empty() ? std::nullopt : OpenIniFile(seed)) {
+    } else if (const std::optional<IniFile> first =
+                   seed.empty() ? std::nullopt : OpenIniFile(seed)) {
         text = first->Content;
     }
     const auto content = text.With(section, key, value);
@@ -145,7 +150,8 @@ bool WriteIniValue(const std::string& pathBytes, std::string_view section, std::
     const std::optional<std::string> target = FollowLinks(pathBytes);
     if (!target) return false;
     Outcome outcome = Outcome::ChangedMeanwhile;
-    for (int attempt = 0; attempt < kMostAttempts && outcome == Outcome::ChangedMeanwhile; ++attempt)
+    for (int attempt = 0; attempt < kMostAttempts && outcome == Outcome::ChangedMeanwhile;
+         ++attempt)
         outcome = WriteOnce(*target, section, key, value, calls, seed);
     return outcome == Outcome::Written;
 }

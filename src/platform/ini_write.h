@@ -1,4 +1,5 @@
-// The safe writing of an ini file: whatever happens, the file on the disk is the old one or the new one.
+// The safe writing of an ini file: whatever happens, the file on the disk is the old one or the new
+// one.
 #pragma once
 
 #include <cstdio>
@@ -21,14 +22,15 @@ struct FileCalls {
     int (*Rename)(const char* from, const char* to) = ::rename;
 };
 
-/// Sets a key in the ini file at a path of this machine, making the file if it isn't there. The new content
-/// goes to a new file in the same directory, is flushed, and takes the old one's place with its mode and
-/// owner; a symbolic link stays and its target is rewritten. If another program changes the file meanwhile,
-/// its change is read first. A file that is made begins as a copy of `seed`, if that one can be read.
+/// Sets a key in the ini file at a path of this machine, making the file if it isn't there. The new
+/// content goes to a new file in the same directory, is flushed, and takes the old one's place with
+/// its mode and owner; a symbolic link stays and its target is rewritten. If another program
+/// changes the file meanwhile, its change is read first. A file that is made begins as a copy of
+/// `seed`, if that one can be read.
 ///
-/// False, with the old file whole and nothing left beside it, if: a call fails; the file can't be written as
-/// it stands, or nobody may write it; it is no plain file, or a link that leads nowhere; it holds a NUL, or
-/// more than 4 MiB, or would hold either; the value couldn't be read again.
-[[nodiscard]] bool WriteIniValue(const std::string& pathBytes, std::string_view section, std::string_view key,
-                                 std::string_view value, const FileCalls& calls = {},
-                                 const std::string& seed = {});
+/// False, with the old file whole and nothing left beside it, if: a call fails; the file can't be
+/// written as it stands, or nobody may write it; it is no plain file, or a link that leads nowhere;
+/// it holds a NUL, or more than 4 MiB, or would hold either; the value couldn't be read again.
+[[nodiscard]] bool WriteIniValue(const std::string& pathBytes, std::string_view section,
+                                 std::string_view key, std::string_view value,
+                                 const FileCalls& calls = {}, const std::string& seed = {});

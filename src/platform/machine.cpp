@@ -1,4 +1,5 @@
-// Asked of the kernel and the environment, without the toolkit, so that it works before a display is there.
+// Asked of the kernel and the environment, without the toolkit, so that it works before a display
+// is there.
 #include "platform/machine.h"
 
 #include <cstdlib>

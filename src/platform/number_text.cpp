@@ -1,4 +1,5 @@
-// The digits are read by from_chars, which knows no locale; what it takes beyond a number is kept out first.
+// The digits are read by from_chars, which knows no locale; what it takes beyond a number is kept
+// out first.
 #include "platform/number_text.h"
 
 #include <charconv>
@@ -8,8 +9,8 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t";
 
-// `text` without the blanks around it, if it is nothing but ASCII; otherwise the empty text, which is no
-// number.
+// `text` without the blanks around it, if it is nothing but ASCII; otherwise the empty text, which
+// is no number.
 std::string TrimmedAscii(TextView text) {
     std::string ascii;
     for (const char16_t letter : text) {
@@ -41,7 +42,8 @@ std::optional<double> DecimalNumber(TextView text) {
     const bool negative = digits.starts_with('-');
     if (negative || digits.starts_with('+')) digits.remove_prefix(1);
     // Keeps out a second sign, "inf" and "nan".
-    if (digits.empty() || std::string_view("0123456789.").find(digits.front()) == std::string_view::npos)
+    if (digits.empty() ||
+        std::string_view("0123456789.").find(digits.front()) == std::string_view::npos)
         return std::nullopt;
     double number = 0;
     const char* const end = digits.data() + digits.size();

@@ -20,8 +20,8 @@ struct Boolean {
     constexpr operator bool() const { return Value != 0; }
 };
 
-/// `number` rounded to the nearest whole number of type `Whole`, the exact half to the even neighbour.
-/// Nothing if `number` is no number or the result doesn't fit.
+/// `number` rounded to the nearest whole number of type `Whole`, the exact half to the even
+/// neighbour. Nothing if `number` is no number or the result doesn't fit.
 template<typename Whole>
 [[nodiscard]] std::optional<Whole> RoundToEven(double number) {
     static_assert(std::is_integral_v<Whole>);
@@ -40,7 +40,8 @@ template<typename Whole>
     return static_cast<Whole>(number);
 }
 
-/// Twips to a skin's pixel, both ways; the outer size of the form and the mouse on the volume use it.
+/// Twips to a skin's pixel, both ways; the outer size of the form and the mouse on the volume use
+/// it.
 constexpr int kTwipsPerPixel = 15;
 
 /// The nearest whole pixel to a length in twips, the exact half away from zero.

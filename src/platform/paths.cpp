@@ -26,7 +26,8 @@ struct CloseDirectory {
 // The names in a directory; none if it can't be read.
 std::vector<std::string> NamesIn(const std::string& directory) {
     std::vector<std::string> names;
-    const std::unique_ptr<DIR, CloseDirectory> open(opendir(directory.empty() ? "." : directory.c_str()));
+    const std::unique_ptr<DIR, CloseDirectory> open(
+        opendir(directory.empty() ? "." : directory.c_str()));
     if (!open) return names;
     while (const dirent* entry = readdir(open.get()))
         names.emplace_back(entry->d_name);
@@ -52,7 +53,8 @@ std::optional<std::string> NameWithoutCase(const std::string& directory, std::st
     const Text wanted = LowerName(name);
     std::optional<std::string> best;
     for (std::string& candidate : NamesIn(directory))
-        if ((!best || candidate < *best) && LowerName(candidate) == wanted) best = std::move(candidate);
+        if ((!best || candidate < *best) && LowerName(candidate) == wanted)
+            best = std::move(candidate);
     return best;
 }
 
@@ -107,7 +109,8 @@ bool AnyFileMatches(const std::string& directory, std::string_view pattern) {
     const bool all = pattern.empty() || pattern == "*.*";
     const Text lowerPattern = LowerName(pattern);
     for (const std::string& name : NamesIn(*found))
-        if ((all || MatchesPattern(LowerName(name), lowerPattern)) && IsPlainFile(fs::path(*found) / name))
+        if ((all || MatchesPattern(LowerName(name), lowerPattern)) &&
+            IsPlainFile(fs::path(*found) / name))
             return true;
     return false;
 }
@@ -118,7 +121,8 @@ std::string PathBytes(TextView path) {
     std::string bytes;
     std::size_t plainFrom = 0;
     for (std::size_t at = 0; at <= path.size(); ++at) {
-        const bool special = at < path.size() && (path[at] == u'\\' || StandsForSomething(path[at]));
+        const bool special =
+            at < path.size() && (path[at] == u'\\' || StandsForSomething(path[at]));
         if (!special && at < path.size()) continue;
         bytes += Utf8(path.substr(plainFrom, at - plainFrom));
         plainFrom = at + 1;
@@ -126,7 +130,8 @@ std::string PathBytes(TextView path) {
         if (path[at] == u'\\')
             bytes += '/';
         else
-            bytes += path[at] == kBackslashInName ? '\\' : static_cast<char>(path[at] - kFirstRawByte);
+            bytes +=
+                path[at] == kBackslashInName ? '\\' : static_cast<char>(path[at] - kFirstRawByte);
     }
     return bytes;
 }
@@ -139,12 +144,14 @@ Text PathText(std::string_view bytes) {
         const std::int64_t start = at;
         UChar32 letter = 0;
         U8_NEXT(bytes.data(), at, length, letter);
-        // A letter that would read as one of the stand-ins on the way back travels byte by byte, too.
+        // A letter that would read as one of the stand-ins on the way back travels byte by byte,
+        // too.
         if (letter < 0 || StandsForSomething(letter)) {
             if (letter < 0) at = start + 1;
             for (std::int64_t raw = start; raw < at; ++raw)
                 path.push_back(static_cast<char16_t>(
-                    kFirstRawByte + static_cast<unsigned char>(bytes[static_cast<std::size_t>(raw)])));
+                    kFirstRawByte +
+                    static_cast<unsigned char>(bytes[static_cast<std::size_t>(raw)])));
         } else if (letter == '/') {
             path.push_back(u'\\');
         } else if (letter == '\\') {

@@ -5,8 +5,8 @@
 
 #include "platform/text.h"
 
-/// A loaded picture. It never changes; what its pixels are is the window layer's affair. Two loads of one
-/// file are two pictures, and which picture a control shows is told by comparing pointers.
+/// A loaded picture. It never changes; what its pixels are is the window layer's affair. Two loads
+/// of one file are two pictures, and which picture a control shows is told by comparing pointers.
 class LoadedPicture {
 public:
     LoadedPicture(int widthPx, int heightPx) : WidthPx(widthPx), HeightPx(heightPx) {}
@@ -26,8 +26,8 @@ class Pictures {
 public:
     virtual ~Pictures() = default;
 
-    /// A new picture from a BMP, GIF (first frame), JPEG, PNG or ICO (largest image) file, known by its
-    /// first bytes. The null pointer if the file isn't there, isn't a plain file, isn't a picture or would
-    /// take more than 64 MiB. Size in the file's own pixels.
+    /// A new picture from a BMP, GIF (first frame), JPEG, PNG or ICO (largest image) file, known by
+    /// its first bytes. The null pointer if the file isn't there, isn't a plain file, isn't a
+    /// picture or would take more than 64 MiB. Size in the file's own pixels.
     [[nodiscard]] virtual PicturePtr LoadPicture(const Text& path) = 0;
 };

@@ -45,7 +45,8 @@ Text ReadProfileString(TextView File, TextView Section, TextView Key, TextView D
     return ProfileReader(File).Read(Section, Key, Default);
 }
 
-void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value, TextView Seed) {
+void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value,
+                        TextView Seed) {
     const std::optional<std::string> path = FindPathForWriting(File);
     if (!path) return;
     const std::string seed = FindPath(Seed).value_or(std::string());

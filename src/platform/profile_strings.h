@@ -1,4 +1,5 @@
-// Reading and writing a key of an ini file: the system's only access to such files. No failure is reported.
+// Reading and writing a key of an ini file: the system's only access to such files. No failure is
+// reported.
 //
 // A value is taken as UTF-8 where it is valid UTF-8, otherwise as Windows-1252; written is UTF-8.
 #pragma once
@@ -9,22 +10,25 @@
 #include "platform/number_text.h"
 #include "platform/text.h"
 
-/// The value of a key, without the blanks and the one pair of quotation marks around it. At most 254 bytes of
-/// it come back, without a half letter at the cut, and nothing behind a NUL. `Default`, unchanged, if the
-/// file, the section or the key is missing or the value is empty. Goes to the file anew at each call.
-[[nodiscard]] Text ReadProfileString(TextView File, TextView Section, TextView Key, TextView Default);
+/// The value of a key, without the blanks and the one pair of quotation marks around it. At most
+/// 254 bytes of it come back, without a half letter at the cut, and nothing behind a NUL.
+/// `Default`, unchanged, if the file, the section or the key is missing or the value is empty. Goes
+/// to the file anew at each call.
+[[nodiscard]] Text ReadProfileString(TextView File, TextView Section, TextView Key,
+                                     TextView Default);
 
-/// Sets a key, making section and file as needed, by the safe writing of `WriteIniValue`; the directory has
-/// to be there. A write that fails is silent and changes nothing. A file that is made begins as a copy of
-/// `Seed`, where there is one.
-void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value, TextView Seed = {});
+/// Sets a key, making section and file as needed, by the safe writing of `WriteIniValue`; the
+/// directory has to be there. A write that fails is silent and changes nothing. A file that is made
+/// begins as a copy of `Seed`, where there is one.
+void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value,
+                        TextView Seed = {});
 
-/// Whether a value that was written is read back whole: no more than 254 bytes in UTF-8, and neither a line
-/// end nor a NUL in it.
+/// Whether a value that was written is read back whole: no more than 254 bytes in UTF-8, and
+/// neither a line end nor a NUL in it.
 [[nodiscard]] bool ReadsBackWhole(TextView Value);
 
-/// Many reads of one file. Each looks at the file and gives what stands in it then, but its text is only read
-/// again if that look shows another file, size or time of change.
+/// Many reads of one file. Each looks at the file and gives what stands in it then, but its text is
+/// only read again if that look shows another file, size or time of change.
 class ProfileReader {
 public:
     explicit ProfileReader(TextView File) : m_path(File) {}
@@ -40,12 +44,13 @@ private:
     std::optional<IniFile> m_file;
 };
 
-/// Reads a number into a record's field. A text that doesn't convert or doesn't fit leaves the field as it
-/// was.
+/// Reads a number into a record's field. A text that doesn't convert or doesn't fit leaves the
+/// field as it was.
 template<typename Whole>
 void ReadProfileNumber(ProfileReader& reader, TextView Section, TextView Key, TextView Default,
                        Whole& field) {
-    if (const auto number = RoundedNumber<Whole>(reader.Read(Section, Key, Default))) field = *number;
+    if (const auto number = RoundedNumber<Whole>(reader.Read(Section, Key, Default)))
+        field = *number;
 }
 
 /// The same for a truth value.

@@ -1,5 +1,5 @@
-// Regions are merged row by row. A rectangle and an ellipse are rounded rectangles, with corners of no size
-// and of full size.
+// Regions are merged row by row. A rectangle and an ellipse are rounded rectangles, with corners of
+// no size and of full size.
 #include "platform/regions.h"
 
 #include <algorithm>
@@ -12,8 +12,8 @@ namespace {
 
 constexpr std::int32_t kNoRow = std::numeric_limits<std::int32_t>::max();
 
-// One bit for each of the four cases in which a pixel can be: bit 0 outside both sources, 1 in the second
-// alone, 2 in the first alone, 3 in both. The modes count from 1.
+// One bit for each of the four cases in which a pixel can be: bit 0 outside both sources, 1 in the
+// second alone, 2 in the first alone, 3 in both. The modes count from 1.
 constexpr unsigned kModes[] = {0b1000, 0b1110, 0b0110, 0b0100, 0b1100};
 
 // A rectangle with corners in order and the size of its corner ellipses, wide enough for all sums.
@@ -73,8 +73,8 @@ class RowReader {
 public:
     explicit RowReader(const Region& region) : m_region(region), m_bands(region.Bands()) {}
 
-    // The spans at row `y`; `y` never falls from call to call. `changesAt` comes down to the first row
-    // beneath at which they may be others.
+    // The spans at row `y`; `y` never falls from call to call. `changesAt` comes down to the first
+    // row beneath at which they may be others.
     std::span<const RowSpan> SpansAt(std::int32_t y, std::int32_t& changesAt) {
         while (m_at < m_bands.size() && m_bands[m_at].Bottom <= y)
             ++m_at;
@@ -149,16 +149,17 @@ std::span<const RowSpan> Region::SpansOf(const Band& band) const {
 }
 
 std::span<const RowSpan> Region::SpansAt(std::int32_t y) const {
-    const auto band = std::partition_point(m_bands.begin(), m_bands.end(),
-                                           [y](const Band& candidate) { return candidate.Bottom <= y; });
+    const auto band =
+        std::partition_point(m_bands.begin(), m_bands.end(),
+                             [y](const Band& candidate) { return candidate.Bottom <= y; });
     if (band == m_bands.end() || y < band->Top) return {};
     return SpansOf(*band);
 }
 
 bool Region::Holds(std::int32_t x, std::int32_t y) const {
     const std::span<const RowSpan> spans = SpansAt(y);
-    const auto span = std::partition_point(spans.begin(), spans.end(),
-                                           [x](const RowSpan& candidate) { return candidate.Right <= x; });
+    const auto span = std::partition_point(
+        spans.begin(), spans.end(), [x](const RowSpan& candidate) { return candidate.Right <= x; });
     return span != spans.end() && x >= span->Left;
 }
 
@@ -168,8 +169,8 @@ std::vector<Rect> Region::Rectangles(const Rect& view) const {
         for (const RowSpan& span : SpansOf(band)) {
             const Rect part = Intersection({span.Left, band.Top, span.Right, band.Bottom}, view);
             if (part.IsEmpty()) continue;
-            rectangles.push_back(
-                {part.Left - view.Left, part.Top - view.Top, part.Right - view.Left, part.Bottom - view.Top});
+            rectangles.push_back({part.Left - view.Left, part.Top - view.Top,
+                                  part.Right - view.Left, part.Bottom - view.Top});
         }
     return rectangles;
 }
@@ -181,8 +182,8 @@ void Region::Append(std::int32_t top, std::int32_t bottom, std::span<const RowSp
         m_bands.back().Bottom = bottom;
         return;
     }
-    m_bands.push_back(
-        {top, bottom, static_cast<std::uint32_t>(m_spans.size()), static_cast<std::uint32_t>(spans.size())});
+    m_bands.push_back({top, bottom, static_cast<std::uint32_t>(m_spans.size()),
+                       static_cast<std::uint32_t>(spans.size())});
     m_spans.insert(m_spans.end(), spans.begin(), spans.end());
 }
 
@@ -204,7 +205,8 @@ bool CombineRgn(RegionTable& table, Long dest, Long source1, Long source2, Long 
     const std::shared_ptr<const Region> first = FindRegion(table, source1);
     const std::shared_ptr<const Region> second = FindRegion(table, source2);
     const auto target = table.Regions.find(dest);
-    if (mode < 1 || mode > Long{std::size(kModes)} || !first || !second || target == table.Regions.end())
+    if (mode < 1 || mode > Long{std::size(kModes)} || !first || !second ||
+        target == table.Regions.end())
         return false;
     target->second = std::make_shared<const Region>(Combine(*first, *second, kModes[mode - 1]));
     return true;

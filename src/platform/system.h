@@ -1,4 +1,5 @@
-// What the system asks of the machine beside its files: where it is, other programs, the click, the end.
+// What the system asks of the machine beside its files: where it is, other programs, the click, the
+// end.
 #pragma once
 
 #include "platform/text.h"
@@ -10,20 +11,21 @@ public:
     /// The directory of the program's file, links resolved, without a trailing backslash.
     [[nodiscard]] virtual Text ApplicationDirectory() const = 0;
 
-    /// Where the three ini files are: `ApplicationDirectory`, or the user's own directory if that one can't
-    /// be written. `name` begins with a backslash. The file with that name that a read should go to.
+    /// Where the three ini files are: `ApplicationDirectory`, or the user's own directory if that
+    /// one can't be written. `name` begins with a backslash. The file with that name that a read
+    /// should go to.
     [[nodiscard]] virtual Text IniFile(const Text& name) const = 0;
 
-    /// The file that a write should go to: the same, unless that one is installed for all users. Then it is
-    /// the user's own, which needn't be there.
+    /// The file that a write should go to: the same, unless that one is installed for all users.
+    /// Then it is the user's own, which needn't be there.
     [[nodiscard]] virtual Text OwnIniFile(const Text& name) const = 0;
 
     /// What follows the program's name on the command line: every argument made absolute and put in
     /// quotation marks, joined by blanks.
     [[nodiscard]] virtual Text CommandLine() const = 0;
 
-    /// The current directory as text: the process's at the start, then that of the file last chosen in a
-    /// dialog.
+    /// The current directory as text: the process's at the start, then that of the file last chosen
+    /// in a dialog.
     [[nodiscard]] virtual Text CurrentDirectory() const = 0;
 
     /// Makes the directory of a chosen file the current one. The process's own directory stays.
@@ -32,8 +34,8 @@ public:
     /// Starts another program in a window of its own and returns. A failure is silent.
     virtual void StartProgram(const Text& path) = 0;
 
-    /// Plays a short sound and returns when it has ended, at the latest after a second. A file that can't
-    /// be played gives the desktop's bell, without waiting.
+    /// Plays a short sound and returns when it has ended, at the latest after a second. A file that
+    /// can't be played gives the desktop's bell, without waiting.
     virtual void PlaySoundAndWait(const Text& path) = 0;
 
     /// Ends the process at once: nothing runs afterwards, nothing is written. Doesn't return.

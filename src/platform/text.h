@@ -1,4 +1,5 @@
-// Text as the system counts it, and its ways in and out: bytes, lower case, numbers written in decimal.
+// Text as the system counts it, and its ways in and out: bytes, lower case, numbers written in
+// decimal.
 #pragma once
 
 #include <cstdint>
@@ -9,8 +10,8 @@
 using Text = std::u16string;
 using TextView = std::u16string_view;
 
-/// Bytes from outside as text: valid UTF-8 as UTF-8, anything else as Windows-1252 (the five bytes that
-/// this code page leaves out become the control characters of the same number). NULs are kept.
+/// Bytes from outside as text: valid UTF-8 as UTF-8, anything else as Windows-1252 (the five bytes
+/// that this code page leaves out become the control characters of the same number). NULs are kept.
 [[nodiscard]] Text TextFromBytes(std::string_view bytes);
 
 /// Whether `bytes` are valid UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.

@@ -16,8 +16,8 @@ void ButtonUp(Velora& velora, Integer Button, PictureBox& control, const Picture
 
 void ButtonMove(const MouseEvent& event, PictureBox& control, const PictureBox& normal,
                 const PictureBox& pressed) {
-    switch (DecideButtonMove({ShowsPictureOf(control, pressed), ShowsPictureOf(control, normal), event.Button,
-                              event.X, event.Y, control.Width, control.Height})) {
+    switch (DecideButtonMove({ShowsPictureOf(control, pressed), ShowsPictureOf(control, normal),
+                              event.Button, event.X, event.Y, control.Width, control.Height})) {
     case ButtonChange::Keep:
         return;
     case ButtonChange::ShowNormal:
@@ -33,7 +33,8 @@ void PlaySoundFile(Velora& velora, const Text& FileName) {
 
 ButtonChange DecideButtonMove(const ButtonMoveFacts& facts) {
     if (facts.Button != kLeftButton) return ButtonChange::Keep;
-    const auto width = static_cast<Single>(facts.WidthPx), height = static_cast<Single>(facts.HeightPx);
+    const auto width = static_cast<Single>(facts.WidthPx),
+               height = static_cast<Single>(facts.HeightPx);
     const bool outside = facts.X > width || facts.X < -1 || facts.Y > height || facts.Y < -1;
     const bool inside = facts.X < width && facts.X > -1 && facts.Y < height && facts.Y > -1;
     if (facts.ShowsPressed) return outside ? ButtonChange::ShowNormal : ButtonChange::Keep;

@@ -7,24 +7,24 @@
 /// characters, followed by " ... ". A name too short to be cut stands alone.
 [[nodiscard]] Text DisplayName(TextView fileName);
 
-/// The directories in which a relative path of the list is looked for, each ending in a backslash: the
-/// current one, then those of the enabled playlists in the catalogue's order.
+/// The directories in which a relative path of the list is looked for, each ending in a backslash:
+/// the current one, then those of the enabled playlists in the catalogue's order.
 [[nodiscard]] std::vector<Text> LookInDirectories(const Velora& velora);
 
-/// Stops what plays and starts the entry. Nothing happens for 0 and for an entry that isn't filled or isn't
-/// of a kind that is played. Whether the player can play the file isn't known here.
+/// Stops what plays and starts the entry. Nothing happens for 0 and for an entry that isn't filled
+/// or isn't of a kind that is played. Whether the player can play the file isn't known here.
 void StartTrack(Velora& velora, Integer Index);
 
-/// The entry behind `current` in a list of `count`, nothing if a step makes no sense with fewer than 2. From
-/// 0, which is before the first track, it leads to the first.
+/// The entry behind `current` in a list of `count`, nothing if a step makes no sense with fewer
+/// than 2. From 0, which is before the first track, it leads to the first.
 [[nodiscard]] std::optional<Integer> IndexAfter(Integer current, Integer count);
 
-/// The entry before `current`, nothing in an empty list. From 0 it leads to the last. 0, which starts
-/// nothing, in a list of one entry that has been started.
+/// The entry before `current`, nothing in an empty list. From 0 it leads to the last. 0, which
+/// starts nothing, in a list of one entry that has been started.
 [[nodiscard]] std::optional<Integer> IndexBefore(Integer current, Integer count);
 
-/// Stop, reset, wait, and start the next entry; with fewer than 2 entries nothing happens. Takes about half
-/// a second with events running; a second step during it leads to the same entry.
+/// Stop, reset, wait, and start the next entry; with fewer than 2 entries nothing happens. Takes
+/// about half a second with events running; a second step during it leads to the same entry.
 void NextTrack(Velora& velora);
 
 /// The same backwards. With one entry the track stops.

@@ -10,8 +10,8 @@ void PlayerHandlers::OnStreamInfo(Integer Bitrate, Long SampleRate, Integer) {
     UpdateTicker(m_velora);
 }
 
-void PlayerHandlers::OnTagInfo(const Text& Title, const Text& Artist, const Text&, const Text&, const Text&,
-                               const Text&) {
+void PlayerHandlers::OnTagInfo(const Text& Title, const Text& Artist, const Text&, const Text&,
+                               const Text&, const Text&) {
     m_velora.TrackTitle = Title;
     m_velora.TrackArtist = Artist;
 }

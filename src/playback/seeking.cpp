@@ -10,8 +10,10 @@ struct Direction {
     int StepSeconds;
 };
 
-constexpr Direction kBackward{PlayerState::SeekingBackward, &Form::picBackward, &Form::tmrSeekBackward, -10};
-constexpr Direction kForward{PlayerState::SeekingForward, &Form::picForward, &Form::tmrSeekForward, 10};
+constexpr Direction kBackward{PlayerState::SeekingBackward, &Form::picBackward,
+                              &Form::tmrSeekBackward, -10};
+constexpr Direction kForward{PlayerState::SeekingForward, &Form::picForward, &Form::tmrSeekForward,
+                             10};
 
 void Start(Velora& velora, const Direction& direction) {
     velora.SeekOffset = 0;

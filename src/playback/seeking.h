@@ -1,5 +1,5 @@
-// Seeking by a held button: while it is down it blinks and collects a distance, and the release moves the
-// player once. The sound goes on meanwhile.
+// Seeking by a held button: while it is down it blinks and collects a distance, and the release
+// moves the player once. The sound goes on meanwhile.
 #pragma once
 
 #include "state/velora.h"
@@ -15,11 +15,11 @@ void StartSeekForward(Velora& velora);
 void EndSeekBackward(Velora& velora);
 void EndSeekForward(Velora& velora);
 
-/// Ends the blinking of a seek whose state is gone: a step that was under way when it began has started its
-/// track in the middle of it. Nothing happens while none is left behind.
+/// Ends the blinking of a seek whose state is gone: a step that was under way when it began has
+/// started its track in the middle of it. Nothing happens while none is left behind.
 void EndBlinking(PictureBox& button, Timer& timer);
 
-/// A tick hides the button, the next one shows it and adds a step of 10 seconds. One that would leave the
-/// range of an Integer is skipped.
+/// A tick hides the button, the next one shows it and adds a step of 10 seconds. One that would
+/// leave the range of an Integer is skipped.
 void tmrSeekBackward_Timer(Velora& velora);
 void tmrSeekForward_Timer(Velora& velora);

@@ -100,7 +100,8 @@ void picPlay_MouseUp(Velora& velora, const MouseEvent&) {
 void picPause_MouseUp(Velora& velora, const MouseEvent& event) {
     Form& form = velora.frmMain;
     ButtonUp(velora, event.Button, form.picPause, form.picPause1, form.picPause2);
-    ChangePause(velora, DecidePause(ShowsPictureOf(form.picPlay, form.picStop1), velora.PlayerState));
+    ChangePause(velora,
+                DecidePause(ShowsPictureOf(form.picPlay, form.picStop1), velora.PlayerState));
 }
 
 void picBackward_MouseUp(Velora& velora, const MouseEvent& event) {

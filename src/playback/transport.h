@@ -1,5 +1,5 @@
-// What the six buttons do when the mouse is released on them, and the transitions of `PlayerState`. What is
-// done is decided first, by what the buttons show, the state and the modifier keys.
+// What the six buttons do when the mouse is released on them, and the transitions of `PlayerState`.
+// What is done is decided first, by what the buttons show, the state and the modifier keys.
 #pragma once
 
 #include "state/mouse_event.h"
@@ -10,9 +10,10 @@ enum class PauseCommand { None, Hold, GoOn };
 enum class StepCommand { None, EndSeek, Step };
 enum class EjectCommand { None, SelectMedia, SelectPlaylist };
 
-/// By what `picPlay` shows. After a start by the command line it shows play while a track plays: then a click
-/// only brings up the stop picture.
-[[nodiscard]] PlayCommand DecidePlay(bool showsPlayPressed, bool showsStopPressed, PlayerState state);
+/// By what `picPlay` shows. After a start by the command line it shows play while a track plays:
+/// then a click only brings up the stop picture.
+[[nodiscard]] PlayCommand DecidePlay(bool showsPlayPressed, bool showsStopPressed,
+                                     PlayerState state);
 
 /// `playShowsStop` asks about `picPlay`, not about `picPause`: how the press went doesn't count.
 [[nodiscard]] PauseCommand DecidePause(bool playShowsStop, PlayerState state);

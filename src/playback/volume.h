@@ -1,4 +1,5 @@
-// The volume indicator, which is its own slider: a drag over it walks the steps 1 to 7 one at a time.
+// The volume indicator, which is its own slider: a drag over it walks the steps 1 to 7 one at a
+// time.
 #pragma once
 
 #include <optional>
@@ -7,8 +8,8 @@
 #include "state/mouse_event.h"
 #include "state/velora.h"
 
-/// The step that a mouse position means, nothing between the steps. The first step whose `VolumeY` is exactly
-/// `y` wins, whatever the other coordinate is. Elements 1 to 7 count, in twips.
+/// The step that a mouse position means, nothing between the steps. The first step whose `VolumeY`
+/// is exactly `y` wins, whatever the other coordinate is. Elements 1 to 7 count, in twips.
 [[nodiscard]] std::optional<Integer> VolumeStepAt(Single y, std::span<const Integer, 10> volumeY);
 
 /// The number that `SendVolume` takes for a step: 1 to 10.
@@ -17,16 +18,18 @@
 /// With the left button alone held.
 void picVolume_MouseMove(Velora& velora, const MouseEvent& event);
 
-/// Goes to the step at that place if it is a neighbour of the one that shows: shows its picture and sends its
-/// volume. Twips from the corner of `picVolume`.
+/// Goes to the step at that place if it is a neighbour of the one that shows: shows its picture and
+/// sends its volume. Twips from the corner of `picVolume`.
 void PickVolumeStep(Velora& velora, Single X, Single Y);
 
 /// Shows `step`, 1 to 7, on the indicator. A missing picture leaves it empty.
 void ShowVolumeStep(Velora& velora, Integer step);
 
-/// Makes a percentage of `Value`, 0 of 1 and ten times as much of any other, and sends it to the player.
+/// Makes a percentage of `Value`, 0 of 1 and ten times as much of any other, and sends it to the
+/// player.
 void SendVolume(Velora& velora, Integer& Value);
 
-/// Applies the volume that the settings file holds, a number from 1 to 7, as if the user had dragged to that
-/// step; without one nothing is sent. It shows only on a skin that has a volume object.
+/// Applies the volume that the settings file holds, a number from 1 to 7, as if the user had
+/// dragged to that step; without one nothing is sent. It shows only on a skin that has a volume
+/// object.
 void RestoreVolume(Velora& velora);

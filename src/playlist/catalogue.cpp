@@ -1,4 +1,5 @@
-// One lock is held over the reading of the count and all writes, so that two runs never take one number.
+// One lock is held over the reading of the count and all writes, so that two runs never take one
+// number.
 #include "playlist/catalogue.h"
 
 #include <algorithm>
@@ -45,7 +46,8 @@ void RaiseCount(Velora& velora) {
     velora.PlaylistCount = std::max({velora.PlaylistCount, inFile, Integer{0}});
 }
 
-// The first write also takes over what is `installed` for all users, where the user has no catalogue yet.
+// The first write also takes over what is `installed` for all users, where the user has no
+// catalogue yet.
 void WriteRecord(const Velora& velora, Integer number, const Text& installed) {
     const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(number)];
     const Text section = Decimal(number);
@@ -67,7 +69,8 @@ Entering Enter(Velora& velora, const PlaylistRecord& record) {
     const DirectoryLock lock(velora.Loop, directory);
     RaiseCount(velora);
     if (velora.PlaylistCount >= LastRecord(velora)) return {Refusal::Full, 0};
-    if (!ReadsBackWhole(record.Name) || !ReadsBackWhole(record.File) || !ReadsBackWhole(record.Path))
+    if (!ReadsBackWhole(record.Name) || !ReadsBackWhole(record.File) ||
+        !ReadsBackWhole(record.Path))
         return {Refusal::TooLong, 0};
     ++velora.PlaylistCount;
     velora.Playlists[static_cast<std::size_t>(velora.PlaylistCount)] = record;

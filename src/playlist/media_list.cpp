@@ -1,5 +1,5 @@
-// A line of a playlist can be as long as its file, so names are hashed and compared letter by letter: a
-// lower-case copy of the whole would cost several times the file.
+// A line of a playlist can be as long as its file, so names are hashed and compared letter by
+// letter: a lower-case copy of the whole would cost several times the file.
 #include "playlist/media_list.h"
 
 #include <algorithm>
@@ -34,7 +34,8 @@ void CatchUp(Velora& velora) {
     MediaIndex& index = velora.MediaNames;
     for (; index.Indexed < velora.Count; ++index.Indexed) {
         const auto next = static_cast<Integer>(index.Indexed + 1);
-        index.Places.emplace(HashIgnoringCase(velora.MediaList[static_cast<std::size_t>(next)].File), next);
+        index.Places.emplace(
+            HashIgnoringCase(velora.MediaList[static_cast<std::size_t>(next)].File), next);
     }
 }
 
@@ -42,7 +43,8 @@ void CatchUp(Velora& velora) {
 Text ChosenPath(Velora& velora, const Text& directory, const Text& fileName) {
     if (!fileName.empty()) return directory + fileName;
     ForgetCapture(velora.Capture);
-    return OpenFileDialog(velora.Dialogs, velora.System, velora.MediaFilter, u"Select Media ...", directory);
+    return OpenFileDialog(velora.Dialogs, velora.System, velora.MediaFilter, u"Select Media ...",
+                          directory);
 }
 
 } // namespace
@@ -56,9 +58,10 @@ TextView MediaExtension(TextView fileName) {
 }
 
 Long MediaTypeOf(TextView Extension) {
-    const auto* const row = std::find_if(std::begin(kTypes), std::end(kTypes), [&](const TypeRow& known) {
-        return EqualIgnoringCase(known.Extension, Extension);
-    });
+    const auto* const row =
+        std::find_if(std::begin(kTypes), std::end(kTypes), [&](const TypeRow& known) {
+            return EqualIgnoringCase(known.Extension, Extension);
+        });
     return row == std::end(kTypes) ? kNoMediaType : row->Type;
 }
 
@@ -66,7 +69,8 @@ Integer FindMedia(Velora& velora, TextView FileName) {
     CatchUp(velora);
     const auto [begin, end] = velora.MediaNames.Places.equal_range(HashIgnoringCase(FileName));
     for (auto place = begin; place != end; ++place)
-        if (EqualIgnoringCase(velora.MediaList[static_cast<std::size_t>(place->second)].File, FileName))
+        if (EqualIgnoringCase(velora.MediaList[static_cast<std::size_t>(place->second)].File,
+                              FileName))
             return place->second;
     return 0;
 }

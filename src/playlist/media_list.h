@@ -15,8 +15,8 @@ enum MediaType : Long {
     kWmvMedia = 8,
 };
 
-/// The extension that decides the kind of a file: the last three characters, dot or no dot, or "mpeg" where
-/// the name ends in ".mpeg". A shorter name is its own extension.
+/// The extension that decides the kind of a file: the last three characters, dot or no dot, or
+/// "mpeg" where the name ends in ".mpeg". A shorter name is its own extension.
 [[nodiscard]] TextView MediaExtension(TextView fileName);
 
 /// The kind of an extension in any case; 0 for one that isn't known.
@@ -25,11 +25,12 @@ enum MediaType : Long {
 /// The entry whose `File` equals `FileName` without regard to case, 0 if there is none.
 [[nodiscard]] Integer FindMedia(Velora& velora, TextView FileName);
 
-/// Fills the element behind the last one, whatever the kind of file. Its index, or 0 if the array is full.
+/// Fills the element behind the last one, whatever the kind of file. Its index, or 0 if the array
+/// is full.
 Integer AppendMedia(Velora& velora, Text path, Text file, Integer flag);
 
-/// Adds the file to the list and gives its index, or that of the entry with the same name. With both texts
-/// empty the user is asked for a file. 0 if the list is full, the user cancels or the kind isn't known; the
-/// first and the last of these are told by a message. Whether the file exists isn't asked. Both texts become
-/// what it settled on.
+/// Adds the file to the list and gives its index, or that of the entry with the same name. With
+/// both texts empty the user is asked for a file. 0 if the list is full, the user cancels or the
+/// kind isn't known; the first and the last of these are told by a message. Whether the file exists
+/// isn't asked. Both texts become what it settled on.
 [[nodiscard]] Integer AddMedia(Velora& velora, Integer Flag, Text& Directory, Text& FileName);

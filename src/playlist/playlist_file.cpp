@@ -1,5 +1,5 @@
-// The rules are those of a reader that cuts its text down line by line; here a view moves over the bytes, so
-// that a file of any form costs time in proportion to its size.
+// The rules are those of a reader that cuts its text down line by line; here a view moves over the
+// bytes, so that a file of any form costs time in proportion to its size.
 #include "playlist/playlist_file.h"
 
 #include <algorithm>

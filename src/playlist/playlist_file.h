@@ -8,16 +8,19 @@
 /// No larger playlist is read.
 constexpr std::size_t kMostPlaylistBytes = 128 * 1024 * 1024;
 
-/// `bytes` without a byte order mark at their start and without their last two characters, which are the line
-/// end of a well-formed file and go whatever they are. Fewer than two characters give nothing.
+/// `bytes` without a byte order mark at their start and without their last two characters, which
+/// are the line end of a well-formed file and go whatever they are. Fewer than two characters give
+/// nothing.
 [[nodiscard]] std::string_view PlaylistContent(std::string_view bytes);
 
-/// The part of `text` between the first `start` and the first `stop`, one byte each. Nothing if one isn't
-/// there or `stop` comes first.
-[[nodiscard]] std::optional<std::string_view> TextBetween(std::string_view text, char start, char stop);
+/// The part of `text` between the first `start` and the first `stop`, one byte each. Nothing if one
+/// isn't there or `stop` comes first.
+[[nodiscard]] std::optional<std::string_view> TextBetween(std::string_view text, char start,
+                                                          char stop);
 
-/// The lines of a playlist's content, one after the other. Empty lines vanish, a line of blanks doesn't; the
-/// blanks at the content's two ends and a last line of one byte go. What is read costs time once.
+/// The lines of a playlist's content, one after the other. Empty lines vanish, a line of blanks
+/// doesn't; the blanks at the content's two ends and a last line of one byte go. What is read costs
+/// time once.
 class PlaylistLines {
 public:
     /// `content` has to outlive the object.
@@ -36,7 +39,8 @@ private:
     std::size_t m_lineFeedsEnd; ///< No line feed of the rest stands at or behind this.
 };
 
-/// Adds the lines of a record's file to the media list, each with a turn of the event loop. The first line
-/// whose name is empty or in the list already ends the reading, and so does a full list. A file that isn't
-/// there or can't be read adds nothing. Each line is UTF-8 or Windows-1252 by itself.
+/// Adds the lines of a record's file to the media list, each with a turn of the event loop. The
+/// first line whose name is empty or in the list already ends the reading, and so does a full list.
+/// A file that isn't there or can't be read adds nothing. Each line is UTF-8 or Windows-1252 by
+/// itself.
 void LoadPlaylistFile(Velora& velora, Integer Index);

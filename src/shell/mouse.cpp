@@ -1,4 +1,5 @@
-// A capture is always settled before a handler runs: a handler that waits can be entered again by any event.
+// A capture is always settled before a handler runs: a handler that waits can be entered again by
+// any event.
 #include "shell/mouse.h"
 
 #include <algorithm>
@@ -63,8 +64,8 @@ void Call(Velora& velora, const Control* holder, Handler MouseRow::*kind, Intege
     const int unit = holder == &form.picVolume ? kTwipsPerPixel : 1;
     for (const MouseRow& row : kHandlers)
         if (row.Control == name && row.*kind)
-            (row.*kind)(velora,
-                        {button, event.Shift, static_cast<Single>(x * unit), static_cast<Single>(y * unit)});
+            (row.*kind)(velora, {button, event.Shift, static_cast<Single>(x * unit),
+                                 static_cast<Single>(y * unit)});
 }
 
 // The holder sees each pixel on the way to the event's place, with `held` down.
@@ -81,8 +82,8 @@ void WalkTo(Velora& velora, Integer held, const PointerEvent& event) {
     }
 }
 
-// The capture ends without its release; a seek gets one all the same, or it would never end, and what a step
-// that overtook a seek has left blinking ends as well, or the button might stay hidden.
+// The capture ends without its release; a seek gets one all the same, or it would never end, and
+// what a step that overtook a seek has left blinking ends as well, or the button might stay hidden.
 void Lose(Velora& velora, const PointerEvent& event) {
     const MouseCapture lost = velora.Capture;
     ForgetCapture(velora.Capture);

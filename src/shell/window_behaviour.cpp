@@ -21,7 +21,8 @@ constexpr MenuCommand kMenuCommands[] = {
 void PopUpMenu(Velora& velora) {
     const std::vector<MenuEntry>& menu = velora.frmMain.Menu;
     ForgetCapture(velora.Capture);
-    const std::size_t chosen = velora.Window.PopupMenu(menu, MenuIndex(velora.frmMain, "mnuHidden"));
+    const std::size_t chosen =
+        velora.Window.PopupMenu(menu, MenuIndex(velora.frmMain, "mnuHidden"));
     for (const MenuCommand& command : kMenuCommands)
         if (command.Name == menu[chosen].Name) command.Run(velora);
 }

@@ -1,5 +1,5 @@
-// What the window's own surface does: it has no caption to grab and no box to close, so the background
-// moves the window and pops up a menu.
+// What the window's own surface does: it has no caption to grab and no box to close, so the
+// background moves the window and pops up a menu.
 #pragma once
 
 #include "state/mouse_event.h"

@@ -1,5 +1,5 @@
-// The order is fixed: the frame is measured after the window has its new size, and the background comes last,
-// over a background object.
+// The order is fixed: the frame is measured after the window has its new size, and the background
+// comes last, over a background object.
 #include "skin/apply_skin.h"
 
 #include <algorithm>
@@ -26,8 +26,10 @@ Rect OuterRectangle(const Form& form) {
 // The rectangle of a region in the window; nothing if a sum doesn't fit.
 std::optional<Rect> MovedSides(const Velora& velora, const SkinRegionRecord& region) {
     const std::int64_t offsetX = velora.RegionOffsetX, offsetY = velora.RegionOffsetY;
-    const auto left = FitInto<Long>(offsetX + region.X1), right = FitInto<Long>(offsetX + region.X2);
-    const auto top = FitInto<Long>(offsetY + region.Y1), bottom = FitInto<Long>(offsetY + region.Y2);
+    const auto left = FitInto<Long>(offsetX + region.X1),
+               right = FitInto<Long>(offsetX + region.X2);
+    const auto top = FitInto<Long>(offsetY + region.Y1),
+               bottom = FitInto<Long>(offsetY + region.Y2);
     if (!left || !top || !right || !bottom) return std::nullopt;
     return Rect{*left, *top, *right, *bottom};
 }
@@ -45,7 +47,8 @@ void BuildRegion(Velora& velora, SkinRegionRecord& region) {
         region.Handle = CreateRoundRectRgn(velora.Regions, outer, *sides, region.X3, region.Y3);
 }
 
-// The handle of a numbered element; 0, with which nothing is combined, if it has no region or isn't there.
+// The handle of a numbered element; 0, with which nothing is combined, if it has no region or isn't
+// there.
 Long HandleOf(const SkinRecord& skin, Integer number) {
     const auto index = static_cast<std::size_t>(number);
     return index < skin.Regions.size() ? skin.Regions[index].Handle : 0;
@@ -70,7 +73,8 @@ void ApplySkin(Velora& velora, Integer Slot) {
     BuildWindowRegion(velora, Slot);
     PictureBox& background = velora.frmMain.picBackground;
     if (FileExists(skin.Graphic))
-        PlacePictureObject(velora, background, background, background, skin.Graphic, skin.Graphic, 0, 0);
+        PlacePictureObject(velora, background, background, background, skin.Graphic, skin.Graphic,
+                           0, 0);
 }
 
 void BuildWindowRegion(Velora& velora, Integer Slot) {

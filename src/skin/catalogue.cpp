@@ -1,4 +1,5 @@
-// The catalogue is read and never written: a run always begins with the skin that its owner put there.
+// The catalogue is read and never written: a run always begins with the skin that its owner put
+// there.
 #include "skin/catalogue.h"
 
 #include "platform/file_dialogs.h"
@@ -37,11 +38,11 @@ void LoadDefaultSkin(Velora& velora) {
         return;
     }
     ForgetCapture(velora.Capture);
-    const MessageAnswer answer = velora.Dialogs.MessageBox(u"Unable to locate skin, find yourself?",
-                                                           MessageButtons::YesNo, MessageIcon::Question);
+    const MessageAnswer answer = velora.Dialogs.MessageBox(
+        u"Unable to locate skin, find yourself?", MessageButtons::YesNo, MessageIcon::Question);
     if (answer != MessageAnswer::Yes) velora.System.EndProcess();
-    LoadAndApply(velora, OpenFileDialog(velora.Dialogs, velora.System, velora.SkinFilter, u"Select skin ...",
-                                        directory + Text(kSkinDirectory)));
+    LoadAndApply(velora, OpenFileDialog(velora.Dialogs, velora.System, velora.SkinFilter,
+                                        u"Select skin ...", directory + Text(kSkinDirectory)));
 }
 
 // The slot filled last from the file at `path`; 0 if there is none.
@@ -78,5 +79,6 @@ void ShowCompanionSkin(Velora& velora) {
     if (velora.CurrentSkin != slot) return;
     // The layout gave the button a picture of its own, by which nobody could tell its state.
     const bool stopped = velora.PlayerState == PlayerState::Stopped;
-    SetPicture(velora.frmMain.picPlay, (stopped ? velora.frmMain.picPlay1 : velora.frmMain.picStop1).Picture);
+    SetPicture(velora.frmMain.picPlay,
+               (stopped ? velora.frmMain.picPlay1 : velora.frmMain.picStop1).Picture);
 }

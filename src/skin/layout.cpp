@@ -1,5 +1,5 @@
-// What an object can be is one table. Its rows say when an object counts, which controls it takes, and who
-// places them.
+// What an object can be is one table. Its rows say when an object counts, which controls it takes,
+// and who places them.
 #include "skin/layout.h"
 
 #include <iterator>
@@ -35,8 +35,8 @@ struct ObjectType {
 void PlacePictures(Velora& velora, const PlacedObject& object) {
     Form& form = velora.frmMain;
     PlacePictureObject(velora, form.*object.Type.Box, form.*object.Type.NormalHolder,
-                       form.*object.Type.PressedHolder, object.Record.FileName, object.Record.FileName2,
-                       object.Record.Left, object.Record.Top);
+                       form.*object.Type.PressedHolder, object.Record.FileName,
+                       object.Record.FileName2, object.Record.Left, object.Record.Top);
 }
 
 void PlaceScope(Velora& velora, const PlacedObject& object) {
@@ -53,8 +53,8 @@ void PlaceText(Velora& velora, const PlacedObject& object) {
 }
 
 void PlaceVolume(Velora& velora, const PlacedObject& object) {
-    LoadVolumeObject(velora, object.Index, object.Record.Left, object.Record.Top, object.Record.FileName,
-                     object.Record.FileName2);
+    LoadVolumeObject(velora, object.Index, object.Record.Left, object.Record.Top,
+                     object.Record.FileName, object.Record.FileName2);
 }
 
 void PlaceLights(Velora& velora, const PlacedObject& object) {
@@ -63,7 +63,8 @@ void PlaceLights(Velora& velora, const PlacedObject& object) {
 
 // The place in the table is the object's `Type`. A row without a procedure stands for no object.
 constexpr ObjectType kObjectTypes[] = {
-    {Rule::FirstFile, PlacePictures, &Form::picBackground, &Form::picBackground1, &Form::picBackground2},
+    {Rule::FirstFile, PlacePictures, &Form::picBackground, &Form::picBackground1,
+     &Form::picBackground2},
     {Rule::FirstFile, PlacePictures, &Form::picPlay, &Form::picPlay1, &Form::picPlay2},
     {Rule::FirstFile, PlacePictures, &Form::picStop, &Form::picStop1, &Form::picStop2},
     {Rule::FirstFile, PlacePictures, &Form::picForward, &Form::picForeward1, &Form::picForeward2},
@@ -92,13 +93,14 @@ void LayoutSkinObjects(Velora& velora, Integer Slot) {
         const SkinObjectRecord& object = skin.Objects[static_cast<std::size_t>(index)];
         if (object.Type < 0 || object.Type >= Long{std::size(kObjectTypes)}) continue;
         const ObjectType& type = kObjectTypes[object.Type];
-        if (type.Place && Counts(object, type.Counts)) type.Place(velora, {Slot, index, object, type});
+        if (type.Place && Counts(object, type.Counts))
+            type.Place(velora, {Slot, index, object, type});
     }
 }
 
 void PlacePictureObject(Velora& velora, PictureBox& Control, PictureBox& NormalHolder,
-                        PictureBox& PressedHolder, const Text& FileName, const Text& FileName2, Long Left,
-                        Long Top) {
+                        PictureBox& PressedHolder, const Text& FileName, const Text& FileName2,
+                        Long Left, Long Top) {
     if (FileName.size() <= 1) return;
     Control.Left = Left;
     Control.Top = Top;

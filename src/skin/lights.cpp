@@ -1,4 +1,5 @@
-// Unlike all else of a skin the lights end at the first fault: later ones would stand in a row with a gap.
+// Unlike all else of a skin the lights end at the first fault: later ones would stand in a row with
+// a gap.
 #include "skin/lights.h"
 
 #include "platform/paths.h"
@@ -12,8 +13,9 @@ struct ColourName {
 };
 
 constexpr ColourName kColours[] = {
-    {u"vbblue", 0xFF0000},    {u"vbblack", 0x000000}, {u"vbcyan", 0xFFFF00},  {u"vbgreen", 0x00FF00},
-    {u"vbmagenta", 0xFF00FF}, {u"vbred", 0x0000FF},   {u"vbwhite", 0xFFFFFF}, {u"vbyellow", 0x00FFFF},
+    {u"vbblue", 0xFF0000},  {u"vbblack", 0x000000},   {u"vbcyan", 0xFFFF00},
+    {u"vbgreen", 0x00FF00}, {u"vbmagenta", 0xFF00FF}, {u"vbred", 0x0000FF},
+    {u"vbwhite", 0xFFFFFF}, {u"vbyellow", 0x00FFFF},
 };
 
 constexpr Integer kLastForm = static_cast<Integer>(ShapeForm::RoundedSquare);

@@ -1,5 +1,5 @@
-// One procedure for each kind of section. Keys are read in the order in which skin files have always been
-// read.
+// One procedure for each kind of section. Keys are read in the order in which skin files have
+// always been read.
 #include "skin/load_skin.h"
 
 #include <algorithm>
@@ -97,10 +97,13 @@ Integer LoadSkinFile(Velora& velora, const Text& Path) {
 
     ProfileReader file(Path);
     ReadSettings(file, skin);
-    for (std::size_t number = 1; number <= LastElement(skin.ShapeCount, skin.Regions.size()); ++number)
-        ReadRegion(SkinSection(file, u"rgn" + Decimal(static_cast<Long>(number))), skin.Regions[number]);
-    for (std::size_t number = 1; number <= LastElement(skin.ObjectCount, skin.Objects.size()); ++number)
-        ReadObject(SkinSection(file, u"object" + Decimal(static_cast<Long>(number))), skin.Directory,
-                   skin.Objects[number]);
+    for (std::size_t number = 1; number <= LastElement(skin.ShapeCount, skin.Regions.size());
+         ++number)
+        ReadRegion(SkinSection(file, u"rgn" + Decimal(static_cast<Long>(number))),
+                   skin.Regions[number]);
+    for (std::size_t number = 1; number <= LastElement(skin.ObjectCount, skin.Objects.size());
+         ++number)
+        ReadObject(SkinSection(file, u"object" + Decimal(static_cast<Long>(number))),
+                   skin.Directory, skin.Objects[number]);
     return slot;
 }

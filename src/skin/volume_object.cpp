@@ -22,12 +22,13 @@ void ReadMousePositions(SkinRecord& skin, Integer objectIndex) {
 
 } // namespace
 
-void LoadVolumeObject(Velora& velora, Integer ObjectIndex, Long Left, Long Top, const Text& FileName,
-                      const Text& FileName2) {
+void LoadVolumeObject(Velora& velora, Integer ObjectIndex, Long Left, Long Top,
+                      const Text& FileName, const Text& FileName2) {
     if (FileName.empty() || FileName2.empty()) return;
     Form& form = velora.frmMain;
     SkinRecord& skin = velora.Skins[static_cast<std::size_t>(velora.CurrentSkin)];
-    const Text base = FileName2.substr(0, FileName2.size() - std::min(FileName2.size(), kSuffixLength));
+    const Text base =
+        FileName2.substr(0, FileName2.size() - std::min(FileName2.size(), kSuffixLength));
     LoadPictureInto(velora, form.picVolume, FileName);
     for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
         const Text path = base + Decimal(static_cast<Long>(step)) + u".gif";

@@ -1,5 +1,6 @@
-// frmMain: the window with all its controls, as plain records. Procedures read and write them; a window
-// layer shows them. Places and sizes are pixels of the skin, counted from the control's container.
+// frmMain: the window with all its controls, as plain records. Procedures read and write them; a
+// window layer shows them. Places and sizes are pixels of the skin, counted from the control's
+// container.
 #pragma once
 
 #include <array>
@@ -39,7 +40,8 @@ struct Control {
     Text ToolTip;
 };
 
-/// A picture box; buttons, the volume indicator and the holders of the picture store are such boxes.
+/// A picture box; buttons, the volume indicator and the holders of the picture store are such
+/// boxes.
 struct PictureBox : Control {
     PicturePtr Picture;
     bool TakesPictureSize = false;
@@ -55,8 +57,9 @@ struct Label : Control {
 /// The six forms that a shape can have.
 enum class ShapeForm : Integer { Rectangle, Square, Oval, Circle, RoundedRectangle, RoundedSquare };
 
-/// A figure of one form, filled and with a border of one pixel inside its rectangle. Colours are numbers in
-/// blue-green-red order. An element of a control array that hasn't been loaded doesn't exist.
+/// A figure of one form, filled and with a border of one pixel inside its rectangle. Colours are
+/// numbers in blue-green-red order. An element of a control array that hasn't been loaded doesn't
+/// exist.
 struct Shape : Control {
     ShapeForm Form = ShapeForm::Oval;
     Long FillColour = 0;
@@ -88,13 +91,15 @@ struct Form {
     Long Width = 0;  ///< Outer width in twips, the frame of the original platform included.
     Long Height = 0; ///< Outer height in twips.
     WindowState State = WindowState::Normal;
-    std::shared_ptr<const ::Region> Region; ///< Counts from the outer top left corner; null shows all.
+    std::shared_ptr<const ::Region>
+        Region; ///< Counts from the outer top left corner; null shows all.
 
     PictureBox picBackground, picMemoryGFX, picActiveX;
 
     PictureBox picVolume, picPlay, picPause, picBackward, picForward, picPlaylist, picEject;
     ScopeBox VFmp3scope1;
-    std::array<Shape, kLights + 1> shpPercent; ///< Element 0 comes with the form; a skin loads 1 to 13.
+    std::array<Shape, kLights + 1>
+        shpPercent; ///< Element 0 comes with the form; a skin loads 1 to 13.
     Label lblStatusLabel, lblFilescroll;
 
     PictureBox picBackground1, picBackground2, picPlay1, picPlay2, picPause1, picPause2;
@@ -107,11 +112,12 @@ struct Form {
 
     std::vector<MenuEntry> Menu; ///< The tree whose root is `mnuHidden`, in its order.
 
-    Integer lCurVol = 0; ///< The volume step now shown, from 1; 0 before a skin with a volume object.
+    Integer lCurVol =
+        0; ///< The volume step now shown, from 1; 0 before a skin with a volume object.
 };
 
-/// The one writer of a box's picture: boxes of the surface take the size of a picture that they get. No
-/// picture leaves the size.
+/// The one writer of a box's picture: boxes of the surface take the size of a picture that they
+/// get. No picture leaves the size.
 void SetPicture(PictureBox& box, const PicturePtr& picture);
 
 /// The place in `form.Menu` of the entry called `name`. The name has to be one of the tree's.

@@ -52,15 +52,16 @@ struct SkinRecord {
     Text Name;
     std::array<SkinRegionRecord, 21> Regions;
     std::array<SkinObjectRecord, 25> Objects;
-    Long Width = 0, Height = 0;                   ///< The window's outer size in twips.
-    Long Left = 0, Top = 0;                       ///< Nothing reads them.
-    Integer ShapeCount = 0;                       ///< As the file states it, also above 20.
-    Integer ObjectCount = 0;                      ///< As the file states it, also above 24.
-    Text FileName;                                ///< The skin file's name.
-    Text Directory;                               ///< Its directory, ending in a backslash.
-    Text Graphic;                                 ///< Full path of the background picture.
-    Long Type = 0;                                ///< Only 1 can be applied.
-    std::array<Text, 10> VolumeImages;            ///< Full paths of the pictures of the steps 1 to 7.
-    std::array<Integer, 10> VolumeX{}, VolumeY{}; ///< Mouse positions of the steps 1 to 7, in twips.
-    Text Playlist;                                ///< Full path of the companion skin, or empty.
+    Long Width = 0, Height = 0;        ///< The window's outer size in twips.
+    Long Left = 0, Top = 0;            ///< Nothing reads them.
+    Integer ShapeCount = 0;            ///< As the file states it, also above 20.
+    Integer ObjectCount = 0;           ///< As the file states it, also above 24.
+    Text FileName;                     ///< The skin file's name.
+    Text Directory;                    ///< Its directory, ending in a backslash.
+    Text Graphic;                      ///< Full path of the background picture.
+    Long Type = 0;                     ///< Only 1 can be applied.
+    std::array<Text, 10> VolumeImages; ///< Full paths of the pictures of the steps 1 to 7.
+    std::array<Integer, 10> VolumeX{},
+        VolumeY{}; ///< Mouse positions of the steps 1 to 7, in twips.
+    Text Playlist; ///< Full path of the companion skin, or empty.
 };

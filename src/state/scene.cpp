@@ -1,4 +1,5 @@
-// A scene copies what a figure's look depends on: the records may change under the one that is shown.
+// A scene copies what a figure's look depends on: the records may change under the one that is
+// shown.
 #include "state/scene.h"
 
 #include <algorithm>
@@ -59,13 +60,16 @@ Scene SceneOf(const Form& form) {
 
 std::vector<Rect> DamageBetween(const Scene& shown, const Scene& now) {
     std::vector<Rect> damage;
-    const auto add = [&](const Figure& figure) { damage.push_back(Intersection(figure.Place, figure.Clip)); };
+    const auto add = [&](const Figure& figure) {
+        damage.push_back(Intersection(figure.Place, figure.Clip));
+    };
     const auto find = [](const Scene& scene, std::size_t from, const Control* source) {
         const auto begin = scene.Figures.begin() + static_cast<std::ptrdiff_t>(from);
         return std::find_if(begin, scene.Figures.end(),
                             [&](const Figure& figure) { return figure.Source == source; });
     };
-    // Both lists follow the one order of the controls, so a figure's partner is the next one or isn't there.
+    // Both lists follow the one order of the controls, so a figure's partner is the next one or
+    // isn't there.
     std::size_t at = 0;
     for (const Figure& figure : now.Figures) {
         const auto before = find(shown, at, figure.Source);

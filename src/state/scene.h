@@ -1,5 +1,5 @@
-// The form as a list of figures to draw, and what differs between two such lists. Every window layer shows
-// scenes and keeps the one that it showed last.
+// The form as a list of figures to draw, and what differs between two such lists. Every window
+// layer shows scenes and keeps the one that it showed last.
 #pragma once
 
 #include <memory>
@@ -9,8 +9,8 @@
 #include "state/form.h"
 #include "state/stack.h"
 
-/// One figure: what a visible control looks like, with all that its look depends on. A picture box without
-/// a picture is no figure, but for `picBackground`, which is black beneath its picture.
+/// One figure: what a visible control looks like, with all that its look depends on. A picture box
+/// without a picture is no figure, but for `picBackground`, which is black beneath its picture.
 struct Figure {
     ControlKind Kind;
     const Control* Source;
@@ -38,6 +38,7 @@ struct Scene {
 
 [[nodiscard]] Scene SceneOf(const Form& form);
 
-/// The places, clipped, that have to be drawn again when `now` follows `shown`: the old and the new place of
-/// each figure that changed, appeared or vanished. Size, region, caption and state aren't looked at.
+/// The places, clipped, that have to be drawn again when `now` follows `shown`: the old and the new
+/// place of each figure that changed, appeared or vanished. Size, region, caption and state aren't
+/// looked at.
 [[nodiscard]] std::vector<Rect> DamageBetween(const Scene& shown, const Scene& now);

@@ -14,16 +14,22 @@ struct NameRow {
 };
 
 constexpr NameRow kNames[] = {
-    {"picPlay", SpokenRole::Button, u"Play"},         {"picPause", SpokenRole::Button, u"Pause"},
-    {"picBackward", SpokenRole::Button, u"Previous"}, {"picForward", SpokenRole::Button, u"Next"},
-    {"picPlaylist", SpokenRole::Button, u"Playlist"}, {"picEject", SpokenRole::Button, u"Open"},
-    {"picVolume", SpokenRole::Slider, u"Volume"},     {"shpPercent", SpokenRole::ProgressBar, u"Progress"},
-    {"lblFilescroll", SpokenRole::Words, u"Title"},   {"lblStatusLabel", SpokenRole::Words, u"Status"},
+    {"picPlay", SpokenRole::Button, u"Play"},
+    {"picPause", SpokenRole::Button, u"Pause"},
+    {"picBackward", SpokenRole::Button, u"Previous"},
+    {"picForward", SpokenRole::Button, u"Next"},
+    {"picPlaylist", SpokenRole::Button, u"Playlist"},
+    {"picEject", SpokenRole::Button, u"Open"},
+    {"picVolume", SpokenRole::Slider, u"Volume"},
+    {"shpPercent", SpokenRole::ProgressBar, u"Progress"},
+    {"lblFilescroll", SpokenRole::Words, u"Title"},
+    {"lblStatusLabel", SpokenRole::Words, u"Status"},
 };
 
 const NameRow* RowOf(std::string_view controlName) {
-    const auto row = std::find_if(std::begin(kNames), std::end(kNames),
-                                  [&](const NameRow& each) { return each.ControlName == controlName; });
+    const auto row = std::find_if(std::begin(kNames), std::end(kNames), [&](const NameRow& each) {
+        return each.ControlName == controlName;
+    });
     return row == std::end(kNames) ? nullptr : row;
 }
 
@@ -32,13 +38,15 @@ bool ShowsStop(const Form& form) {
     return shown && (shown == form.picStop1.Picture || shown == form.picStop2.Picture);
 }
 
-// As much of a name as anybody listens to. Files can have names of megabytes, and this is asked for often.
+// As much of a name as anybody listens to. Files can have names of megabytes, and this is asked for
+// often.
 TextView Start(TextView name) {
     constexpr std::size_t kMost = 1000;
     return name.substr(0, kMost);
 }
 
-// Title and artist if both are known, else the file; the bare name of the control while nothing runs there.
+// Title and artist if both are known, else the file; the bare name of the control while nothing
+// runs there.
 Text TitleWords(const Velora& velora, Text otherwise) {
     if (velora.CurrentTrack == 0 || velora.frmMain.lblFilescroll.Caption.empty()) return otherwise;
     if (!velora.TrackTitle.empty() && !velora.TrackArtist.empty())
@@ -69,7 +77,8 @@ void AddLight(std::vector<SpokenControl>& controls, SpokenControl&& spoken, cons
         return;
     }
     row->Value += spoken.Value;
-    row->Place = {std::min(row->Place.Left, spoken.Place.Left), std::min(row->Place.Top, spoken.Place.Top),
+    row->Place = {std::min(row->Place.Left, spoken.Place.Left),
+                  std::min(row->Place.Top, spoken.Place.Top),
                   std::max(row->Place.Right, spoken.Place.Right),
                   std::max(row->Place.Bottom, spoken.Place.Bottom)};
 }

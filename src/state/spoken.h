@@ -1,4 +1,5 @@
-// What a screen reader is told of the form: from the same records that are shown, by one table of names.
+// What a screen reader is told of the form: from the same records that are shown, by one table of
+// names.
 #pragma once
 
 #include <string_view>

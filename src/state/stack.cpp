@@ -7,16 +7,17 @@
 
 namespace {
 
-constexpr PictureBox Form::*kSurfaceBoxes[] = {&Form::picVolume,   &Form::picPlay,    &Form::picPause,
-                                               &Form::picBackward, &Form::picForward, &Form::picPlaylist,
-                                               &Form::picEject};
+constexpr PictureBox Form::*kSurfaceBoxes[] = {
+    &Form::picVolume,  &Form::picPlay,     &Form::picPause, &Form::picBackward,
+    &Form::picForward, &Form::picPlaylist, &Form::picEject};
 
 std::int32_t Clamp(std::int64_t number) {
     constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
     return static_cast<std::int32_t>(std::clamp(number, -kMost, kMost));
 }
 
-// The rectangle of `control`, with its container's corner at (`left`, `top`). No control has a size below 0.
+// The rectangle of `control`, with its container's corner at (`left`, `top`). No control has a size
+// below 0.
 Rect PlaceOf(const Control& control, std::int64_t left, std::int64_t top) {
     const std::int64_t right = left + control.Left + std::max(control.Width, Long{0});
     const std::int64_t bottom = top + control.Top + std::max(control.Height, Long{0});
@@ -28,7 +29,8 @@ Rect PlaceOf(const Control& control, std::int64_t left, std::int64_t top) {
 Rect ClientArea(const Form& form) {
     const std::int64_t widthPx = PixelsOfTwips(form.Width) - kFrameLeftPx - kFrameRightPx;
     const std::int64_t heightPx = PixelsOfTwips(form.Height) - kFrameTopPx - kFrameBottomPx;
-    return {0, 0, Clamp(std::max<std::int64_t>(widthPx, 1)), Clamp(std::max<std::int64_t>(heightPx, 1))};
+    return {0, 0, Clamp(std::max<std::int64_t>(widthPx, 1)),
+            Clamp(std::max<std::int64_t>(heightPx, 1))};
 }
 
 std::vector<StackedControl> ControlStack(const Form& form) {
@@ -55,7 +57,8 @@ std::vector<StackedControl> ControlStack(const Form& form) {
 const Control* ControlAt(const Form& form, int xPx, int yPx) {
     const std::vector<StackedControl> stack = ControlStack(form);
     for (auto row = stack.rbegin(); row != stack.rend(); ++row)
-        if (row->Kind != ControlKind::Shape && row->Place.Holds(xPx, yPx) && row->Clip.Holds(xPx, yPx))
+        if (row->Kind != ControlKind::Shape && row->Place.Holds(xPx, yPx) &&
+            row->Clip.Holds(xPx, yPx))
             return row->Source;
     return nullptr;
 }

@@ -10,19 +10,20 @@
 /// The form's timers in a fixed order.
 [[nodiscard]] std::array<const Timer*, 3> TimersOf(const Form& form);
 
-/// Whether a tick of `timer` could do anything that somebody notices: it is enabled, and the title timer has
-/// a text to move in a window that isn't minimised.
+/// Whether a tick of `timer` could do anything that somebody notices: it is enabled, and the title
+/// timer has a text to move in a window that isn't minimised.
 [[nodiscard]] bool TimerCanAct(const Form& form, const Timer& timer);
 
-/// Follows the timers of one form. A timer that begins to be able to act ticks one interval later; late ticks
-/// merge into one.
+/// Follows the timers of one form. A timer that begins to be able to act ticks one interval later;
+/// late ticks merge into one.
 class TimerSchedule {
 public:
-    /// The time of the next tick, at or after `nowMs`; nothing while no timer can act, so that nothing has
-    /// to wake up.
+    /// The time of the next tick, at or after `nowMs`; nothing while no timer can act, so that
+    /// nothing has to wake up.
     [[nodiscard]] std::optional<std::int64_t> NextDue(const Form& form, std::int64_t nowMs);
 
-    /// A timer whose tick is due at `nowMs`, now counted as ticked; the null pointer if there is none.
+    /// A timer whose tick is due at `nowMs`, now counted as ticked; the null pointer if there is
+    /// none.
     [[nodiscard]] const Timer* TakeDue(const Form& form, std::int64_t nowMs);
 
 private:

@@ -1,5 +1,5 @@
-// Everything that the system knows, on one page: the form, the shared variables, the lists, and the parts
-// of the platform that it works with. Procedures take `Velora&` first.
+// Everything that the system knows, on one page: the form, the shared variables, the lists, and the
+// parts of the platform that it works with. Procedures take `Velora&` first.
 #pragma once
 
 #include <array>

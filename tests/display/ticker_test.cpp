@@ -21,8 +21,8 @@ TEST(TickerLine, FollowsTitleArtistAndState) {
     EXPECT_EQ(line(PlayerState::Playing, u"Moon", u"Tide"), kTagged);
     EXPECT_EQ(line(PlayerState::Playing, u"Moon", u""), kUntagged);
     EXPECT_EQ(line(PlayerState::Playing, u"", u"Tide"), kUntagged);
-    for (const PlayerState state : {PlayerState::Stopped, PlayerState::Paused, PlayerState::SeekingForward,
-                                    PlayerState::SeekingBackward})
+    for (const PlayerState state : {PlayerState::Stopped, PlayerState::Paused,
+                                    PlayerState::SeekingForward, PlayerState::SeekingBackward})
         EXPECT_EQ(line(state, u"Moon", u"Tide"), u"");
 }
 
@@ -34,11 +34,13 @@ TEST(Ticker, TurnsAndIsCutByWholeCharactersAndLooksAtNothingElse) {
     Text& caption = at.form.lblFilescroll.Caption;
     // A character of two places, and halves of one.
     for (const Row& row :
-         {Row{u"", u"", u"", u""}, Row{u"a", u"a", u"", u""}, Row{u"\U0001F319", u"\U0001F319", u"", u""},
+         {Row{u"", u"", u"", u""}, Row{u"a", u"a", u"", u""},
+          Row{u"\U0001F319", u"\U0001F319", u"", u""},
           Row{u"\U0001F319ab", u"ab\U0001F319", u"ab", u"\U0001F319a"},
           Row{u"ab\U0001F319", u"b\U0001F319a", u"b\U0001F319", u"ab"},
-          Row{u"\xD83Cx", u"x\xD83C", u"x", u"\xD83C"}, Row{u"x\xDF19", u"\xDF19x", u"\xDF19", u"x"},
-          Row{u"\xD83C", u"\xD83C", u"", u""}, Row{u"\xDF19", u"\xDF19", u"", u""}}) {
+          Row{u"\xD83Cx", u"x\xD83C", u"x", u"\xD83C"},
+          Row{u"x\xDF19", u"\xDF19x", u"\xDF19", u"x"}, Row{u"\xD83C", u"\xD83C", u"", u""},
+          Row{u"\xDF19", u"\xDF19", u"", u""}}) {
         caption = row.Text;
         tmrScrollFiletitle_Timer(at.velora);
         EXPECT_EQ(caption, row.Turned);

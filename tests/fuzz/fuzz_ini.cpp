@@ -1,4 +1,5 @@
-// Ini text: look-ups in any bytes, and that a change sets the value and changes nothing when done again.
+// Ini text: look-ups in any bytes, and that a change sets the value and changes nothing when done
+// again.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
@@ -27,6 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto changed = ini.With(section, key, value);
     if (!changed) return 0;
     const IniText after(*changed);
-    if (after.Find(section, key) != value || after.With(section, key, value) != *changed) std::abort();
+    if (after.Find(section, key) != value || after.With(section, key, value) != *changed)
+        std::abort();
     return 0;
 }

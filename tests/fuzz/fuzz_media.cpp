@@ -1,4 +1,5 @@
-// Any bytes as a media file: what the decoder says of it, its samples, seeks to and fro, and the scan.
+// Any bytes as a media file: what the decoder says of it, its samples, seeks to and fro, and the
+// scan.
 #include <cstddef>
 #include <cstdint>
 #include <sys/mman.h>

@@ -1,5 +1,5 @@
-// Playlists of any bytes: no letter of the content is lost between the lines, but for a last line of one
-// byte.
+// Playlists of any bytes: no letter of the content is lost between the lines, but for a last line
+// of one byte.
 #include <cstdint>
 #include <cstdlib>
 #include <string>

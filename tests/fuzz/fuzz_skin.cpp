@@ -1,5 +1,5 @@
-// A skin file of any bytes: loaded, applied twice, shown, and its companion after it. As its own shape file
-// it also makes lights: the row is whole up to the first fault, and no further.
+// A skin file of any bytes: loaded, applied twice, shown, and its companion after it. As its own
+// shape file it also makes lights: the row is whole up to the first fault, and no further.
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>

@@ -1,4 +1,5 @@
-// Runs a fuzz target over the files of its seed folders, so that what a fuzzer once found stays tested.
+// Runs a fuzz target over the files of its seed folders, so that what a fuzzer once found stays
+// tested.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -14,7 +15,8 @@ int main(int count, char** arguments) {
         for (const auto& entry : std::filesystem::directory_iterator(arguments[at])) {
             std::ifstream file(entry.path(), std::ios::binary);
             const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                                   bytes.size());
             ++ran;
         }
     return ran > 0 ? 0 : 1;

@@ -1,5 +1,5 @@
-// What a key of an ini file reads as; what stands on the disk after a write that went well, after one that
-// didn't, and at each call in between.
+// What a key of an ini file reads as; what stands on the disk after a write that went well, after
+// one that didn't, and at each call in between.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -38,8 +38,9 @@ protected:
     const WorkingDirectory directory;
 };
 
-// The calls of a write to `f.ini`, a letter each, a capital one once the new file is there. The one of number
-// `failAt` fails. Of the writes each even call is interrupted, and the others take four bytes.
+// The calls of a write to `f.ini`, a letter each, a capital one once the new file is there. The one
+// of number `failAt` fails. Of the writes each even call is interrupted, and the others take four
+// bytes.
 std::string journal;
 std::size_t failAt = 0;
 std::function<void()> meanwhile; // What another program does before each flush.
@@ -47,7 +48,8 @@ std::function<void()> meanwhile; // What another program does before each flush.
 template<char kLetter, auto kCall, typename Result, typename... Arguments>
 Result Watch(Arguments... arguments) {
     if (kLetter == 'f' && meanwhile) meanwhile();
-    journal += IniText(*ReadFileBytes(u"f.ini", 1000)).Find("a", "x") == "new" ? kLetter - 32 : kLetter;
+    journal +=
+        IniText(*ReadFileBytes(u"f.ini", 1000)).Find("a", "x") == "new" ? kLetter - 32 : kLetter;
     errno = ENOSPC;
     return journal.size() == failAt ? -1 : kCall(arguments...);
 }
@@ -67,8 +69,8 @@ const FileCalls kWatched{Watch<'c', CreateNewFile>, Watch<'w', WriteInPieces>, W
 
 const std::string kFits(254, 'w');
 
-// The bytes of a value, and what comes back: the default for none, no more than 254 bytes, no half letter,
-// and nothing behind a NUL.
+// The bytes of a value, and what comes back: the default for none, no more than 254 bytes, no half
+// letter, and nothing behind a NUL.
 const std::pair<std::string, std::string> kValues[] = {
     {"", "none"},
     {kFits + "xyz", kFits},
@@ -112,7 +114,8 @@ TEST_F(IniFiles, ANewFileHasTheUsersUsualModeAndBeginsAsTheOneThatIsInstalledAnd
     PutOld("target.ini");
     std::filesystem::create_symlink("target.ini", "link.ini");
     EXPECT_TRUE(WriteNew("link.ini"));
-    EXPECT_EQ(Now("target.ini"), std::pair(mode_t{0604}, kNew)) << "it was there: nothing installed comes in";
+    EXPECT_EQ(Now("target.ini"), std::pair(mode_t{0604}, kNew))
+        << "it was there: nothing installed comes in";
     EXPECT_TRUE(std::filesystem::is_symlink("link.ini"));
 }
 
@@ -158,7 +161,8 @@ TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForIts
 TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
     for (int number = 0; number < 100; ++number) {
         EXPECT_TRUE(WriteNew("f.ini"));
-        directory.Put(".velora-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp", "half");
+        directory.Put(".velora-" + std::to_string(getpid()) + "-" + std::to_string(number) + ".tmp",
+                      "half");
     }
     EXPECT_FALSE(WriteNew("f.ini"));
 }
@@ -195,8 +199,8 @@ TEST_F(IniFiles, AReaderSeesEachChangeOfTheFile) {
 
 TEST_F(IniFiles, WhatReadsBackWholeIsReadAgainFromTheFileOfAnyCase) {
     directory.Put("Lists/F.INI", "[a]\nx=1\n");
-    for (const Text& value :
-         {u" blanks "s, u"\"quoted\""s, u"\uF7FF\u20AC\U0001F3B5"s, Text(254, u'a'), Text(127, u'\u00E4')}) {
+    for (const Text& value : {u" blanks "s, u"\"quoted\""s, u"\uF7FF\u20AC\U0001F3B5"s,
+                              Text(254, u'a'), Text(127, u'\u00E4')}) {
         WriteProfileString(u"lists\\f.ini", u"a", u"x", value);
         EXPECT_EQ(ReadProfileString(u"LISTS\\f.ini", u"a", u"x", u"none"), value);
         EXPECT_TRUE(ReadsBackWhole(value)) << Utf8(value);

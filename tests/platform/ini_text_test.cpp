@@ -1,4 +1,5 @@
-// The grammar of ini files, and the exact bytes of a changed one: each row is looked up and written to.
+// The grammar of ini files, and the exact bytes of a changed one: each row is looked up and written
+// to.
 #include <gtest/gtest.h>
 
 #include "platform/ini_text.h"
@@ -30,15 +31,18 @@ constexpr std::string_view kFiles[][4] = {
     {"a header without its bracket", "[b\nx=2\n[a\nz=1\n", "1", "[b\nx=2\n[a\nz=new\n"},
     {"a header that holds a key", "[a]z=c]\n", kNothing, "[a]z=c]\nz=new\n"},
     {"a header alone", "[a]", kNothing, "[a]\r\nz=new\r\n"},
-    {"a section of comments", "[a]\n; note\n[b]\nz=1\n", kNothing, "[a]\nz=new\n; note\n[b]\nz=1\n"},
+    {"a section of comments", "[a]\n; note\n[b]\nz=1\n", kNothing,
+     "[a]\nz=new\n; note\n[b]\nz=1\n"},
     {"a last key without a line end", "[a]\nx=1", kNothing, "[a]\nx=1\nz=new\n"},
     {"a comment behind the last key", "[a]\nx=1\n; note\n\n[b]\ny=2\n", kNothing,
      "[a]\nx=1\nz=new\n; note\n\n[b]\ny=2\n"},
     {"no such section", "[b]\rx=1\r\r", kNothing, "[b]\rx=1\r\r[a]\rz=new\r"},
-    {"16-bit text", "\xFF\xFE[\0a\0]\0\n\0z\0=\0"sv, kNothing, "\xFF\xFE[\0a\0]\0\n\0z\0=\0\n[a]\nz=new\n"sv},
+    {"16-bit text", "\xFF\xFE[\0a\0]\0\n\0z\0=\0"sv, kNothing,
+     "\xFF\xFE[\0a\0]\0\n\0z\0=\0\n[a]\nz=new\n"sv},
 };
 
-// A line, its value without white space and one pair of quotation marks, and the line that has that value.
+// A line, its value without white space and one pair of quotation marks, and the line that has that
+// value.
 constexpr std::string_view kValues[][3] = {
     {"z= \t\v\f1 'x' 2\t\v\f ", "1 'x' 2", "z=1 'x' 2"},
     {"z=\"\t b \"", "\t b ", "z=\"\t b \""},
@@ -63,7 +67,8 @@ TEST(IniText, AValueIsStrippedAndQuotedWhereItNeedsIt) {
     for (const auto& [line, value, rewritten] : kValues) {
         const IniText ini("[a]\n" + std::string(line));
         EXPECT_EQ(ini.Find("a", "z"), value) << line;
-        EXPECT_EQ(ini.With("a", "z", value).value_or(kNothing), "[a]\n" + std::string(rewritten)) << line;
+        EXPECT_EQ(ini.With("a", "z", value).value_or(kNothing), "[a]\n" + std::string(rewritten))
+            << line;
     }
 }
 

@@ -1,4 +1,5 @@
-// The door between backslash-separated texts and this machine's paths, and what is opened through it.
+// The door between backslash-separated texts and this machine's paths, and what is opened through
+// it.
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -31,8 +32,8 @@ constexpr const char* kFiles[] = {
     "aLBUM/x",          "full/tune.MP3",  "deep.mp3/folder.mp3/x", "bare/.plain",    "full/v.ini",
     "own/velora/v.ini", "odd[1]?.mp3",    "raw\xFF\xC3\x84.mp3",   "match/abcabd.x"};
 
-// A text, the file that it names and the one that a write goes to (empty for none), and "is" for a plain
-// file.
+// A text, the file that it names and the one that a write goes to (empty for none), and "is" for a
+// plain file.
 constexpr std::string_view kRows[][4] = {
     {"Album\\Song.mp3", "Album/Song.mp3", "Album/Song.mp3", "is"},
     {"Album\\song.mp3", "Album/SONG.MP3", "Album/SONG.MP3", "is"},
@@ -67,7 +68,9 @@ protected:
     }
     /// Each test leaves as many files open as it found.
     void TearDown() override { EXPECT_EQ(OpenFiles(), m_openBefore); }
-    static std::ptrdiff_t OpenFiles() { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); }
+    static std::ptrdiff_t OpenFiles() {
+        return std::distance(fs::directory_iterator("/proc/self/fd"), {});
+    }
 
     const WorkingDirectory directory;
 
@@ -91,7 +94,8 @@ TEST_F(Paths, WhatIsWrittenGoesBeforeOtherCaseInEachDirectory) {
             const Text text = (absolute ? directory.PathText() : Text()) + TextFromBytes(written);
             const std::string front = absolute ? directory.Path() + "/" : "";
             EXPECT_EQ(FindPath(text).value_or(front), front + std::string(found)) << written;
-            EXPECT_EQ(FindPathForWriting(text).value_or(front), front + std::string(forWriting)) << written;
+            EXPECT_EQ(FindPathForWriting(text).value_or(front), front + std::string(forWriting))
+                << written;
             EXPECT_EQ(FileExists(text), !exists.empty()) << written;
         }
     EXPECT_FALSE(FindPath(u"") || FileExists(u""));
@@ -102,7 +106,8 @@ TEST_F(Paths, WildcardsMatchRunsAndSingleCharacters) {
     for (const TextView pattern :
          {u"**", u"*.*", u"A*X", u"a*d.x", u"*b?.x", u"*b*b*", u"abcabd.x*", u"*?", u"a?*"})
         EXPECT_TRUE(FileExists(u"match\\" + Text(pattern))) << Utf8(pattern);
-    for (const TextView pattern : {u"?", u"*y", u"*abc", u"abcabd.x?", u"?abcabd.x", u"*c*c*", u"b*", u"*\\"})
+    for (const TextView pattern :
+         {u"?", u"*y", u"*abc", u"abcabd.x?", u"?abcabd.x", u"*c*c*", u"b*", u"*\\"})
         EXPECT_FALSE(FileExists(u"match\\" + Text(pattern))) << Utf8(pattern);
 }
 
@@ -140,8 +145,8 @@ TEST_F(Paths, ArgumentsBecomeQuotedAbsolutePaths) {
     EXPECT_EQ(ProcessDirectory(), u"") << "the directory is gone";
 }
 
-// A directory that can't be written by anybody, not even by the superuser, is one that isn't there. Here it
-// is there in other case, so that a file in it is found all the same.
+// A directory that can't be written by anybody, not even by the superuser, is one that isn't there.
+// Here it is there in other case, so that a file in it is found all the same.
 TEST_F(Paths, IniFilesStandBesideTheProgramUnlessThatCantBeWritten) {
     // The user's data directory and home, the program's, where to read and where to write.
     constexpr const char* kPlaces[][5] = {

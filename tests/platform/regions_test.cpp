@@ -11,16 +11,21 @@ namespace {
 constexpr Rect kOuter{0, 0, 48, 32};
 using Bitmap = std::bitset<48 * 32>;
 
-// Whether the pixel's centre lies in the rectangle that has such ellipses for corners. Sides in order,
-// corners at most the sides.
-bool InRounded(int x, int y, const Rect& sides, std::int64_t cornerWidth, std::int64_t cornerHeight) {
+// Whether the pixel's centre lies in the rectangle that has such ellipses for corners. Sides in
+// order, corners at most the sides.
+bool InRounded(int x, int y, const Rect& sides, std::int64_t cornerWidth,
+               std::int64_t cornerHeight) {
     if (!sides.Holds(x, y)) return false;
-    // How far the centre stands outside the middle of the corner's ellipse, doubled; 0 between the corners.
-    const auto outside = [](std::int64_t centre, std::int64_t low, std::int64_t high, std::int64_t size) {
+    // How far the centre stands outside the middle of the corner's ellipse, doubled; 0 between the
+    // corners.
+    const auto outside = [](std::int64_t centre, std::int64_t low, std::int64_t high,
+                            std::int64_t size) {
         return std::max({2 * low + size - centre, centre - 2 * high + size, std::int64_t{0}});
     };
-    const std::int64_t wide = outside(2 * x + 1, sides.Left, sides.Right, cornerWidth) * cornerHeight;
-    const std::int64_t high = outside(2 * y + 1, sides.Top, sides.Bottom, cornerHeight) * cornerWidth;
+    const std::int64_t wide =
+        outside(2 * x + 1, sides.Left, sides.Right, cornerWidth) * cornerHeight;
+    const std::int64_t high =
+        outside(2 * y + 1, sides.Top, sides.Bottom, cornerHeight) * cornerWidth;
     const std::int64_t whole = cornerWidth * cornerHeight;
     return wide * wide + high * high <= whole * whole;
 }
@@ -33,17 +38,19 @@ Bitmap Model(const Rect& sides, int cornerWidth, int cornerHeight) {
 }
 
 Bitmap Combined(const Bitmap& first, const Bitmap& second, Long mode) {
-    const Bitmap results[] = {first & second, first | second, first ^ second, first & ~second, first};
+    const Bitmap results[] = {first & second, first | second, first ^ second, first & ~second,
+                              first};
     return results[mode - 1];
 }
 
-// Whether a region has exactly those pixels: by `Holds`, which gives nothing outside, and by `Rectangles`,
-// which tells each pixel of a view once, counted from the view's corner.
+// Whether a region has exactly those pixels: by `Holds`, which gives nothing outside, and by
+// `Rectangles`, which tells each pixel of a view once, counted from the view's corner.
 bool HasPixels(const RegionTable& table, Long handle, const Bitmap& pixels) {
     const Region& region = *FindRegion(table, handle);
     for (int y = -1; y < 33; ++y)
         for (int x = -1; x < 49; ++x)
-            if (region.Holds(x, y) != (kOuter.Holds(x, y) && pixels[std::size_t(y * 48 + x)])) return false;
+            if (region.Holds(x, y) != (kOuter.Holds(x, y) && pixels[std::size_t(y * 48 + x)]))
+                return false;
     constexpr Rect kView{20, 9, 41, 30};
     Bitmap told;
     for (const Rect& part : region.Rectangles(kView))
@@ -53,12 +60,14 @@ bool HasPixels(const RegionTable& table, Long handle, const Bitmap& pixels) {
     return told == (pixels & Model(kView, 0, 0)) && region.IsEmpty() == pixels.none();
 }
 
-// A region of any of the three forms, whose sides and corners stand either way round, and its pixels.
+// A region of any of the three forms, whose sides and corners stand either way round, and its
+// pixels.
 Long MakeRegion(RegionTable& table, std::mt19937& random, Bitmap& pixels) {
     const auto below = [&](unsigned most) { return int(random() % most); };
     const int left = below(44) - 4, top = below(30) - 4, width = below(60), height = below(40);
     const int wide = below(30), high = below(23);
-    const Rect sides{left, top, left + width, top + height}, turned{left + width, top + height, left, top};
+    const Rect sides{left, top, left + width, top + height},
+        turned{left + width, top + height, left, top};
     switch (random() % 3) {
     case 0:
         pixels = Model(sides, 0, 0);
@@ -84,15 +93,18 @@ TEST(Regions, HaveThePixelsOfTheirFormsAndCombineThem) {
             ASSERT_EQ(MakeRegion(table, random, model[std::size_t(handle)]), handle);
             ASSERT_TRUE(HasPixels(table, handle, model[std::size_t(handle)])) << "step " << step;
         }
-        const Long dest = random() % 9, first = random() % 9, second = random() % 9, mode = random() % 8;
+        const Long dest = random() % 9, first = random() % 9, second = random() % 9,
+                   mode = random() % 8;
         const auto known = [](Long handle) { return handle >= 1 && handle <= 6; };
-        const bool possible = known(dest) && known(first) && known(second) && mode >= 1 && mode <= 5;
+        const bool possible =
+            known(dest) && known(first) && known(second) && mode >= 1 && mode <= 5;
         const auto held = FindRegion(table, dest);
         const Region before = held ? *held : Region();
         ASSERT_EQ(CombineRgn(table, dest, first, second, mode == 7 ? -1 : mode), possible);
         EXPECT_TRUE(!held || *held == before) << "a region that a window holds stays as it was";
         if (!possible) continue;
-        model[std::size_t(dest)] = Combined(model[std::size_t(first)], model[std::size_t(second)], mode);
+        model[std::size_t(dest)] =
+            Combined(model[std::size_t(first)], model[std::size_t(second)], mode);
         ASSERT_TRUE(HasPixels(table, dest, model[std::size_t(dest)])) << "step " << step;
     }
 }

@@ -1,5 +1,5 @@
-// The six buttons: what they show while the mouse works on them, when they click, and what they command, by
-// picture, state, mouse button and keys.
+// The six buttons: what they show while the mouse works on them, when they click, and what they
+// command, by picture, state, mouse button and keys.
 #include "playback/buttons.h"
 
 #include "support/use.h"
@@ -29,17 +29,21 @@ TEST(Buttons, OrdinaryOnesByGesture) {
         {"picEject", "picEject", "ChooseFile Select Media ...", false, false, true},
         {"picPlaylist", "picPlaylist", "", false, false, false},
     };
-    for (const auto& [name, holder, command, offCommands, rightCommands, rightOnFreshCommands] : buttons) {
+    for (const auto& [name, holder, command, offCommands, rightCommands, rightOnFreshCommands] :
+         buttons) {
         const auto told = [command = command](bool commands) { return commands ? command : ""s; };
         const std::string rest = name + " " + holder + "1", down = name + " " + holder + "2";
-        const std::string held = down + ", held by " + name, then = command.empty() ? "" : ", " + command;
+        const std::string held = down + ", held by " + name,
+                          then = command.empty() ? "" : ", " + command;
         const std::string click = rest + ", free, click, over " + holder + "1" + then;
         ExpectUses({
             {name + " pressed, dragged off and back", "track:2 " + name, "+L | off | in | -L",
              held + " | " + rest + " | " + down + " | " + click},
             {name + " dragged off", "track:2 " + name, "+L off -L", told(offCommands)},
-            {name + " under another button", "track:2 " + name, "+R off in -R", told(rightCommands)},
-            {name + " fresh takes a press", "track:2 " + name + " fresh", "+L | -L", held + " | " + click},
+            {name + " under another button", "track:2 " + name, "+R off in -R",
+             told(rightCommands)},
+            {name + " fresh takes a press", "track:2 " + name + " fresh", "+L | -L",
+             held + " | " + click},
             {name + " fresh under another button", "track:2 " + name + " fresh", "+M off in -M",
              told(rightOnFreshCommands)},
         });
@@ -51,7 +55,8 @@ TEST(Buttons, PlayAndStop) {
     ExpectUses({
         {"stopped: a drag-off is final", "", "picPlay +L | off | in | -L",
          "picPlay picPlay2, held by picPlay | picPlay picPlay1 |  | free"},
-        {"stopped: asks for a file without a click; cancelled, all is as it was", "", "picPlay +L -L", ask},
+        {"stopped: asks for a file without a click; cancelled, all is as it was", "",
+         "picPlay +L -L", ask},
         {"stopped: starts that file, not the list", "", "picPlay file:\\music\\new.mp2 +L -L",
          "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, Playing, "
          "track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, title new ... , "
@@ -61,7 +66,8 @@ TEST(Buttons, PlayAndStop) {
         {"playing: stops without a click", "track:1", "picPlay +L -L", stops},
         {"paused: stops", "track:1 picPause +L -L", "picPlay +L -L",
          "picPlay picPlay1, Stop, Stopped, status Ready, title , 260 ms"},
-        {"a fresh one takes no press", "track:1 picPlay fresh", "+L | -L +R -R", "held by picPlay | free"},
+        {"a fresh one takes no press", "track:1 picPlay fresh", "+L | -L +R -R",
+         "held by picPlay | free"},
         {"playing, but showing play: a click only shows stop, and until then pause does nothing",
          "track:1 showsplay", "picPause +L -L | picPlay +L -L | +L -L",
          "click, over picPause1 | picPlay picStop1 | " + stops},
@@ -87,7 +93,8 @@ TEST(Buttons, OthersInOtherStates) {
          "click, over picEject1, ChooseFile Select Playlist ..., InputBox Velora: Name of playlist:, in "
          "\\lists"},
         {"with shift, too; that dialog takes the mouse from a button that is still held", "",
-         "picEject +L +R shift -L | -R", "click, over picEject1, ChooseFile Select Playlist ... | "},
+         "picEject +L +R shift -L | -R",
+         "click, over picEject1, ChooseFile Select Playlist ... | "},
         {"the limits are -1 and the size, and both are strict", "picPause +L",
          "30,5 | 31,5 | 30,5 | 29,5 | 5,20 | 5,21 | 5,20 | 5,19 | "
          "-1,5 | -2,5 | -1,5 | 0,5 | 5,-1 | 5,-2 | 5,-1 | 5,0",
@@ -112,10 +119,12 @@ TEST(Seeking, Gestures) {
          "picForward shift +L off shift -L", "Seek 0"},
         {"a step that leaves the range of an Integer is skipped", "track:1 untitled",
          "picForward shift +R 1400s -R", "Seek 32760, seek 32760, 1400000 ms"},
-        {"shift with another key is a plain step", "track:1", "picForward shift ctrl +R -R", StepsTo("2")},
+        {"shift with another key is a plain step", "track:1", "picForward shift ctrl +R -R",
+         StepsTo("2")},
         {"another key is a plain step", "track:1", "picBackward ctrl +R -R", StepsTo("3")},
         {"a lost release is delivered", "track:1", "picForward shift +L lost",
          "click, over picForeward1, Seek 0"},
-        {"a lost release of another button is delivered", "track:1", "picBackward shift +R lost", "Seek 0"},
+        {"a lost release of another button is delivered", "track:1", "picBackward shift +R lost",
+         "Seek 0"},
     });
 }

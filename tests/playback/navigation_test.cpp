@@ -17,8 +17,8 @@ TEST(Steps, LeadWhereTheTableSays) {
     std::ostringstream table;
     for (const Integer count : {0, 1, 2, 5})
         for (Integer current = 0; current <= count; ++current)
-            table << IndexBefore(current, count).value_or(-1) << "<" << current << "/" << count << ">"
-                  << IndexAfter(current, count).value_or(-1) << " ";
+            table << IndexBefore(current, count).value_or(-1) << "<" << current << "/" << count
+                  << ">" << IndexAfter(current, count).value_or(-1) << " ";
     EXPECT_EQ(table.str(), "-1<0/0>-1 1<0/1>-1 0<1/1>-1 2<0/2>1 2<1/2>2 1<2/2>1 "
                            "5<0/5>1 5<1/5>2 1<2/5>3 2<3/5>4 3<4/5>5 4<5/5>1 ");
 }
@@ -40,7 +40,8 @@ TEST(StartTrack, StartsOnlyAFilledEntryOfAKindThatIsPlayed) {
 }
 
 TEST(Steps, InOddPlaces) {
-    const std::string stops = "picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 460 ms";
+    const std::string stops =
+        "picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 460 ms";
     ExpectUses({
         {"next with one entry leaves it playing while previous stops it", "count:1 track:1",
          "picForward +R -R | picBackward +R -R", " | " + stops},
@@ -57,9 +58,10 @@ TEST(Steps, InOddPlaces) {
         {"the same backward", "track:2 picBackward later:+R&-R&shift&+R&0.3s +R -R", "-R",
          "picBackward picBackward1, free, Stop, Stop, TrackFile 3_x.mp3, Play, track 3, title 3_x ... , "
          "blink backward off, 460 ms"},
-        {"the same where the release is lost", "track:2 picForward later:+R&-R&shift&+R&0.3s +R -R", "lost",
-         "picForward picForeward1, free, blink forward off"},
-        {"the same backward where the release is lost", "track:2 picBackward later:+R&-R&shift&+R&0.3s +R -R",
-         "lost", "picBackward picBackward1, free, blink backward off"},
+        {"the same where the release is lost", "track:2 picForward later:+R&-R&shift&+R&0.3s +R -R",
+         "lost", "picForward picForeward1, free, blink forward off"},
+        {"the same backward where the release is lost",
+         "track:2 picBackward later:+R&-R&shift&+R&0.3s +R -R", "lost",
+         "picBackward picBackward1, free, blink backward off"},
     });
 }

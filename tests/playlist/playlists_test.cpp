@@ -11,20 +11,21 @@ namespace {
 using namespace std::string_view_literals;
 
 // The last three characters decide, with a dot or without, or ".mpeg".
-constexpr std::pair<TextView, Long> kKinds[] = {{u"a.mp1", 1}, {u"a.mp2", 2}, {u"xMP3", 3},     {u"mp3", 3},
-                                                {u"a.MPG", 4}, {u".mpeg", 4}, {u"a.MPEG", 4},   {u"a.wav", 5},
-                                                {u"a.wma", 7}, {u"a.wmv", 8}, {u"mpeg", 0},     {u"xmpeg", 0},
-                                                {u"p3", 0},    {u"", 0},      {u"a.mp3.txt", 0}};
+constexpr std::pair<TextView, Long> kKinds[] = {
+    {u"a.mp1", 1}, {u"a.mp2", 2},  {u"xMP3", 3},  {u"mp3", 3},   {u"a.MPG", 4},
+    {u".mpeg", 4}, {u"a.MPEG", 4}, {u"a.wav", 5}, {u"a.wma", 7}, {u"a.wmv", 8},
+    {u"mpeg", 0},  {u"xmpeg", 0},  {u"p3", 0},    {u"", 0},      {u"a.mp3.txt", 0}};
 
-// The directory and name to add, the user's choice, and what comes of it: the index, path and name, and what
-// the user was told.
+// The directory and name to add, the user's choice, and what comes of it: the index, path and name,
+// and what the user was told.
 constexpr TextView kAdds[][4] = {
     {u"", u"", u"", u"0 | ChooseFile Select Media ..."},
     {u"C:\\a", u"song.mp3", u"", u"1 C:\\a\\|song.mp3"},
     {u"C:\\b\\", u"Ä.wmv", u"", u"2 C:\\b\\|Ä.wmv"},
     {u"", u"ä.WMV", u"", u"2 |ä.WMV"},
     {u"", u"x\\c.mp3", u"", u"3 x\\|c.mp3"},
-    {u"C:\\", u"a.txt", u"", u"0 C:\\|a.txt MessageBox That file format is not supported by Velora"},
+    {u"C:\\", u"a.txt", u"",
+     u"0 C:\\|a.txt MessageBox That file format is not supported by Velora"},
     {u"x", u"", u"\\music\\a b.mp3", u"4 \\music\\|a b.mp3 ChooseFile Select Media ..."},
     {u"", u"c.mp3", u"", u"0 |c.mp3 MessageBox Media Limit reached"},
 };
@@ -64,8 +65,8 @@ constexpr std::string_view kStarts[][3] = {
 
 const std::string kTooLong = "0 MessageBox That path is too long for Velora; 0";
 
-// What the catalogue counts, a name and a file to enter, and what comes of it: the number, the message, and
-// what the next start finds.
+// What the catalogue counts, a name and a file to enter, and what comes of it: the number, the
+// message, and what the next start finds.
 const std::tuple<std::string, Text, Text, std::string> kEntries[] = {
     {"0", u"First", u"a\\my list.m3u", "1; 1; 1 First|a\\|my list.m3u"},
     {"6", u" x ", u"e", "7; 7; 7  x |\\|e"},
@@ -144,7 +145,8 @@ TEST_F(Playlists, ANameStandsInItOnceWhateverItsDirectoryAndCase) {
         EXPECT_EQ(now + TakeMessages(), Utf8(outcome));
     }
     const MediaEntry& entry = velora.MediaList[2];
-    EXPECT_EQ(entry.Path + entry.File + Decimal(entry.Type) + Decimal(entry.Flag), u"C:\\b\\Ä.wmv811");
+    EXPECT_EQ(entry.Path + entry.File + Decimal(entry.Type) + Decimal(entry.Flag),
+              u"C:\\b\\Ä.wmv811");
     EXPECT_TRUE(entry.Enabled);
 }
 
@@ -166,12 +168,13 @@ TEST_F(Playlists, AddLinesEachWithATurnOfTheLoop) {
         EXPECT_EQ(Load(bytes), added) << ::testing::PrintToString(bytes);
 }
 
-// Forms in which a reader that cuts its text line by line would need time by the square of the size: it would
-// not come to an end before ctest loses its patience.
+// Forms in which a reader that cuts its text line by line would need time by the square of the
+// size: it would not come to an end before ctest loses its patience.
 TEST_F(Playlists, CostNoMoreThanTheirSize) {
     const std::size_t size = 2 * 1024 * 1024;
-    for (const std::string& bytes : {std::string(size, '\n'), std::string(size, '\r') + "\n..",
-                                     "a\n" + std::string(size, '\r'), std::string(size, '\\') + ".."})
+    for (const std::string& bytes :
+         {std::string(size, '\n'), std::string(size, '\r') + "\n..",
+          "a\n" + std::string(size, '\r'), std::string(size, '\\') + ".."})
         EXPECT_LE(Load(bytes).size(), size + 8);
 }
 

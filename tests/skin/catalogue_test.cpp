@@ -24,7 +24,8 @@ struct CatalogueMachine : SkinMachine {
     }
     // The slot that shows, of how many, the window's width, and what the user was told.
     std::string Outcome() {
-        std::string text = Joined(velora.CurrentSkin, " of ", velora.SkinCount, ", ", form.Width / 15);
+        std::string text =
+            Joined(velora.CurrentSkin, " of ", velora.SkinCount, ", ", form.Width / 15);
         for (const std::string& line : journal.Take())
             text += "; " + line;
         return Short(text);
@@ -37,8 +38,10 @@ struct StartRow {
 
 const StartRow kStarts[] = {
     {"LastSkin names the slot to show",
-     "LastSkin=2 Count=3 [1] Filename=~a.vs4 [2] Filename=~b.vs4 [3] Filename=~c.vs4", "2 of 3, 200"},
-    {"entries behind the count", "LastSkin=2 Count=1 [1] Filename=~a.vs4 [2] Filename=~b.vs4", "0 of 1, 389"},
+     "LastSkin=2 Count=3 [1] Filename=~a.vs4 [2] Filename=~b.vs4 [3] Filename=~c.vs4",
+     "2 of 3, 200"},
+    {"entries behind the count", "LastSkin=2 Count=1 [1] Filename=~a.vs4 [2] Filename=~b.vs4",
+     "0 of 1, 389"},
     {"a missing file moves the others a slot down and shows nothing",
      "LastSkin=3 Count=3 [1] Filename=~a.vs4 [2] Filename=~m.vs4 [3] Filename=~c.vs4",
      "0 of 2, 389; MessageBox Couldn't find \"~m.vs4\""},
@@ -48,7 +51,8 @@ const StartRow kStarts[] = {
     {"a count below zero is a catalogue", "LastSkin=1 Count=-1 [1] Filename=~a.vs4", "0 of 0, 389"},
     {"so is the largest, and an empty name is passed over",
      "LastSkin=1 Count=32767 [1] Filename= [9] Filename=~b.vs4", "1 of 1, 200"},
-    {"a count that doesn't fit is none", "LastSkin=7 Count=40000 [1] Filename=~a.vs4", "1 of 1, 600"},
+    {"a count that doesn't fit is none", "LastSkin=7 Count=40000 [1] Filename=~a.vs4",
+     "1 of 1, 600"},
 };
 
 } // namespace
@@ -87,14 +91,15 @@ TEST(Companion, IsLoadedAnewAsLongAsASlotIsFreeAndThenTakenFromItsLatestSlot) {
         int Presses, State;
         const char* Outcome; ///< And what `picPlay` shows by the player's state.
     };
-    for (const Row& row : {Row{"a", 1, 0, "2 of 2, 200 play"}, Row{"a", 14, 1, "15 of 15, 100 stop"},
-                           Row{"a", 15, 2, "14 of 15, 200 stop"}, Row{"a", 16, 3, "15 of 15, 100 stop"},
-                           Row{"c", 1, 0, "2 of 2, 200 play"},
-                           // A file is the same in another spelling, one that isn't loaded has no slot, and
-                           // without a companion or with one of another type nothing happens.
-                           Row{"b" + std::string(13, 'c') + "a", 1, 4, "1 of 15, 200 stop"},
-                           Row{std::string(15, 'a'), 1, 0, "15 of 15, 100 own"},
-                           Row{"", 1, 0, "0 of 0, 389 own"}, Row{"d", 1, 0, "1 of 2, 400 own"}}) {
+    for (const Row& row :
+         {Row{"a", 1, 0, "2 of 2, 200 play"}, Row{"a", 14, 1, "15 of 15, 100 stop"},
+          Row{"a", 15, 2, "14 of 15, 200 stop"}, Row{"a", 16, 3, "15 of 15, 100 stop"},
+          Row{"c", 1, 0, "2 of 2, 200 play"},
+          // A file is the same in another spelling, one that isn't loaded has no slot, and
+          // without a companion or with one of another type nothing happens.
+          Row{"b" + std::string(13, 'c') + "a", 1, 4, "1 of 15, 200 stop"},
+          Row{std::string(15, 'a'), 1, 0, "15 of 15, 100 own"}, Row{"", 1, 0, "0 of 0, 389 own"},
+          Row{"d", 1, 0, "1 of 2, 400 own"}}) {
         CatalogueMachine at;
         for (const char name : row.Loads)
             (void)LoadSkinFile(at.velora, at.directory.PathText(Joined(name, ".vs4")));

@@ -1,5 +1,5 @@
-// Which control an object of a skin takes, what it does to it, and what stays when it can't have one:
-// buttons, texts, the volume, the row of lights and the background.
+// Which control an object of a skin takes, what it does to it, and what stays when it can't have
+// one: buttons, texts, the volume, the row of lights and the background.
 #include "skin/layout.h"
 
 #include "support/skin_fixture.h"
@@ -57,7 +57,8 @@ const LayoutRow kLayouts[] = {
      OfTypes(0, 7, "filename=m.gif filename2=m.gif "), ""},
     {"what is no picture has its place, types end on both sides, and the graphic covers the background's object",
      {},
-     {"filename=a.gif filename2=b.gif", "type=-1", "type=14", "type=4 filename=skin.vs4 filename2=skin.vs4"},
+     {"filename=a.gif filename2=b.gif", "type=-1", "type=14",
+      "type=4 filename=skin.vs4 filename2=skin.vs4"},
      "picBackground 0,0 20x10 c.gif#6; picBackward 34,0 33x33 -; picBackground1 8,8 33x33 hidden a.gif#2; "
      "picBackground2 8,48 33x33 hidden b.gif#3",
      "Graphic=c.gif "},
@@ -65,7 +66,10 @@ const LayoutRow kLayouts[] = {
      {"type=1 filename=c.gif filename2=c.gif"},
      {"type=1 filename=a.gif filename2=none.gif", "type=1 filename=a.gif"},
      "picPlay 32,0 20x10 a.gif#6; picPlay1 48,8 33x33 hidden a.gif#7"},
-    {"all 24 objects are visited and no more", {}, Lines(25, "type=9"), "lblFilescroll 54,0 0x0 9 80ffff "},
+    {"all 24 objects are visited and no more",
+     {},
+     Lines(25, "type=9"),
+     "lblFilescroll 54,0 0x0 9 80ffff "},
     {"a volume takes its pictures, the positions of its own section, and its place",
      {},
      {"enabled=0 y1=6", "enabled=0",
@@ -82,7 +86,11 @@ const LayoutRow kLayouts[] = {
      {"type=13 filename=none.ini"},
      {"type=13 filename=one.ini left=77"},
      "shpPercent 3,5 0x6 form 2 0 0; shpPercent 0,64 5x5 hidden form 2 0 0"},
-    {"without a graphic the background shows without a picture", {}, {}, "picBackground 0,0 369x89 -", ""},
+    {"without a graphic the background shows without a picture",
+     {},
+     {},
+     "picBackground 0,0 369x89 -",
+     ""},
 };
 
 } // namespace

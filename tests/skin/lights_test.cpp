@@ -1,4 +1,5 @@
-// The progress lights: thirteen, in the places and colours of the shape file, up to its first fault.
+// The progress lights: thirteen, in the places and colours of the shape file, up to its first
+// fault.
 #include "skin/lights.h"
 
 #include "support/skin_fixture.h"
@@ -26,14 +27,18 @@ struct LightRow {
     std::string Line; ///< Behind "shpPercent ".
 };
 
-// Names match without case and otherwise exactly, a missing colour and a number leave the pattern's.
+// Names match without case and otherwise exactly, a missing colour and a number leave the
+// pattern's.
 const LightRow kRows[] = {
     {"left=-0.5 top=12.9 width=1e1 height=&HFF shape=4.9 backcolor=vbBlue bordercolor=VBBLACK",
      "-1,12 10x255 form 4 ff0000 0"},
     {"top=5 height=6", "0,5 0x6 form 2 7 7"},
-    {"left=1 top=5 height=6 shape=0 backcolor=vbcyan bordercolor=vbGreen", "1,5 0x6 form 0 ffff00 ff00"},
-    {"left=2 top=5 height=6 shape=5 backcolor=vbmagenta bordercolor=VbRed", "2,5 0x6 form 5 ff00ff ff"},
-    {"left=3 top=5 height=6 shape=1 backcolor=vbWhite bordercolor=vbyellow", "3,5 0x6 form 1 ffffff ffff"},
+    {"left=1 top=5 height=6 shape=0 backcolor=vbcyan bordercolor=vbGreen",
+     "1,5 0x6 form 0 ffff00 ff00"},
+    {"left=2 top=5 height=6 shape=5 backcolor=vbmagenta bordercolor=VbRed",
+     "2,5 0x6 form 5 ff00ff ff"},
+    {"left=3 top=5 height=6 shape=1 backcolor=vbWhite bordercolor=vbyellow",
+     "3,5 0x6 form 1 ffffff ffff"},
     {"left=4 top=5 height=6 shape=3 backcolor=red bordercolor=vbwhite", "4,5 0x6 form 3 7 ffffff"},
     {"left=6 top=5 height=6 backcolor=vbred", "6,5 0x6 form 2 ff 7"},
     {"left=7 top=5 height=6 backcolor= bordercolor=vbred", "7,5 0x6 form 2 7 ff"},

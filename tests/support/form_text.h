@@ -1,5 +1,5 @@
-// The form as text, a line for each thing on it, so that a test states what a step has changed and thereby
-// that all else has stayed.
+// The form as text, a line for each thing on it, so that a test states what a step has changed and
+// thereby that all else has stayed.
 #pragma once
 
 #include <sstream>
@@ -38,35 +38,40 @@ inline std::string TextOf(const Rect& rect) {
     return Joined(rect.Left, ",", rect.Top, "-", rect.Right, ",", rect.Bottom);
 }
 
-/// The form's own lines, its timers' and its menu's, and one for each control: name, place, size, and what
-/// its kind has.
+/// The form's own lines, its timers' and its menu's, and one for each control: name, place, size,
+/// and what its kind has.
 inline Lines FormText(const Form& form) {
-    Lines lines{Joined("frmMain ", form.Width, "x", form.Height, " ", int(form.State), " ", form.Caption),
-                Joined("step ", form.lCurVol)};
-    for (const Timer* timer : {&form.tmrSeekBackward, &form.tmrSeekForward, &form.tmrScrollFiletitle})
+    Lines lines{
+        Joined("frmMain ", form.Width, "x", form.Height, " ", int(form.State), " ", form.Caption),
+        Joined("step ", form.lCurVol)};
+    for (const Timer* timer :
+         {&form.tmrSeekBackward, &form.tmrSeekForward, &form.tmrScrollFiletitle})
         lines.push_back(Joined(timer->Name, " ", timer->IntervalMs, timer->Enabled ? "" : " off"));
     for (const MenuEntry& entry : form.Menu)
         lines.push_back(Joined(entry.Level, " ", entry.Name, entry.Visible ? "" : " hidden",
                                entry.Enabled ? " " : " grey ", entry.Caption));
     const auto add = [&](const Control& control, const std::string& more) {
-        lines.push_back(Joined(control.Name, " ", control.Left, ",", control.Top, " ", control.Width, "x",
-                               control.Height, control.Visible ? "" : " hidden", more));
+        lines.push_back(Joined(control.Name, " ", control.Left, ",", control.Top, " ",
+                               control.Width, "x", control.Height, control.Visible ? "" : " hidden",
+                               more));
     };
     using F = Form;
     for (const auto box :
-         {&F::picBackground,  &F::picMemoryGFX,   &F::picActiveX,   &F::picVolume,    &F::picPlay,
-          &F::picPause,       &F::picBackward,    &F::picForward,   &F::picPlaylist,  &F::picEject,
-          &F::picBackground1, &F::picBackground2, &F::picPlay1,     &F::picPlay2,     &F::picPause1,
-          &F::picPause2,      &F::picStop1,       &F::picStop2,     &F::picBackward1, &F::picBackward2,
-          &F::picForeward1,   &F::picForeward2,   &F::picPlaylist1, &F::picPlaylist2, &F::picEject1,
-          &F::picEject2,      &F::picStop})
+         {&F::picBackground, &F::picMemoryGFX, &F::picActiveX,     &F::picVolume,
+          &F::picPlay,       &F::picPause,     &F::picBackward,    &F::picForward,
+          &F::picPlaylist,   &F::picEject,     &F::picBackground1, &F::picBackground2,
+          &F::picPlay1,      &F::picPlay2,     &F::picPause1,      &F::picPause2,
+          &F::picStop1,      &F::picStop2,     &F::picBackward1,   &F::picBackward2,
+          &F::picForeward1,  &F::picForeward2, &F::picPlaylist1,   &F::picPlaylist2,
+          &F::picEject1,     &F::picEject2,    &F::picStop})
         add(form.*box, " " + NameOf((form.*box).Picture));
     std::string steps;
     for (const PictureBox& box : form.picVolumeArray)
         steps += " " + NameOf(box.Picture);
     add(form.picVolumeArray[7], steps);
     for (const Label* label : {&form.lblStatusLabel, &form.lblFilescroll, &form.Label1})
-        add(*label, Joined(" ", label->FontPx, " ", std::hex, label->ForeColour, " ", label->Caption));
+        add(*label,
+            Joined(" ", label->FontPx, " ", std::hex, label->ForeColour, " ", label->Caption));
     add(form.VFmp3scope1, "");
     for (const Shape& shape : form.shpPercent)
         add(shape, Joined(shape.Exists ? "" : " unmade", " form ", int(shape.Form), " ", std::hex,

@@ -7,7 +7,8 @@
 #include "state/velora.h"
 
 struct NullPlatform {
-    /// What a `Velora` is made of. `pictures` come from whoever asks, since what a picture is differs.
+    /// What a `Velora` is made of. `pictures` come from whoever asks, since what a picture is
+    /// differs.
     [[nodiscard]] PlatformParts PartsWith(Pictures& pictures) {
         return {window, dialogs, loop, pictures, machine, player, scope};
     }

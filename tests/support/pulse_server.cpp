@@ -36,24 +36,24 @@ bool WaitFor(const std::function<bool()>& done) {
 /// A line for the shell that becomes the program, with what it prints going to a file.
 std::string PrivatePulseServer::Line(const std::string& program, const std::string& output) const {
     return "cd '" + m_files.Path() + "' && exec env -i PATH=\"$PATH\" LC_ALL=C HOME=\"$PWD\" " +
-           "XDG_RUNTIME_DIR=\"$PWD\" " + "PULSE_SERVER='" + Address() + "' " + program + " </dev/null >" +
-           output + " 2>/dev/null";
+           "XDG_RUNTIME_DIR=\"$PWD\" " + "PULSE_SERVER='" + Address() + "' " + program +
+           " </dev/null >" + output + " 2>/dev/null";
 }
 
 bool PrivatePulseServer::Start() {
     Kill();
     std::filesystem::remove(m_files.Path("native"));
-    // A recorder of the null sink is handed the player's own memory where that is shared, and the server ends
-    // by an assertion of its own now and then.
+    // A recorder of the null sink is handed the player's own memory where that is shared, and the
+    // server ends by an assertion of its own now and then.
     const std::string sink =
         m_sink == TestSink::Null
             ? "--disable-shm=yes -L 'module-null-sink"
             : "-L 'module-pipe-sink use_system_clock_for_timing=yes file=" + m_files.Path("pipe");
-    m_process =
-        Spawn(Line("pulseaudio -n --daemonize=no --exit-idle-time=-1 --log-level=error " + sink +
-                       " sink_name=out format=s16le rate=44100 channels=2' -L " +
-                       "'module-native-protocol-unix auth-anonymous=1 socket=" + m_files.Path("native") + "'",
-                   "server.log"));
+    m_process = Spawn(Line(
+        "pulseaudio -n --daemonize=no --exit-idle-time=-1 --log-level=error " + sink +
+            " sink_name=out format=s16le rate=44100 channels=2' -L " +
+            "'module-native-protocol-unix auth-anonymous=1 socket=" + m_files.Path("native") + "'",
+        "server.log"));
     if (WaitFor([&] { return !Ask("info").empty(); })) return true;
     Kill();
     return false;
@@ -70,11 +70,12 @@ std::string PrivatePulseServer::Ask(const std::string& arguments) const {
 
 SoundRecorder::SoundRecorder(const PrivatePulseServer& server)
     : m_files(server.m_files),
-      m_process(Spawn(server.Line(server.m_sink == TestSink::Pipe
-                                      ? "cat pipe"
-                                      : "parec --raw --device=out.monitor --format=s16le --rate=44100 "
-                                        "--channels=2 --latency-msec=10",
-                                  "recording.raw"))) {
+      m_process(
+          Spawn(server.Line(server.m_sink == TestSink::Pipe
+                                ? "cat pipe"
+                                : "parec --raw --device=out.monitor --format=s16le --rate=44100 "
+                                  "--channels=2 --latency-msec=10",
+                            "recording.raw"))) {
     WaitFor([&] { return !Samples().empty(); });
 }
 

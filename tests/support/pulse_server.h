@@ -9,13 +9,13 @@
 
 #include "support/temp_directory.h"
 
-/// `Null` behaves as a sound card does and takes back what it hasn't played yet, but a recording of it lacks
-/// the few milliseconds that were taken back and played anew. `Pipe` takes nothing back and shows every
-/// sample that the server played, so a pause or seek is heard late.
+/// `Null` behaves as a sound card does and takes back what it hasn't played yet, but a recording of
+/// it lacks the few milliseconds that were taken back and played anew. `Pipe` takes nothing back
+/// and shows every sample that the server played, so a pause or seek is heard late.
 enum class TestSink { Null, Pipe };
 
-/// A `pulseaudio` process in a temporary directory. Its sink takes 16 bits at 44,100 Hz, so what a player
-/// sends in that format arrives bit for bit.
+/// A `pulseaudio` process in a temporary directory. Its sink takes 16 bits at 44,100 Hz, so what a
+/// player sends in that format arrives bit for bit.
 class PrivatePulseServer {
 public:
     /// Starts the server; `IsRunning` tells whether that worked.
@@ -43,8 +43,8 @@ private:
     pid_t m_process = -1;
 };
 
-/// Records both channels of the sink from the moment that the constructor returns. It asks for a short
-/// latency, which makes the server wake everybody more often than it would by itself.
+/// Records both channels of the sink from the moment that the constructor returns. It asks for a
+/// short latency, which makes the server wake everybody more often than it would by itself.
 class SoundRecorder {
 public:
     explicit SoundRecorder(const PrivatePulseServer& server);

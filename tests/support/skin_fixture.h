@@ -1,4 +1,5 @@
-// Velora on the null platform before a directory of skins, and all that a skin can change as lines of text.
+// Velora on the null platform before a directory of skins, and all that a skin can change as lines
+// of text.
 #pragma once
 
 #include <algorithm>
@@ -11,8 +12,8 @@
 #include "support/null_platform.h"
 #include "support/temp_directory.h"
 
-/// Takes every file that begins with "picture" for a picture of 20 by 10 pixels, called by its file and the
-/// number of the load: "a.gif#1".
+/// Takes every file that begins with "picture" for a picture of 20 by 10 pixels, called by its file
+/// and the number of the load: "a.gif#1".
 struct FilePictures : Pictures {
     PicturePtr LoadPicture(const Text& path) override {
         const auto bytes = ReadFileBytes(path, 1 << 20);
@@ -23,8 +24,8 @@ struct FilePictures : Pictures {
     int Loads = 0;
 };
 
-/// A skin file's text from words: a line for each. Before the first section stands the rest of `Settings`:
-/// the form's first size, which stays so, and a background that isn't there.
+/// A skin file's text from words: a line for each. Before the first section stands the rest of
+/// `Settings`: the form's first size, which stays so, and a background that isn't there.
 inline std::string SkinText(std::string words, const std::string& head = "Width=5835 Height=4185 "
                                                                          "Graphic=none.gif ") {
     words = "[Settings] " + head + words;
@@ -34,7 +35,9 @@ inline std::string SkinText(std::string words, const std::string& head = "Width=
 
 struct SkinMachine : NullPlatform {
     /// Writes a skin file and loads it; the slot's number.
-    Integer Load(std::string_view text) { return LoadSkinFile(velora, directory.Put("skin.vs4", text)); }
+    Integer Load(std::string_view text) {
+        return LoadSkinFile(velora, directory.Put("skin.vs4", text));
+    }
     Integer Apply(std::string_view text) {
         const Integer slot = Load(text);
         ApplySkin(velora, slot);
@@ -57,20 +60,21 @@ struct SkinMachine : NullPlatform {
         return line;
     }
 
-    /// The form, the region, the settings and volumes of the skins and what dialogs and player were asked.
+    /// The form, the region, the settings and volumes of the skins and what dialogs and player were
+    /// asked.
     [[nodiscard]] Lines All() const {
         Lines lines = FormText(form);
         lines.push_back(RegionText());
         for (const SkinRecord& skin : velora.Skins) {
-            lines.push_back(Joined("skin ", &skin - velora.Skins.data(), skin.Loaded ? " " : " empty ",
-                                   skin.Directory, "|", skin.FileName, "|", skin.Name, "|", skin.Author, "|",
-                                   skin.Graphic, "|", skin.Playlist, " type ", skin.Type, " ", skin.Width,
-                                   "x", skin.Height, " at ", skin.Left, ",", skin.Top, " with ",
-                                   skin.ShapeCount, " and ", skin.ObjectCount));
+            lines.push_back(Joined(
+                "skin ", &skin - velora.Skins.data(), skin.Loaded ? " " : " empty ", skin.Directory,
+                "|", skin.FileName, "|", skin.Name, "|", skin.Author, "|", skin.Graphic, "|",
+                skin.Playlist, " type ", skin.Type, " ", skin.Width, "x", skin.Height, " at ",
+                skin.Left, ",", skin.Top, " with ", skin.ShapeCount, " and ", skin.ObjectCount));
             lines.push_back("steps");
             for (std::size_t at = 1; at <= kVolumeSteps; ++at)
-                lines.back() +=
-                    Joined(" ", skin.VolumeX[at], ",", skin.VolumeY[at], " ", skin.VolumeImages[at]);
+                lines.back() += Joined(" ", skin.VolumeX[at], ",", skin.VolumeY[at], " ",
+                                       skin.VolumeImages[at]);
         }
         lines.insert(lines.end(), journal.Lines.begin(), journal.Lines.end());
         for (std::string& line : lines)

@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr const char* kStates[] = {"Stopped", "Playing", "Paused", "SeekingForward", "SeekingBackward"};
+constexpr const char* kStates[] = {"Stopped", "Playing", "Paused", "SeekingForward",
+                                   "SeekingBackward"};
 
 // How many facts are told in front of what was asked: the boxes' pictures and the capture.
 constexpr std::size_t kFirstFacts = std::size(Stage::kButtons) + 2;
@@ -43,9 +44,9 @@ Use::Use(int tracks) {
         PictureBox& box = form.*row.first;
         Words[std::string(box.Name)] = [this, &box](Value) { Point(m_box = &box, 5, 5); };
     }
-    for (const Control* control :
-         std::initializer_list<const Control*>{&form.VFmp3scope1, &form.lblFilescroll, &form.lblStatusLabel,
-                                               &form.picBackground, &form.picVolume, &form.shpPercent[0]})
+    for (const Control* control : std::initializer_list<const Control*>{
+             &form.VFmp3scope1, &form.lblFilescroll, &form.lblStatusLabel, &form.picBackground,
+             &form.picVolume, &form.shpPercent[0]})
         Words[std::string(control->Name)] = [this, control](Value) { Point(control, 2, 2); };
     const auto number = [](Value text) { return static_cast<Integer>(std::stoi(text)); };
     Words.merge(decltype(Words){
@@ -60,7 +61,8 @@ Use::Use(int tracks) {
         {"in", [this](Value) { Point(m_control, 5, 5); }},
         {"shift", [this](Value) { m_keys ^= 1; }},
         {"ctrl", [this](Value) { m_keys ^= 2; }},
-        {"lost", [this](Value) { Report(PointerKind::Lost, m_control, 0, 0, held = kNoButton, 0); }},
+        {"lost",
+         [this](Value) { Report(PointerKind::Lost, m_control, 0, 0, held = kNoButton, 0); }},
         {"file", [this](Value path) { dialogs.Files.push_back(TextFromBytes(path)); }},
         {"input", [this](Value text) { dialogs.Inputs.push_back(TextFromBytes(text)); }},
         {"menu", [this](Value name) { window.MenuChoice = name; }},
@@ -73,7 +75,8 @@ Use::Use(int tracks) {
         {"command", [this](Value line) { machine.Arguments = TextFromBytes(line); }},
         {"start", [this](Value) { Form_Load(velora); }},
         {"track", [=, this](Value index) { StartTrack(velora, number(index)); }},
-        {"tags", [this](Value) { playerEvents.OnTagInfo(u"Moon", u"Tide", u"a", u"b", u"c", u"d"); }},
+        {"tags",
+         [this](Value) { playerEvents.OnTagInfo(u"Moon", u"Tide", u"a", u"b", u"c", u"d"); }},
         {"stream", [this](Value) { playerEvents.OnStreamInfo(320, 48000, 2); }},
         {"length", [=, this](Value ms) { playerEvents.OnTrackLength(number(ms)); }},
         {"at", [=, this](Value ms) { playerEvents.OnPosition(number(ms)); }},
@@ -94,7 +97,8 @@ std::string Use::NameOf(const PicturePtr& picture) const {
 void Use::Do(const std::string& deeds) {
     std::istringstream words(deeds);
     for (std::string word; words >> word;) {
-        const std::size_t colon = word.find(':'), comma = word.find(','), letter = "LRMS"s.find(word[1]);
+        const std::size_t colon = word.find(':'), comma = word.find(','),
+                          letter = "LRMS"s.find(word[1]);
         if (const auto known = Words.find(word.substr(0, colon)); known != Words.end())
             known->second(word.substr(colon + 1));
         else if (comma != std::string::npos)
@@ -136,7 +140,8 @@ std::string Use::Outcome() {
     compare(0, kFirstFacts);
     const std::string home = Utf8(machine.Directory);
     for (std::string line : journal.Take()) {
-        if (const auto at = line.find(home); at != std::string::npos) line.replace(at, home.size(), "~");
+        if (const auto at = line.find(home); at != std::string::npos)
+            line.replace(at, home.size(), "~");
         if (line == "PlaySound ~\\click.wav") line = "click";
         if (!line.starts_with("Caption ")) tell(line.substr(line.starts_with("Player.") ? 7 : 0));
     }
@@ -157,19 +162,23 @@ std::vector<std::string> Use::Facts() const {
     add(form.picVolume);
     for (const auto& [button, holder] : kButtons)
         add(form.*button);
-    facts << (capture.Active ? "held by " : "free") << (capture.Holder ? capture.Holder->Name : "") << "\n";
-    facts << kStates[static_cast<int>(velora.PlayerState)] << "\ntrack " << velora.CurrentTrack << "\nseek "
-          << velora.SeekOffset << "\nvolume " << form.lCurVol << "\nskin " << velora.CurrentSkin << "\nlimit "
-          << velora.MediaLimit << "\nentry " << Utf8(last.Path + last.File) << " kind " << last.Type
-          << " flag " << last.Flag << "\ntags " << Utf8(velora.TrackTitle + u" " + velora.TrackArtist)
-          << "\nrates " << velora.TrackBitrate << " " << velora.TrackSampleRate << "\nin "
+    facts << (capture.Active ? "held by " : "free") << (capture.Holder ? capture.Holder->Name : "")
+          << "\n";
+    facts << kStates[static_cast<int>(velora.PlayerState)] << "\ntrack " << velora.CurrentTrack
+          << "\nseek " << velora.SeekOffset << "\nvolume " << form.lCurVol << "\nskin "
+          << velora.CurrentSkin << "\nlimit " << velora.MediaLimit << "\nentry "
+          << Utf8(last.Path + last.File) << " kind " << last.Type << " flag " << last.Flag
+          << "\ntags " << Utf8(velora.TrackTitle + u" " + velora.TrackArtist) << "\nrates "
+          << velora.TrackBitrate << " " << velora.TrackSampleRate << "\nin "
           << Utf8(machine.Current) << "\ncaption " << Utf8(form.Caption) << "\nstatus "
-          << Utf8(form.lblStatusLabel.Caption) << "\ntitle " << Utf8(form.lblFilescroll.Caption.substr(0, 20))
-          << "\nlights " << std::ranges::count(form.shpPercent, kPassedColour, &Shape::FillColour)
+          << Utf8(form.lblStatusLabel.Caption) << "\ntitle "
+          << Utf8(form.lblFilescroll.Caption.substr(0, 20)) << "\nlights "
+          << std::ranges::count(form.shpPercent, kPassedColour, &Shape::FillColour)
           << "\nwindow state " << static_cast<int>(form.State) << "\nscope "
-          << onOff(form.VFmp3scope1.Visible) << "\nlabels " << onOff(form.lblFilescroll.Visible) << " and "
-          << onOff(form.lblStatusLabel.Visible) << "\nblink backward " << onOff(form.tmrSeekBackward.Enabled)
-          << "\nblink forward " << onOff(form.tmrSeekForward.Enabled) << "\nscroll "
+          << onOff(form.VFmp3scope1.Visible) << "\nlabels " << onOff(form.lblFilescroll.Visible)
+          << " and " << onOff(form.lblStatusLabel.Visible) << "\nblink backward "
+          << onOff(form.tmrSeekBackward.Enabled) << "\nblink forward "
+          << onOff(form.tmrSeekForward.Enabled) << "\nscroll "
           << onOff(form.tmrScrollFiletitle.Enabled) << "\n";
     std::vector<std::string> lines;
     for (std::string line; std::getline(facts, line);)
@@ -181,8 +190,9 @@ Program::Program() : Use(0) {
     const std::string skins = directory.Path("VELORA_MAIN");
     std::filesystem::create_directory_symlink(VELORA_SOURCE_DIR "/app/VELORA_MAIN", skins);
     for (const auto& entry : std::filesystem::recursive_directory_iterator(skins + "/"))
-        pictures.Known[PathText(entry.path().string())] =
-            entry.path().stem() == "background" ? NullPictures::Size{500, 300} : NullPictures::Size{8, 8};
+        pictures.Known[PathText(entry.path().string())] = entry.path().stem() == "background"
+                                                              ? NullPictures::Size{500, 300}
+                                                              : NullPictures::Size{8, 8};
     machine.Directory = PathText(directory.Path());
     velora.MediaLimit = 9;
     Words["put"] = [this](std::string file) {

@@ -1,6 +1,6 @@
-// What a user does, as words, and what comes of it, as a text: how the buttons look now, what the platform
-// was asked, in order, and all else that has changed. So a test is a row of two texts and sees the whole
-// outcome.
+// What a user does, as words, and what comes of it, as a text: how the buttons look now, what the
+// platform was asked, in order, and all else that has changed. So a test is a row of two texts and
+// sees the whole outcome.
 #pragma once
 
 #include <functional>
@@ -13,14 +13,16 @@
 
 using namespace std::string_literals;
 
-/// Words: a control's name puts the pointer into it ("beside" is the form itself), "5,60" moves the pointer
-/// to that place from its corner, "=5,60" does so without a report; "off" and "in" are places of a button.
-/// "+L" and "-L" press and release the left button, R, M and S the right, the middle and a side button;
-/// "lost" takes the mouse away. "0.4s" waits, "later:+L&-L" is done in the next wait or dialog. "|" tells
-/// what has come so far. For the others see use.cpp.
+/// Words: a control's name puts the pointer into it ("beside" is the form itself), "5,60" moves the
+/// pointer to that place from its corner, "=5,60" does so without a report; "off" and "in" are
+/// places of a button.
+/// "+L" and "-L" press and release the left button, R, M and S the right, the middle and a side
+/// button; "lost" takes the mouse away. "0.4s" waits, "later:+L&-L" is done in the next wait or
+/// dialog. "|" tells what has come so far. For the others see use.cpp.
 class Use : public Stage {
 public:
-    /// With a list of tracks called "1_x.mp3" and on, and a skin whose volume steps are 10 pixels apart.
+    /// With a list of tracks called "1_x.mp3" and on, and a skin whose volume steps are 10 pixels
+    /// apart.
     explicit Use(int tracks = 3);
 
     void Do(const std::string& deeds);
@@ -51,8 +53,8 @@ struct UseRow {
     std::string Name, Before, Deeds, Outcome;
 };
 
-/// The program in a directory of its own with the product's skins, before its start, which is the word
-/// "start". "put:a.ini=[x]&y=~" writes a file of two lines, `~` is the directory.
+/// The program in a directory of its own with the product's skins, before its start, which is the
+/// word "start". "put:a.ini=[x]&y=~" writes a file of two lines, `~` is the directory.
 class Program : public Use {
 public:
     Program();

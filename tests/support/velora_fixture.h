@@ -1,5 +1,5 @@
-// A Velora on the null platform, with a small skin already on the form and a hand on the mouse. Where it is
-// used and what came of it fit into texts, `support/use.h` has the words.
+// A Velora on the null platform, with a small skin already on the form and a hand on the mouse.
+// Where it is used and what came of it fit into texts, `support/use.h` has the words.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,8 +10,9 @@
 
 using Lines = std::vector<std::string>;
 
-/// The form shows a background at (5, 7), seven buttons of 30 by 20 pixels, a volume indicator, two labels
-/// and the visualisation; each pair of holders has pictures of its own, and the buttons are at rest.
+/// The form shows a background at (5, 7), seven buttons of 30 by 20 pixels, a volume indicator, two
+/// labels and the visualisation; each pair of holders has pictures of its own, and the buttons are
+/// at rest.
 struct Stage : NullPlatform {
     static constexpr PictureBox Form::*kHolders[] = {
         &Form::picPlay1,     &Form::picPlay2,     &Form::picStop1,     &Form::picStop2,
@@ -42,9 +43,10 @@ struct Stage : NullPlatform {
         return velora.Count;
     }
 
-    /// Reports the pointer at a place of `control`, or of the form itself without one; `held` once it
-    /// happened.
-    void Report(PointerKind kind, const Control* control, int x, int y, Integer button, Integer shift) {
+    /// Reports the pointer at a place of `control`, or of the form itself without one; `held` once
+    /// it happened.
+    void Report(PointerKind kind, const Control* control, int x, int y, Integer button,
+                Integer shift) {
         if (kind == PointerKind::Press) held = static_cast<Integer>(held | button);
         if (kind == PointerKind::Release) held = static_cast<Integer>(held & ~button);
         for (; control; control = control == &form.picBackground ? nullptr : &form.picBackground) {
@@ -72,7 +74,8 @@ struct Stage : NullPlatform {
 
 private:
     void Place(Control& control, Long left, Long top, Long width, Long height) {
-        std::tie(control.Left, control.Top, control.Width, control.Height) = {left, top, width, height};
+        std::tie(control.Left, control.Top, control.Width, control.Height) = {left, top, width,
+                                                                              height};
         control.Visible = true;
     }
 

@@ -1,4 +1,5 @@
-// One loop: commands, then whatever is due, then asleep in libpulse's poll until the next thing happens.
+// One loop: commands, then whatever is due, then asleep in libpulse's poll until the next thing
+// happens.
 #include "platform/audio/audio_engine.h"
 
 #include <algorithm>
@@ -113,7 +114,8 @@ void AudioEngine::Run() {
     pa_mainloop* loop = pa_mainloop_new();
     if (!loop) return;
     pa_mainloop_api* api = pa_mainloop_get_api(loop);
-    pa_io_event* wake = api->io_new(api, m_bell->Descriptor(), PA_IO_EVENT_INPUT, OnBell, m_bell.get());
+    pa_io_event* wake =
+        api->io_new(api, m_bell->Descriptor(), PA_IO_EVENT_INPUT, OnBell, m_bell.get());
     {
         Parts parts(loop, m_settings, *m_relay, *m_ring);
         for (bool goesOn = true; goesOn;) {

@@ -36,8 +36,8 @@ public:
     AudioEngine(const AudioEngine&) = delete;
     AudioEngine& operator=(const AudioEngine&) = delete;
 
-    /// Leaves a command and returns. What an earlier one that wasn't begun would have started, and this one
-    /// ends, isn't started.
+    /// Leaves a command and returns. What an earlier one that wasn't begun would have started, and
+    /// this one ends, isn't started.
     void Send(AudioCommand command);
 
 private:

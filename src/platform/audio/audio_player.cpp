@@ -1,4 +1,5 @@
-// The window's side of the player: it numbers the commands, so that events can be told to be out of date.
+// The window's side of the player: it numbers the commands, so that events can be told to be out of
+// date.
 #include "platform/audio/audio_player.h"
 
 #include <algorithm>

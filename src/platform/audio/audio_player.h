@@ -14,8 +14,8 @@
 class AudioEngine;
 class EventRelay;
 
-/// Opens a file of the media list for reading, or gives an empty handle. Called on threads of the player's,
-/// may take any time.
+/// Opens a file of the media list for reading, or gives an empty handle. Called on threads of the
+/// player's, may take any time.
 using MediaOpener = std::function<FileHandle(const Text& path)>;
 
 /// What a test changes about the player; the program takes it as it is.
@@ -26,14 +26,15 @@ struct AudioSettings {
     double ClockSpeed = 1; ///< How much faster than real time the silent clock runs.
 };
 
-/// Every operation leaves a note for the player's own thread and returns; no file and no server is ever
-/// touched by the caller. Events come back through `Loop::Post`, one in each posted task.
+/// Every operation leaves a note for the player's own thread and returns; no file and no server is
+/// ever touched by the caller. Events come back through `Loop::Post`, one in each posted task.
 class AudioPlayer : public Player {
 public:
-    /// Starts no thread and opens nothing. `loop` and the ring that `Ring` gives outlive what is told here.
+    /// Starts no thread and opens nothing. `loop` and the ring that `Ring` gives outlive what is
+    /// told here.
     explicit AudioPlayer(Loop& loop, AudioSettings settings = {});
-    /// Ends the sound. Waits for the player's own thread, which never waits itself, but for no reader of a
-    /// file; must not run while `loop` runs one of this player's tasks.
+    /// Ends the sound. Waits for the player's own thread, which never waits itself, but for no
+    /// reader of a file; must not run while `loop` runs one of this player's tasks.
     ~AudioPlayer() override;
     AudioPlayer(const AudioPlayer&) = delete;
     AudioPlayer& operator=(const AudioPlayer&) = delete;
@@ -41,15 +42,15 @@ public:
     /// Who is told; until then events are dropped. `events` must stay as long as the player.
     void Attach(PlayerEvents& events);
 
-    /// Begins the connection to the sound server, so that it stands when the first track comes. Optional;
-    /// returns at once.
+    /// Begins the connection to the sound server, so that it stands when the first track comes.
+    /// Optional; returns at once.
     void Prepare();
 
     /// Where the player puts the samples for the scope.
     [[nodiscard]] SampleRing& Ring() { return *m_ring; }
 
-    /// What can be seen of the window and of the scope in it; what can't is told less, or not at all. At
-    /// first the window is taken to be seen, and the scope not.
+    /// What can be seen of the window and of the scope in it; what can't is told less, or not at
+    /// all. At first the window is taken to be seen, and the scope not.
     void SetSight(bool window, bool scope);
 
     void LookIn(const std::vector<Text>& directories) override;

@@ -39,8 +39,8 @@ struct AudioScope::Transform {
     Transform() : Plan(kiss_fftr_alloc(SampleFrame::kCount, 0, nullptr, nullptr)) {
         int at = 0;
         for (float& factor : Window)
-            factor =
-                static_cast<float>(0.5 - 0.5 * std::cos(2 * std::numbers::pi * at++ / SampleFrame::kCount));
+            factor = static_cast<float>(
+                0.5 - 0.5 * std::cos(2 * std::numbers::pi * at++ / SampleFrame::kCount));
     }
     ~Transform() { kiss_fftr_free(Plan); }
     Transform(const Transform&) = delete;
@@ -82,7 +82,8 @@ void AudioScope::ShowVisData(Long& VisData) {
         heights[band] = HeightOf(m_transform->Loudest(first, end));
         first = next;
     }
-    const std::int64_t stepMs = std::clamp<std::int64_t>(m_frame.AtMs - m_lastMs, 0, kLongestStepMs);
+    const std::int64_t stepMs =
+        std::clamp<std::int64_t>(m_frame.AtMs - m_lastMs, 0, kLongestStepMs);
     m_lastMs = m_frame.AtMs;
     Follow(heights, stepMs);
 }

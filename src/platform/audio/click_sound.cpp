@@ -1,5 +1,6 @@
-// The stream lives on a loop of libpulse's own thread. It is filled while it is held (corked) and let go for
-// a click. It is held again only a while later: to hold it takes back what the sink hasn't played yet.
+// The stream lives on a loop of libpulse's own thread. It is filled while it is held (corked) and
+// let go for a click. It is held again only a while later: to hold it takes back what the sink
+// hasn't played yet.
 #include "platform/audio/click_sound.h"
 
 #include <algorithm>
@@ -106,7 +107,8 @@ struct ClickSound::Stream {
             return;
         }
         pa_stream_set_state_callback(Playback, OnStream, this);
-        // The whole sound fits; no latency is asked for, since that would make the sink wake more often.
+        // The whole sound fits; no latency is asked for, since that would make the sink wake more
+        // often.
         const auto bytes = static_cast<std::uint32_t>(Clip.Samples.size() * sizeof(std::int16_t));
         const pa_buffer_attr buffer{bytes * 2 + 65'536, bytes + 65'536, 0, UINT32_MAX, UINT32_MAX};
         const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED);
@@ -115,12 +117,12 @@ struct ClickSound::Stream {
     }
 
     void Fill() {
-        pa_stream_write(Playback, Clip.Samples.data(), Clip.Samples.size() * sizeof(std::int16_t), nullptr, 0,
-                        PA_SEEK_RELATIVE_ON_READ);
+        pa_stream_write(Playback, Clip.Samples.data(), Clip.Samples.size() * sizeof(std::int16_t),
+                        nullptr, 0, PA_SEEK_RELATIVE_ON_READ);
     }
 
-    /// Holds the stream and fills it anew. What is written to a stream that runs can come too late for the
-    /// sink and lose its beginning.
+    /// Holds the stream and fills it anew. What is written to a stream that runs can come too late
+    /// for the sink and lose its beginning.
     void HoldFilled() {
         Forget(pa_stream_cork(Playback, 1, nullptr, nullptr));
         Forget(pa_stream_flush(Playback, nullptr, nullptr));
@@ -137,7 +139,8 @@ struct ClickSound::Stream {
         if (!IsHeld) HoldFilled();
         Forget(pa_stream_cork(Playback, 0, nullptr, nullptr));
         IsHeld = false;
-        const pa_usec_t restUs = pa_rtclock_now() + static_cast<pa_usec_t>(Clip.LengthMs()) * 1000 + kRestUs;
+        const pa_usec_t restUs =
+            pa_rtclock_now() + static_cast<pa_usec_t>(Clip.LengthMs()) * 1000 + kRestUs;
         if (!Rest)
             Rest = pa_context_rttime_new(Context, restUs, OnRest, this);
         else
@@ -152,7 +155,8 @@ struct ClickSound::Stream {
         auto* stream = static_cast<Stream*>(self);
         const std::lock_guard lock(stream->Mutex);
         const pa_usec_t latencyUs = timing ? timing->sink_usec : 0;
-        stream->Latency = std::chrono::duration_cast<milliseconds>(std::chrono::microseconds(latencyUs));
+        stream->Latency =
+            std::chrono::duration_cast<milliseconds>(std::chrono::microseconds(latencyUs));
         stream->Changed.notify_all();
     }
 

@@ -26,7 +26,8 @@ std::int64_t ClockOutput::AheadFrames() const {
 std::int64_t ClockOutput::HeardFrames(std::int64_t nowUs) {
     if (m_held) return m_heard;
     const double gone = static_cast<double>(std::max<std::int64_t>(0, nowUs - m_sinceUs)) / 1e6;
-    const std::int64_t heard = m_heard + static_cast<std::int64_t>(gone * m_format.RateHz * m_speed);
+    const std::int64_t heard =
+        m_heard + static_cast<std::int64_t>(gone * m_format.RateHz * m_speed);
     return std::min(heard, m_written);
 }
 

@@ -1,4 +1,5 @@
-// The event leaves the queue before its handler runs, so a handler that waits doesn't hold up or repeat any.
+// The event leaves the queue before its handler runs, so a handler that waits doesn't hold up or
+// repeat any.
 #include "platform/audio/event_relay.h"
 
 #include <algorithm>
@@ -28,8 +29,8 @@ void Tell(PlayerEvents& events, const PlayerEvent& event) {
     std::visit(Overloaded{
                    [&](const TagEvent& told) {
                        const TrackTags& tags = told.Tags;
-                       events.OnTagInfo(tags.Title, tags.Artist, tags.Album, tags.Year, tags.Comment,
-                                        tags.Genre);
+                       events.OnTagInfo(tags.Title, tags.Artist, tags.Album, tags.Year,
+                                        tags.Comment, tags.Genre);
                    },
                    [&](const StreamEvent& told) {
                        events.OnStreamInfo(told.Bitrate, told.SampleRate, told.Channels);
@@ -46,9 +47,11 @@ void EventRelay::Raise(const EventStamp& stamp, PlayerEvent event) {
     {
         const std::lock_guard lock(m_mutex);
         if (IsPassing(event)) {
-            const auto same = std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Waiting& waiting) {
-                return waiting.Stamp.Track == stamp.Track && waiting.Event.index() == event.index();
-            });
+            const auto same =
+                std::find_if(m_waiting.begin(), m_waiting.end(), [&](const Waiting& waiting) {
+                    return waiting.Stamp.Track == stamp.Track &&
+                           waiting.Event.index() == event.index();
+                });
             if (same != m_waiting.end()) {
                 *same = {stamp, std::move(event)};
                 return;
@@ -71,7 +74,8 @@ void EventRelay::RaiseFrame(const EventStamp& stamp, Long frame, std::int64_t at
 std::optional<Long> EventRelay::TakeDueFrame(std::optional<std::int64_t>& nextUs) {
     const std::lock_guard lock(m_mutex);
     std::erase_if(m_frames, [this](const WaitingFrame& waiting) {
-        return waiting.Stamp.Track != m_expected.Track || waiting.Stamp.Command != m_expected.Command;
+        return waiting.Stamp.Track != m_expected.Track ||
+               waiting.Stamp.Command != m_expected.Command;
     });
     // Of several that are due only the last can still be heard.
     std::optional<Long> due;
@@ -89,7 +93,8 @@ void EventRelay::DeliverFrame() {
     std::optional<std::int64_t> nextUs;
     const std::optional<Long> due = TakeDueFrame(nextUs);
     // Before the handler, which may wait.
-    if (nextUs) m_loop.PostIn(*nextUs / 1000, [relay = shared_from_this()] { relay->DeliverFrame(); });
+    if (nextUs)
+        m_loop.PostIn(*nextUs / 1000, [relay = shared_from_this()] { relay->DeliverFrame(); });
     if (due && m_events) m_events->OnVisData(*due);
 }
 

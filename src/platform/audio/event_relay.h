@@ -34,8 +34,9 @@ struct EventStamp {
     int Command = 0;
 };
 
-/// One task delivers one event. An event is dropped at its delivery if its track is no longer the present
-/// one, and a position or frame of samples also if it was raised before the last pause or seek.
+/// One task delivers one event. An event is dropped at its delivery if its track is no longer the
+/// present one, and a position or frame of samples also if it was raised before the last pause or
+/// seek.
 class EventRelay : public std::enable_shared_from_this<EventRelay> {
 public:
     explicit EventRelay(Loop& loop) : m_loop(loop) {}
@@ -45,9 +46,9 @@ public:
     /// A position that still waits to be delivered is replaced by a newer one.
     void Raise(const EventStamp& stamp, PlayerEvent event);
 
-    /// Frame number `frame` of the scope, to be shown when the clock (`NowUs`) comes to `atUs`. They are
-    /// given some time ahead, in the order of their moments, so that showing one doesn't take the player's
-    /// thread.
+    /// Frame number `frame` of the scope, to be shown when the clock (`NowUs`) comes to `atUs`.
+    /// They are given some time ahead, in the order of their moments, so that showing one doesn't
+    /// take the player's thread.
     void RaiseFrame(const EventStamp& stamp, Long frame, std::int64_t atUs);
 
     // The loop's thread.
@@ -80,5 +81,6 @@ private:
     std::mutex m_mutex;
     std::deque<Waiting> m_waiting;
     std::deque<WaitingFrame> m_frames;
-    bool m_framesRun = false; ///< A task is on its way that delivers frames and sees to the next one.
+    bool m_framesRun =
+        false; ///< A task is on its way that delivers frames and sees to the next one.
 };

@@ -1,4 +1,5 @@
-// The decoder keeps the number of bytes to itself, so the tag is looked up once more by its letters.
+// The decoder keeps the number of bytes to itself, so the tag is looked up once more by its
+// letters.
 #include "platform/audio/info_tag.h"
 
 #include <algorithm>
@@ -11,8 +12,8 @@
 namespace {
 
 constexpr std::size_t kBytesToRead = 2 * 3072;
-/// From a frame's first byte to the letters: header, an optional checksum, and the side information, whose
-/// size depends on version and channels.
+/// From a frame's first byte to the letters: header, an optional checksum, and the side
+/// information, whose size depends on version and channels.
 constexpr std::size_t kXingOffsets[] = {36, 38, 21, 23, 13, 15};
 constexpr std::size_t kVbriOffset = 36;
 
@@ -26,7 +27,8 @@ std::int64_t BigEndian32(const Bytes& bytes, std::size_t at) {
 
 bool HasLetters(const Bytes& bytes, std::size_t at, std::string_view letters) {
     return at + letters.size() <= bytes.size() &&
-           std::equal(letters.begin(), letters.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at));
+           std::equal(letters.begin(), letters.end(),
+                      bytes.begin() + static_cast<std::ptrdiff_t>(at));
 }
 
 bool HasSync(const Bytes& bytes, std::size_t at) {

@@ -17,5 +17,6 @@ struct InfoTag {
     bool IsVbri = false;     ///< This kind the decoder doesn't know: it plays the frame as sound.
 };
 
-/// The tag beside the frame that begins at `framePosition`, the first that the decoder takes for sound.
+/// The tag beside the frame that begins at `framePosition`, the first that the decoder takes for
+/// sound.
 [[nodiscard]] std::optional<InfoTag> FindInfoTag(MediaFile& file, std::int64_t framePosition);

@@ -29,7 +29,8 @@ std::int64_t TagBytes(const unsigned char (&header)[kTagHeaderBytes]) {
 
 } // namespace
 
-MediaFile::MediaFile(FileHandle file, const std::atomic<bool>* quit) : m_file(std::move(file)), m_quit(quit) {
+MediaFile::MediaFile(FileHandle file, const std::atomic<bool>* quit)
+    : m_file(std::move(file)), m_quit(quit) {
     m_buffer.resize(kBufferBytes);
     SkipGiantTags();
 }
@@ -59,8 +60,9 @@ std::ptrdiff_t MediaFile::ReadAt(std::int64_t position, void* bytes, std::size_t
     std::size_t copied = 0;
     while (copied < count) {
         if (m_quit->load(std::memory_order_relaxed)) return -1;
-        const ssize_t got = pread(m_file.Descriptor(), static_cast<char*>(bytes) + copied, count - copied,
-                                  m_start + position + static_cast<std::int64_t>(copied));
+        const ssize_t got =
+            pread(m_file.Descriptor(), static_cast<char*>(bytes) + copied, count - copied,
+                  m_start + position + static_cast<std::int64_t>(copied));
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) return -1;
         if (got == 0) break;

@@ -1,4 +1,5 @@
-// A media file as the decoder reads it: buffered, and without a tag at its start that is too big to be read.
+// A media file as the decoder reads it: buffered, and without a tag at its start that is too big to
+// be read.
 #pragma once
 
 #include <atomic>
@@ -8,14 +9,16 @@
 
 #include "platform/files.h"
 
-/// Reads from an open file through a buffer of its own. Positions count from the first byte behind the tags
-/// that were left out. The file may grow or shrink meanwhile.
+/// Reads from an open file through a buffer of its own. Positions count from the first byte behind
+/// the tags that were left out. The file may grow or shrink meanwhile.
 class MediaFile {
 public:
-    /// Takes `file` over. Once `*quit` is true every operation fails; it must stay as long as the object.
+    /// Takes `file` over. Once `*quit` is true every operation fails; it must stay as long as the
+    /// object.
     MediaFile(FileHandle file, const std::atomic<bool>* quit);
 
-    /// Copies up to `count` bytes and moves on. The number copied, 0 at the end, -1 if reading fails.
+    /// Copies up to `count` bytes and moves on. The number copied, 0 at the end, -1 if reading
+    /// fails.
     std::ptrdiff_t Read(void* bytes, std::size_t count);
 
     /// As `lseek`: the new position, or -1 if it would be before the beginning.

@@ -1,4 +1,5 @@
-// libmpg123 with its reading replaced by ours, and its output pinned to the format of the first frame.
+// libmpg123 with its reading replaced by ours, and its output pinned to the format of the first
+// frame.
 #include "platform/audio/mpeg_decoder.h"
 
 #include <algorithm>
@@ -64,8 +65,10 @@ bool MpegDecoder::CanBelieve(std::int64_t mpegFrames, std::int64_t bytes, std::i
     const std::int64_t there = m_file.Size() - fromByte;
     if (mpegFrames < 1 || mpegFrames > there / kShortestFrameBytes) return false;
     if (mpegFrames < there / kLongestFrameBytes / 2) return false;
-    // A tag's own count of bytes tells a file that was cut or added to; a tail of a few kB is other tags'.
-    return bytes == 0 || (bytes <= there + kLongestFrameBytes && there - bytes <= there / 8 + 65536);
+    // A tag's own count of bytes tells a file that was cut or added to; a tail of a few kB is other
+    // tags'.
+    return bytes == 0 ||
+           (bytes <= there + kLongestFrameBytes && there - bytes <= there / 8 + 65536);
 }
 
 void MpegDecoder::CollectFacts() {
@@ -76,17 +79,20 @@ void MpegDecoder::CollectFacts() {
     m_facts.BitrateKbps = frame.bitrate;
     // A free format names no rate; its frames still have a size.
     if (frame.bitrate <= 0)
-        m_facts.BitrateKbps = static_cast<int>(frame.framesize * 8 * frame.rate / samplesPerFrame / 1000);
+        m_facts.BitrateKbps =
+            static_cast<int>(frame.framesize * 8 * frame.rate / samplesPerFrame / 1000);
     const std::int64_t framePosition = mpg123_framepos(m_handle);
     const std::optional<InfoTag> tag = FindInfoTag(m_file, framePosition);
     if (!tag || !CanBelieve(tag->Frames, tag->Bytes, tag->At)) return;
     if ((frame.vbr != MPG123_CBR || tag->IsVbri) && tag->Bytes > 0) {
         const double seconds =
             static_cast<double>(tag->Frames) * samplesPerFrame / static_cast<double>(frame.rate);
-        m_facts.BitrateKbps = static_cast<int>(static_cast<double>(tag->Bytes) * 8 / seconds / 1000 + 0.5);
+        m_facts.BitrateKbps =
+            static_cast<int>(static_cast<double>(tag->Bytes) * 8 / seconds / 1000 + 0.5);
     }
     if (tag->IsVbri) return;
-    if (const std::int64_t length = mpg123_length(m_handle); length > 0) m_facts.LengthFrames = length;
+    if (const std::int64_t length = mpg123_length(m_handle); length > 0)
+        m_facts.LengthFrames = length;
 }
 
 void MpegDecoder::Decode(std::size_t frames, std::vector<std::int16_t>& samples) {
@@ -97,13 +103,14 @@ void MpegDecoder::Decode(std::size_t frames, std::vector<std::int16_t>& samples)
     off_t lastErrorAt = -1;
     while (filled < wanted) {
         std::size_t done = 0;
-        const int result = mpg123_read(m_handle, reinterpret_cast<unsigned char*>(samples.data()) + filled,
-                                       wanted - filled, &done);
+        const int result =
+            mpg123_read(m_handle, reinterpret_cast<unsigned char*>(samples.data()) + filled,
+                        wanted - filled, &done);
         filled += done;
         if (result == MPG123_OK || result == MPG123_NEW_FORMAT) continue;
         if (result == MPG123_DONE || ++errors > kErrorLimit) break;
-        // After damage that it gave up on, the library goes on from where it stopped; only standing still is
-        // the end.
+        // After damage that it gave up on, the library goes on from where it stopped; only standing
+        // still is the end.
         const off_t at = mpg123_tell_stream(m_handle);
         if (at == lastErrorAt) break;
         lastErrorAt = at;
@@ -123,7 +130,8 @@ void MpegDecoder::UseIndex(const FrameIndex& index) {
 }
 
 std::optional<LengthScan> MpegDecoder::Scan() {
-    // Junk behind the last frame ends the scan with an error, when all that matters has been counted.
+    // Junk behind the last frame ends the scan with an error, when all that matters has been
+    // counted.
     mpg123_scan(m_handle);
     LengthScan scan;
     scan.LengthFrames = mpg123_length(m_handle);

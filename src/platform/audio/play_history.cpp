@@ -26,6 +26,7 @@ void PlayHistory::Append(std::span<const std::int16_t> samples) {
 
 std::span<const std::int16_t> PlayHistory::From(std::int64_t frame, std::int64_t frames) const {
     const std::int64_t at = frame % m_capacity;
-    const std::int64_t count = std::max<std::int64_t>(0, std::min({frames, m_end - frame, m_capacity - at}));
+    const std::int64_t count =
+        std::max<std::int64_t>(0, std::min({frames, m_end - frame, m_capacity - at}));
     return {m_samples.data() + at * m_channels, static_cast<std::size_t>(count * m_channels)};
 }

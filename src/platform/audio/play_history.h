@@ -20,8 +20,8 @@ public:
     [[nodiscard]] std::int64_t Begin() const { return m_begin; }
     [[nodiscard]] std::int64_t End() const { return m_end; }
 
-    /// The samples of up to `frames` frames from `frame` on that lie together; fewer where the memory wraps
-    /// around. `frame` lies between `Begin()` and `End()`.
+    /// The samples of up to `frames` frames from `frame` on that lie together; fewer where the
+    /// memory wraps around. `frame` lies between `Begin()` and `End()`.
     [[nodiscard]] std::span<const std::int16_t> From(std::int64_t frame, std::int64_t frames) const;
 
 private:

@@ -1,5 +1,5 @@
-// The server's clock is asked every few seconds and followed by our own in between: libpulse's automatic
-// updates would wake the process for as long as the stream exists, held or not.
+// The server's clock is asked every few seconds and followed by our own in between: libpulse's
+// automatic updates would wake the process for as long as the stream exists, held or not.
 #include "platform/audio/pulse_output.h"
 
 #include <algorithm>
@@ -48,7 +48,8 @@ void PulseOutput::Open(const SoundFormat& format, const std::string& title, std:
                               static_cast<std::uint8_t>(format.Channels)};
     pa_proplist* properties = pa_proplist_new();
     pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
-    m_stream = pa_stream_new_with_proplist(m_server.Context(), title.c_str(), &spec, nullptr, properties);
+    m_stream =
+        pa_stream_new_with_proplist(m_server.Context(), title.c_str(), &spec, nullptr, properties);
     pa_proplist_free(properties);
     m_tooSlow = !m_stream || !Connect(m_stream);
 }
@@ -59,13 +60,13 @@ bool PulseOutput::Connect(pa_stream* stream) {
     pa_buffer_attr buffer{};
     buffer.maxlength = static_cast<std::uint32_t>(-1);
     buffer.tlength = static_cast<std::uint32_t>(BytesOfMs(m_format, kAheadMs));
-    // Not zero: the server's read place would then run on while the queue is empty, and what comes late be
-    // lost.
+    // Not zero: the server's read place would then run on while the queue is empty, and what comes
+    // late be lost.
     buffer.prebuf = static_cast<std::uint32_t>(2 * m_format.Channels);
     buffer.minreq = static_cast<std::uint32_t>(BytesOfMs(m_format, kRequestMs));
     buffer.fragsize = static_cast<std::uint32_t>(-1);
-    return pa_stream_connect_playback(stream, nullptr, &buffer, PA_STREAM_ADJUST_LATENCY, nullptr, nullptr) ==
-           0;
+    return pa_stream_connect_playback(stream, nullptr, &buffer, PA_STREAM_ADJUST_LATENCY, nullptr,
+                                      nullptr) == 0;
 }
 
 void PulseOutput::Close(std::int64_t nowUs) {
@@ -87,7 +88,8 @@ bool PulseOutput::TakeRested(const SoundFormat& format, const std::string& title
 }
 
 void PulseOutput::PollRest(std::int64_t nowUs) {
-    if (m_restUntilUs && (nowUs >= *m_restUntilUs || StreamState() != OutputState::Running)) Disconnect();
+    if (m_restUntilUs && (nowUs >= *m_restUntilUs || StreamState() != OutputState::Running))
+        Disconnect();
 }
 
 void PulseOutput::Disconnect() {
@@ -127,7 +129,8 @@ std::int64_t PulseOutput::FramesOfBytes(std::int64_t bytes) const {
 std::int64_t PulseOutput::WritableFrames(std::int64_t) {
     if (State() != OutputState::Running) return 0;
     const std::size_t bytes = pa_stream_writable_size(m_stream);
-    return bytes == static_cast<std::size_t>(-1) ? 0 : FramesOfBytes(static_cast<std::int64_t>(bytes));
+    return bytes == static_cast<std::size_t>(-1) ? 0
+                                                 : FramesOfBytes(static_cast<std::int64_t>(bytes));
 }
 
 void PulseOutput::Write(std::span<const std::int16_t> samples, std::int64_t nowUs) {
@@ -137,7 +140,8 @@ void PulseOutput::Write(std::span<const std::int16_t> samples, std::int64_t nowU
         m_timing.Running = false;
         m_timing.HeardFrame = m_base + m_written;
     }
-    if (pa_stream_write(m_stream, samples.data(), samples.size_bytes(), nullptr, 0, PA_SEEK_RELATIVE) != 0)
+    if (pa_stream_write(m_stream, samples.data(), samples.size_bytes(), nullptr, 0,
+                        PA_SEEK_RELATIVE) != 0)
         return;
     m_written += static_cast<std::int64_t>(samples.size()) / m_format.Channels;
     if (m_uncorkAtWrite) {
@@ -171,8 +175,8 @@ void PulseOutput::Drop(std::int64_t nowUs) {
     m_written = m_heard = 0;
     m_timing = {};
     if (State() != OutputState::Running) return;
-    // Corking makes the server take back what it has mixed already; only then is all of it in the queue that
-    // the flush empties.
+    // Corking makes the server take back what it has mixed already; only then is all of it in the
+    // queue that the flush empties.
     Cork(true);
     Forget(pa_stream_flush(m_stream, nullptr, nullptr));
     m_baseKnown = false;
@@ -219,7 +223,8 @@ void PulseOutput::TakeTiming(bool afterDrop) {
     m_timing.Known = true;
     // With the queue run dry, silence lies behind our last sample in the sink's own buffer.
     const std::uint64_t silence =
-        info->playing ? 0 : pa_bytes_to_usec(info->since_underrun, pa_stream_get_sample_spec(m_stream));
+        info->playing ? 0
+                      : pa_bytes_to_usec(info->since_underrun, pa_stream_get_sample_spec(m_stream));
     const std::uint64_t behindUs = info->sink_usec > silence ? info->sink_usec - silence : 0;
     m_timing.Running = !stands && read > m_base;
     m_timing.HeardFrame = stands ? read : read - framesOfUs(behindUs);

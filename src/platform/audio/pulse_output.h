@@ -9,9 +9,10 @@
 struct pa_operation;
 struct pa_stream;
 
-/// A stream that was closed rests for some seconds, silent, and is taken again by the next track if it fits:
-/// that one then starts at once, and what the user has set for the stream in the desktop's mixer stays.
-/// Its callbacks come from the loop of the player's thread and only note what the server said.
+/// A stream that was closed rests for some seconds, silent, and is taken again by the next track if
+/// it fits: that one then starts at once, and what the user has set for the stream in the desktop's
+/// mixer stays. Its callbacks come from the loop of the player's thread and only note what the
+/// server said.
 class PulseOutput : public SoundOutput {
 public:
     explicit PulseOutput(PulseServer& server) : m_server(server) {}
@@ -39,7 +40,8 @@ public:
     [[nodiscard]] std::optional<std::int64_t> RestDueUs() const { return m_restUntilUs; }
 
 private:
-    /// What the server last said about the place in the stream; frames are counted from its creation.
+    /// What the server last said about the place in the stream; frames are counted from its
+    /// creation.
     struct Timing {
         bool Known = false;
         bool Running = false; ///< The sound was moving then.
@@ -72,6 +74,7 @@ private:
     std::int64_t m_written = 0;
     std::int64_t m_heard = 0;
     Timing m_timing;
-    std::deque<bool> m_asked; ///< For each answer that is due: whether it tells the base after a drop.
+    std::deque<bool>
+        m_asked; ///< For each answer that is due: whether it tells the base after a drop.
     std::int64_t m_askAtUs = 0;
 };

@@ -8,7 +8,8 @@
 
 #include "platform/numbers.h"
 
-/// A piece of the sound around the moment that is heard, mixed down to one channel, before the volume.
+/// A piece of the sound around the moment that is heard, mixed down to one channel, before the
+/// volume.
 struct SampleFrame {
     static constexpr int kCount = 2048;
     std::array<float, kCount> Samples{}; ///< -1 to 1; the moment that is heard is in the middle.
@@ -16,19 +17,20 @@ struct SampleFrame {
     std::int64_t AtMs = 0; ///< When it was heard, on a clock that never jumps.
 };
 
-/// Shared by the player's thread, which puts frames in, and the scope on the loop's. Any thread may call
-/// anything.
+/// Shared by the player's thread, which puts frames in, and the scope on the loop's. Any thread may
+/// call anything.
 class SampleRing {
 public:
-    /// Told whenever it changes. Starts at false; while it is false the player raises no `OnVisData`.
+    /// Told whenever it changes. Starts at false; while it is false the player raises no
+    /// `OnVisData`.
     void SetSeen(bool seen) { m_seen.store(seen, std::memory_order_relaxed); }
     [[nodiscard]] bool Seen() const { return m_seen.load(std::memory_order_relaxed); }
 
     /// Keeps a copy of `frame` in the place of the oldest one and gives its number, from 1 on.
     Long Put(const SampleFrame& frame);
 
-    /// Copies frame `number` into `frame`. False, and `frame` as it was, if the ring doesn't hold it (any
-    /// more).
+    /// Copies frame `number` into `frame`. False, and `frame` as it was, if the ring doesn't hold
+    /// it (any more).
     [[nodiscard]] bool Take(Long number, SampleFrame& frame) const;
 
 private:

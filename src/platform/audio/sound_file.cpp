@@ -27,8 +27,8 @@ std::optional<SoundClip> ReadSoundFile(const Text& path) {
     SNDFILE* file = sf_open_fd(handle.Release(), SFM_READ, &info, SF_TRUE);
     if (!file) return std::nullopt;
     SoundClip clip{info.samplerate, info.channels, {}};
-    const bool fits = info.channels >= 1 && info.channels <= kMostChannels && info.samplerate >= 1 &&
-                      info.samplerate <= kMostRateHz;
+    const bool fits = info.channels >= 1 && info.channels <= kMostChannels &&
+                      info.samplerate >= 1 && info.samplerate <= kMostRateHz;
     if (fits) {
         const auto channels = static_cast<std::size_t>(info.channels);
         const auto most = static_cast<sf_count_t>(kMostSamples / channels);

@@ -18,8 +18,9 @@ enum class OutputState {
 /// How much is queued ahead of what is heard.
 constexpr int kAheadMs = 3000;
 
-/// One stream of sound. All calls come from the player's thread, return at once, and are given the time in
-/// microseconds on a clock that never jumps. Frames are counted from 0 at `Open` and again at each `Drop`.
+/// One stream of sound. All calls come from the player's thread, return at once, and are given the
+/// time in microseconds on a clock that never jumps. Frames are counted from 0 at `Open` and again
+/// at each `Drop`.
 class SoundOutput {
 public:
     virtual ~SoundOutput() = default;
@@ -37,8 +38,8 @@ public:
     [[nodiscard]] virtual std::int64_t WritableFrames(std::int64_t nowUs) = 0;
     /// Queues whole frames behind those written before.
     virtual void Write(std::span<const std::int16_t> samples, std::int64_t nowUs) = 0;
-    /// Puts `samples` in the place of the last ones written, as many as they are. What has been heard
-    /// meanwhile stays so.
+    /// Puts `samples` in the place of the last ones written, as many as they are. What has been
+    /// heard meanwhile stays so.
     virtual void Rewrite(std::span<const std::int16_t> samples) = 0;
 
     /// Silence at once with everything kept, or on from the same place.
@@ -49,7 +50,8 @@ public:
     /// The number of frames heard so far: never goes back, never above what was written.
     [[nodiscard]] virtual std::int64_t HeardFrames(std::int64_t nowUs) = 0;
 
-    /// How many frames a second `HeardFrames` goes on by; 0 while it stands or that isn't known yet.
+    /// How many frames a second `HeardFrames` goes on by; 0 while it stands or that isn't known
+    /// yet.
     [[nodiscard]] virtual double Pace() const = 0;
 
     /// When the output wants the next call of any kind by itself, beside what the server sends.
@@ -64,8 +66,8 @@ public:
 
     /// A track begins: forgets that a server couldn't be reached before.
     virtual void Begin(std::int64_t nowUs) = 0;
-    /// The output to open, or the null pointer while that isn't decided. With `mustSound`, for a track that
-    /// was heard already, never the silent clock, however long the server stays away.
+    /// The output to open, or the null pointer while that isn't decided. With `mustSound`, for a
+    /// track that was heard already, never the silent clock, however long the server stays away.
     [[nodiscard]] virtual SoundOutput* Choose(bool mustSound, std::int64_t nowUs) = 0;
     /// The output that was chosen last has been lost: it isn't chosen again for about a second.
     virtual void NoteLost(std::int64_t nowUs) = 0;

@@ -23,14 +23,17 @@ bool IsAbsolute(const Text& path) {
 FileHandle OpenSource(const TrackSource& source) {
     if (!IsAbsolute(source.Path))
         for (const Text& directory : source.Directories) {
-            const bool parted = directory.empty() || directory.back() == u'\\' || directory.back() == u'/';
-            if (FileHandle file = source.Open(directory + (parted ? u"" : u"\\") + source.Path)) return file;
+            const bool parted =
+                directory.empty() || directory.back() == u'\\' || directory.back() == u'/';
+            if (FileHandle file = source.Open(directory + (parted ? u"" : u"\\") + source.Path))
+                return file;
         }
     return source.Open(source.Path);
 }
 
 void ScanLength(const TrackSource& source, TrackSession& session) {
-    const std::unique_ptr<MpegDecoder> decoder = MpegDecoder::Open(OpenSource(source), session.QuitFlag());
+    const std::unique_ptr<MpegDecoder> decoder =
+        MpegDecoder::Open(OpenSource(source), session.QuitFlag());
     session.SetScan(decoder ? decoder->Scan() : std::nullopt);
 }
 
@@ -43,7 +46,8 @@ void DecodeInto(TrackSession& session, MpegDecoder& decoder) {
     std::optional<SeekRequest> seek;
     while (session.WaitForWork(serial, seek)) {
         if (seek) {
-            if (const std::optional<FrameIndex> index = session.TakeIndex()) decoder.UseIndex(*index);
+            if (const std::optional<FrameIndex> index = session.TakeIndex())
+                decoder.UseIndex(*index);
             at = decoder.SeekTo(seek->Frame);
             serial = seek->Serial;
             chunkMs = kFirstChunkMs;
@@ -58,7 +62,8 @@ void DecodeInto(TrackSession& session, MpegDecoder& decoder) {
 }
 
 void ReadTrack(const TrackSource& source, const std::shared_ptr<TrackSession>& session) {
-    const std::unique_ptr<MpegDecoder> decoder = MpegDecoder::Open(OpenSource(source), session->QuitFlag());
+    const std::unique_ptr<MpegDecoder> decoder =
+        MpegDecoder::Open(OpenSource(source), session->QuitFlag());
     if (!decoder) return;
     const TrackFacts& facts = decoder->Facts();
     session->SetFacts(facts, FramesOfMs(kQueueMs, facts.Format.RateHz));

@@ -1,4 +1,5 @@
-// The threads that read a media file: one that decodes it and, where its length has to be found, a second.
+// The threads that read a media file: one that decodes it and, where its length has to be found, a
+// second.
 #pragma once
 
 #include <memory>
@@ -14,6 +15,6 @@ struct TrackSource {
     MediaOpener Open;
 };
 
-/// Starts reading into `session` until that is told to quit. A file that can't be opened or holds no sound
-/// leaves the session without facts.
+/// Starts reading into `session` until that is told to quit. A file that can't be opened or holds
+/// no sound leaves the session without facts.
 void StartReading(TrackSource source, std::shared_ptr<TrackSession> session);

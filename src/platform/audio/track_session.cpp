@@ -1,4 +1,5 @@
-// The queue is filled up in one go and then left alone until it is half empty: each thread wakes seldom.
+// The queue is filled up in one go and then left alone until it is half empty: each thread wakes
+// seldom.
 #include "platform/audio/track_session.h"
 
 #include <utility>

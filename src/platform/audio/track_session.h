@@ -25,8 +25,8 @@ struct SeekRequest {
     std::int64_t Frame = 0;
 };
 
-/// A reader may hang inside the file system for ever; so nobody waits for one, the lock is never held while
-/// a file is touched, and the bell outlives the player.
+/// A reader may hang inside the file system for ever; so nobody waits for one, the lock is never
+/// held while a file is touched, and the bell outlives the player.
 class TrackSession {
 public:
     explicit TrackSession(std::shared_ptr<Bell> bell) : m_bell(std::move(bell)) {}
@@ -41,7 +41,8 @@ public:
     [[nodiscard]] std::optional<TrackFacts> TakeFacts();
     /// The exact length in frames, given once, if a scan had to find it.
     [[nodiscard]] std::optional<std::int64_t> TakeScannedLength();
-    /// The next chunk from the place asked for last. Nothing if none is ready; the bell rings when one is.
+    /// The next chunk from the place asked for last. Nothing if none is ready; the bell rings when
+    /// one is.
     [[nodiscard]] std::optional<Chunk> TakeChunk();
     /// Whether the track's end has been reached and every chunk taken.
     [[nodiscard]] bool AtEnd();
@@ -57,8 +58,8 @@ public:
     [[nodiscard]] std::optional<FrameIndex> TakeIndex();
     /// Leaves `chunk`, decoded after the seek `serial`. An empty one is the end of the track.
     void Push(int serial, Chunk chunk);
-    /// Sleeps until there is room for a chunk, a seek newer than `serial`, or the end of the session. False
-    /// at the end of the session; a newer seek is written to `seek`.
+    /// Sleeps until there is room for a chunk, a seek newer than `serial`, or the end of the
+    /// session. False at the end of the session; a newer seek is written to `seek`.
     [[nodiscard]] bool WaitForWork(int serial, std::optional<SeekRequest>& seek);
 
 private:

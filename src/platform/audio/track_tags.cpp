@@ -1,4 +1,5 @@
-// The decoder hands out pointers into structures that its next call may change, so all is copied at once.
+// The decoder hands out pointers into structures that its next call may change, so all is copied at
+// once.
 #include "platform/audio/track_tags.h"
 
 #include <cstring>

@@ -1,5 +1,5 @@
-// Everything is derived from two places in the track, the frame sent last and the frame heard now; a seek, a
-// pause, a change of volume or of output only moves what lies between them.
+// Everything is derived from two places in the track, the frame sent last and the frame heard now;
+// a seek, a pause, a change of volume or of output only moves what lies between them.
 #include "platform/audio/transport.h"
 
 #include <algorithm>
@@ -17,10 +17,12 @@ constexpr std::int64_t kScopeUs = 33'000;
 constexpr std::int64_t kScopeAheadUs = 260'000;
 /// What the output may still hold when by its own account all has been heard.
 constexpr std::int64_t kCloseUs = 500'000;
-/// How far ahead of what is heard a change of the volume begins, so that the server can still take it in.
+/// How far ahead of what is heard a change of the volume begins, so that the server can still take
+/// it in.
 constexpr int kVolumeLeadMs = 20;
 constexpr int kRampMs = 10;
-/// Never more than this ahead of what is heard, whatever a server asks for: the history has to hold it.
+/// Never more than this ahead of what is heard, whatever a server asks for: the history has to hold
+/// it.
 constexpr int kAheadLimitMs = 4000;
 
 Integer ClampToInteger(int number) {
@@ -32,8 +34,8 @@ Integer ClampToInteger(int number) {
 Transport::Transport(OutputChooser& outputs, EventRelay& relay, SampleRing& ring)
     : m_outputs(outputs), m_relay(relay), m_ring(ring) {}
 
-void Transport::Start(std::shared_ptr<TrackSession> session, const EventStamp& stamp, std::string fileName,
-                      std::int64_t nowUs) {
+void Transport::Start(std::shared_ptr<TrackSession> session, const EventStamp& stamp,
+                      std::string fileName, std::int64_t nowUs) {
     Stop(nowUs);
     m_session = std::move(session);
     m_stamp = stamp;
@@ -57,7 +59,8 @@ void Transport::Stop(std::int64_t nowUs) {
 }
 
 bool Transport::IsSounding() const {
-    return m_output && m_output->State() == OutputState::Running && !m_held && !m_ended && !m_seekTo;
+    return m_output && m_output->State() == OutputState::Running && !m_held && !m_ended &&
+           !m_seekTo;
 }
 
 std::int64_t Transport::HeardFrame(std::int64_t nowUs) const {
@@ -90,7 +93,8 @@ void Transport::Seek(Long seconds, int command, std::int64_t nowUs) {
     const std::int64_t distanceUs = static_cast<std::int64_t>(seconds) * 1'000'000;
     std::int64_t fromUs = m_seekToUs.value_or(0);
     if (m_facts && !m_seekToUs) {
-        const std::int64_t frame = m_ended ? m_length.value_or(m_sent) : m_seekTo.value_or(HeardFrame(nowUs));
+        const std::int64_t frame =
+            m_ended ? m_length.value_or(m_sent) : m_seekTo.value_or(HeardFrame(nowUs));
         fromUs = frame * 1'000'000 / m_facts->Format.RateHz;
     }
     m_seekToUs = std::max<std::int64_t>(0, fromUs + distanceUs);
@@ -182,7 +186,8 @@ void Transport::TakeFacts() {
     m_facts = m_session->TakeFacts();
     if (!m_facts) return;
     m_history.Restart(m_facts->Format, 0);
-    if (!m_facts->Tags.Title.empty()) m_streamName = Utf8(TextView(m_facts->Tags.Title).substr(0, 200));
+    if (!m_facts->Tags.Title.empty())
+        m_streamName = Utf8(TextView(m_facts->Tags.Title).substr(0, 200));
     m_relay.Raise(m_stamp, TagEvent{m_facts->Tags});
     m_relay.Raise(m_stamp, StreamEvent{ClampToInteger(m_facts->BitrateKbps), m_facts->Format.RateHz,
                                        ClampToInteger(m_facts->Format.Channels)});
@@ -191,7 +196,8 @@ void Transport::TakeFacts() {
 
 void Transport::TakeLength() {
     if (m_length) return;
-    if (const std::optional<std::int64_t> length = m_session->TakeScannedLength()) SetLength(*length);
+    if (const std::optional<std::int64_t> length = m_session->TakeScannedLength())
+        SetLength(*length);
 }
 
 void Transport::SetLength(std::int64_t frames) {
@@ -271,7 +277,8 @@ void Transport::TellEnd() {
 
 void Transport::TellPosition(std::int64_t nowUs) {
     if (!m_length || !IsSounding() || nowUs < m_tellAtUs - (m_watched ? 0 : kTellEarlyUs)) return;
-    m_tellAtUs = m_watched ? std::max(m_tellAtUs + kTellUs, nowUs + kTellUs / 2) : nowUs + kTellUnwatchedUs;
+    m_tellAtUs =
+        m_watched ? std::max(m_tellAtUs + kTellUs, nowUs + kTellUs / 2) : nowUs + kTellUnwatchedUs;
     // `Length` itself is kept for the end.
     const Long ms =
         std::min<Long>(PositionMs(HeardFrame(nowUs)), std::max<Long>(0, PositionMs(*m_length) - 1));
@@ -303,12 +310,14 @@ void Transport::PutScopeFrame(std::int64_t middle, std::int64_t atUs) {
     const std::int64_t first = middle - SampleFrame::kCount / 2;
     std::int64_t at = std::max(first, m_history.Begin());
     while (at < first + SampleFrame::kCount) {
-        const std::span<const std::int16_t> part = m_history.From(at, first + SampleFrame::kCount - at);
+        const std::span<const std::int16_t> part =
+            m_history.From(at, first + SampleFrame::kCount - at);
         if (part.empty()) break;
         for (std::size_t i = 0; i + static_cast<std::size_t>(channels) <= part.size();
              i += static_cast<std::size_t>(channels), ++at) {
             const int sum = channels == 2 ? part[i] + part[i + 1] : 2 * part[i];
-            frame.Samples[static_cast<std::size_t>(at - first)] = static_cast<float>(sum) / 65536.0F;
+            frame.Samples[static_cast<std::size_t>(at - first)] =
+                static_cast<float>(sum) / 65536.0F;
         }
     }
     m_relay.RaiseFrame(m_stamp, m_ring.Put(frame), atUs);

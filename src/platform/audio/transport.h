@@ -14,20 +14,22 @@
 #include "platform/audio/track_session.h"
 #include "platform/audio/volume_ramp.h"
 
-/// Belongs to the player's thread; the time comes from outside, in microseconds. After each command and
-/// whenever anything happened `Pump` is called, and again when `DueUs` says.
+/// Belongs to the player's thread; the time comes from outside, in microseconds. After each command
+/// and whenever anything happened `Pump` is called, and again when `DueUs` says.
 class Transport {
 public:
     Transport(OutputChooser& outputs, EventRelay& relay, SampleRing& ring);
 
-    /// Plays what a reader brings into `session`. `fileName` names the stream of a track without a title.
+    /// Plays what a reader brings into `session`. `fileName` names the stream of a track without a
+    /// title.
     void Start(std::shared_ptr<TrackSession> session, const EventStamp& stamp, std::string fileName,
                std::int64_t nowUs);
     void Stop(std::int64_t nowUs);
     void TogglePause(int command, std::int64_t nowUs);
     void Seek(Long seconds, int command, std::int64_t nowUs);
     void SetVolume(int percent, std::int64_t nowUs);
-    /// Whether the window can be seen. Unseen, the position is told once a second instead of five times.
+    /// Whether the window can be seen. Unseen, the position is told once a second instead of five
+    /// times.
     void SetWatched(bool watched, std::int64_t nowUs);
 
     void Pump(std::int64_t nowUs);

@@ -1,11 +1,12 @@
-// Whole numbers all the way: at full volume samples pass bit for bit, and the rest is one multiplication.
+// Whole numbers all the way: at full volume samples pass bit for bit, and the rest is one
+// multiplication.
 #include "platform/audio/volume_ramp.h"
 
 #include <algorithm>
 
 std::int32_t VolumeRamp::FactorOf(int percent) {
-    return static_cast<std::int32_t>((static_cast<std::int64_t>(std::clamp(percent, 0, 100)) * kFull + 50) /
-                                     100);
+    return static_cast<std::int32_t>(
+        (static_cast<std::int64_t>(std::clamp(percent, 0, 100)) * kFull + 50) / 100);
 }
 
 void VolumeRamp::Set(std::int32_t factor) {
@@ -24,7 +25,8 @@ std::int32_t VolumeRamp::At(std::int64_t frame) const {
     const std::int64_t gone = frame - m_start;
     if (m_length == 0 || gone >= m_length) return m_to;
     if (gone <= 0) return m_from;
-    return m_from + static_cast<std::int32_t>((static_cast<std::int64_t>(m_to) - m_from) * gone / m_length);
+    return m_from +
+           static_cast<std::int32_t>((static_cast<std::int64_t>(m_to) - m_from) * gone / m_length);
 }
 
 void VolumeRamp::Apply(std::int64_t frame, int channels, std::span<std::int16_t> samples) const {

@@ -1,4 +1,5 @@
-// The volume along the track: a change is spread over a few milliseconds, so that no click is heard.
+// The volume along the track: a change is spread over a few milliseconds, so that no click is
+// heard.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +15,8 @@ public:
 
     /// `factor` everywhere.
     void Set(std::int32_t factor);
-    /// From `atFrame` on the factor goes over to `factor` within `overFrames`, beginning at what it was
-    /// there. What lies before stays.
+    /// From `atFrame` on the factor goes over to `factor` within `overFrames`, beginning at what it
+    /// was there. What lies before stays.
     void Change(std::int64_t atFrame, std::int32_t factor, std::int64_t overFrames);
     /// As if the change had been made long ago.
     void Settle() { Set(m_to); }

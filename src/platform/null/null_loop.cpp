@@ -17,7 +17,8 @@ void NullLoop::Turn() {
 }
 
 void NullLoop::Wait(double seconds) {
-    const std::int64_t endMs = m_nowMs + static_cast<std::int64_t>(std::max(0.0, seconds) * 1000 + 0.5);
+    const std::int64_t endMs =
+        m_nowMs + static_cast<std::int64_t>(std::max(0.0, seconds) * 1000 + 0.5);
     for (;;) {
         Turn();
         // A nested wait may have moved the clock past the end of this one.
@@ -36,7 +37,8 @@ void NullLoop::Post(std::function<void()> task) {
 
 void NullLoop::PostIn(std::int64_t delayMs, std::function<void()> task) {
     const std::lock_guard lock(m_mutex);
-    m_later.emplace(std::chrono::steady_clock::now() + std::chrono::milliseconds(delayMs), std::move(task));
+    m_later.emplace(std::chrono::steady_clock::now() + std::chrono::milliseconds(delayMs),
+                    std::move(task));
 }
 
 // Called with the lock held.

@@ -1,4 +1,5 @@
-// A loop without a display: a clock that a test moves, timers of the form, and tasks from other threads.
+// A loop without a display: a clock that a test moves, timers of the form, and tasks from other
+// threads.
 #pragma once
 
 #include <chrono>
@@ -12,8 +13,9 @@
 #include "state/form_events.h"
 #include "state/timers.h"
 
-/// Runs posted tasks and the form's timers on the caller's thread. Its clock stands still but for `Wait`,
-/// which moves it from one due timer to the next and to its end, at once: no test waits for a second.
+/// Runs posted tasks and the form's timers on the caller's thread. Its clock stands still but for
+/// `Wait`, which moves it from one due timer to the next and to its end, at once: no test waits for
+/// a second.
 class NullLoop : public Loop {
 public:
     /// The form whose timers tick and who is told; without one no timer runs.
@@ -27,8 +29,8 @@ public:
     /// In real time, as it is for parts with threads of their own.
     void PostIn(std::int64_t delayMs, std::function<void()> task) override;
 
-    /// For tests of parts with threads of their own: runs tasks as they are posted, sleeping in between,
-    /// until `done` says so. False if `limitMs` of real time pass first.
+    /// For tests of parts with threads of their own: runs tasks as they are posted, sleeping in
+    /// between, until `done` says so. False if `limitMs` of real time pass first.
     [[nodiscard]] bool RunUntil(const std::function<bool()>& done, int limitMs);
 
     /// Called after each task and tick, as a window layer would show the form.

@@ -26,7 +26,8 @@ Text NullDialogs::InputBox(const Text& prompt, const Text& title) {
     return TakeAnswer(Inputs, Text());
 }
 
-Text NullDialogs::ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) {
+Text NullDialogs::ChooseFile(const Text& title, const Text& directory,
+                             const std::vector<FilterRow>& rows) {
     m_journal.Note("ChooseFile " + Utf8(title));
     LastDirectory = directory;
     LastRows = rows;

@@ -1,5 +1,5 @@
-// Dialogs, pictures, system, player and scope without a display or a sound server: recorders with answers
-// that are prepared beforehand.
+// Dialogs, pictures, system, player and scope without a display or a sound server: recorders with
+// answers that are prepared beforehand.
 #pragma once
 
 #include <deque>
@@ -13,14 +13,15 @@
 #include "platform/scope.h"
 #include "platform/system.h"
 
-/// Notes "MessageBox TEXT", "InputBox PROMPT" and "ChooseFile TITLE" and gives the next prepared answer;
-/// without one the user closes the dialog without a choice.
+/// Notes "MessageBox TEXT", "InputBox PROMPT" and "ChooseFile TITLE" and gives the next prepared
+/// answer; without one the user closes the dialog without a choice.
 class NullDialogs : public Dialogs {
 public:
     explicit NullDialogs(Journal& journal) : m_journal(journal) {}
     MessageAnswer MessageBox(const Text& text, MessageButtons buttons, MessageIcon icon) override;
     Text InputBox(const Text& prompt, const Text& title) override;
-    Text ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) override;
+    Text ChooseFile(const Text& title, const Text& directory,
+                    const std::vector<FilterRow>& rows) override;
 
     std::deque<MessageAnswer> Answers; ///< For questions.
     std::deque<Text> Inputs;

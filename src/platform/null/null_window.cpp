@@ -16,7 +16,8 @@ void NullWindow::Present() {
         m_journal.Note("Size " + std::to_string(now.Client.Right) + " x " +
                        std::to_string(now.Client.Bottom));
     if (now.Region != Shown.Region) m_journal.Note("Region");
-    if (now.State != Shown.State) m_journal.Note("State " + std::to_string(static_cast<int>(now.State)));
+    if (now.State != Shown.State)
+        m_journal.Note("State " + std::to_string(static_cast<int>(now.State)));
     Damage = DamageBetween(Shown, now);
     Shown = std::move(now);
 }

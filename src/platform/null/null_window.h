@@ -7,9 +7,9 @@
 #include "platform/window.h"
 #include "state/scene.h"
 
-/// Notes what changes on the form at each `Present` ("Caption TEXT", "Size W x H", "Region", "State N"), and
-/// "BeginMove BUTTON" and "PopupMenu". Needs its form before it is up. `Damage` and `Shown` are those of the
-/// last `Present`.
+/// Notes what changes on the form at each `Present` ("Caption TEXT", "Size W x H", "Region", "State
+/// N"), and "BeginMove BUTTON" and "PopupMenu". Needs its form before it is up. `Damage` and
+/// `Shown` are those of the last `Present`.
 class NullWindow : public Window {
 public:
     explicit NullWindow(Journal& journal) : m_journal(journal) {}
@@ -20,7 +20,8 @@ public:
     void BeginMove(Integer button) override;
     std::size_t PopupMenu(std::span<const MenuEntry> menu, std::size_t root) override;
 
-    std::string MenuChoice; ///< Name of the entry that the user chooses next; empty dismisses the menu.
+    std::string
+        MenuChoice; ///< Name of the entry that the user chooses next; empty dismisses the menu.
     std::function<void()> WhileOpen; ///< Runs inside each menu and move.
     Scene Shown;
     std::vector<Rect> Damage;

@@ -55,8 +55,8 @@ const QDBusArgument& operator>>(const QDBusArgument& in, PortalFilter&) {
     return in;
 }
 
-// The window that the chooser belongs to, as portals name it. A Wayland surface has to be exported first, for
-// which the toolkit has no public call; the chooser then stands for itself.
+// The window that the chooser belongs to, as portals name it. A Wayland surface has to be exported
+// first, for which the toolkit has no public call; the chooser then stands for itself.
 QString WindowName(const QWidget* owner) {
     if (!owner || QGuiApplication::platformName() != QStringLiteral("xcb")) return {};
     return QStringLiteral("x11:") + QString::number(owner->winId(), 16);
@@ -125,8 +125,8 @@ PortalAnswer PortalRequest::Ask(const FileQuestion& question) {
     const QString token = QStringLiteral("velora") + QUuid::createUuid().toString(QUuid::Id128);
     const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
     // Known before the call, so that not even the quickest answer is missed.
-    Listen(QString::fromLatin1(kPortalPath) + QStringLiteral("/request/") + sender + QLatin1Char('/') +
-           token);
+    Listen(QString::fromLatin1(kPortalPath) + QStringLiteral("/request/") + sender +
+           QLatin1Char('/') + token);
     Send(question, token);
     exec();
     return m_answer;
@@ -135,17 +135,17 @@ PortalAnswer PortalRequest::Ask(const FileQuestion& question) {
 void PortalRequest::Listen(const QString& requestPath) {
     m_requestPath = requestPath;
     QDBusConnection::sessionBus().connect(QString::fromLatin1(kPortalService), requestPath,
-                                          QString::fromLatin1(kRequest), QStringLiteral("Response"), this,
-                                          SLOT(OnResponse(uint, QVariantMap)));
+                                          QString::fromLatin1(kRequest), QStringLiteral("Response"),
+                                          this, SLOT(OnResponse(uint, QVariantMap)));
 }
 
 void PortalRequest::Send(const FileQuestion& question, const QString& token) {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(QString::fromLatin1(kPortalService), QString::fromLatin1(kPortalPath),
-                                       QString::fromLatin1(kChooser), QStringLiteral("OpenFile"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QString::fromLatin1(kPortalService), QString::fromLatin1(kPortalPath),
+        QString::fromLatin1(kChooser), QStringLiteral("OpenFile"));
     call << WindowName(parentWidget()) << question.Title << Options(question, token);
-    auto* accepted =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call, kPatienceMs), this);
+    auto* accepted = new QDBusPendingCallWatcher(
+        QDBusConnection::sessionBus().asyncCall(call, kPatienceMs), this);
     connect(accepted, &QDBusPendingCallWatcher::finished, this, [this, accepted] {
         const QDBusPendingReply<QDBusObjectPath> reply = *accepted;
         if (reply.isError()) {

@@ -1,6 +1,6 @@
 // The desktop's own file chooser, asked for over the session bus: the portal
-// org.freedesktop.portal.FileChooser (https://flatpak.github.io/xdg-desktop-portal/docs/). The bus isn't
-// spoken to before a file is asked for.
+// org.freedesktop.portal.FileChooser (https://flatpak.github.io/xdg-desktop-portal/docs/). The bus
+// isn't spoken to before a file is asked for.
 #pragma once
 
 #include <QByteArray>
@@ -13,7 +13,8 @@
 enum class PortalOutcome {
     Chosen,
     Cancelled,
-    NoPortal ///< None is there, it can't choose files, it doesn't answer, or it went away meanwhile.
+    NoPortal ///< None is there, it can't choose files, it doesn't answer, or it went away
+             ///< meanwhile.
 };
 
 struct PortalAnswer {
@@ -21,17 +22,19 @@ struct PortalAnswer {
     QByteArray Path; ///< Of the chosen file, byte for byte.
 };
 
-/// Asks the portal and returns when the user has answered; everything else goes on, and `owner` is blocked as
-/// by a dialog of the toolkit. Without an owner the chooser is centred by the desktop.
+/// Asks the portal and returns when the user has answered; everything else goes on, and `owner` is
+/// blocked as by a dialog of the toolkit. Without an owner the chooser is centred by the desktop.
 [[nodiscard]] PortalAnswer AskPortal(QWidget* owner, const FileQuestion& question);
 
-/// A row's pattern for the portal, which minds the case of letters: `*.mp3` is `*.[mM][pP]3`; `*.*` is `*`.
+/// A row's pattern for the portal, which minds the case of letters: `*.mp3` is `*.[mM][pP]3`; `*.*`
+/// is `*`.
 [[nodiscard]] QString PortalPattern(const Text& pattern);
 
 /// The bytes of the path that a `file:` URI names; empty for any other URI.
 [[nodiscard]] QByteArray PathOfUri(const QString& uri);
 
-/// The toolkit's part in the question: an unseen dialog that blocks the window and waits for the answer.
+/// The toolkit's part in the question: an unseen dialog that blocks the window and waits for the
+/// answer.
 class PortalRequest : public QDialog {
     Q_OBJECT
 public:

@@ -1,4 +1,5 @@
-// Where the desktop's portal stands on the session bus; its chooser and its settings are both asked there.
+// Where the desktop's portal stands on the session bus; its chooser and its settings are both asked
+// there.
 #pragma once
 
 inline constexpr char kPortalService[] = "org.freedesktop.portal.Desktop";

@@ -1,4 +1,5 @@
-// Every answer is worked out from the records at the moment of the question: nothing here can be stale.
+// Every answer is worked out from the records at the moment of the question: nothing here can be
+// stale.
 #include "platform/qt/qt_accessible.h"
 
 #include <QAccessibleWidget>
@@ -25,7 +26,8 @@ QAccessible::Role RoleOf(SpokenRole role) {
     return QAccessible::NoRole;
 }
 
-// One control of the form. It stays registered when a skin takes the control away; it is invisible then.
+// One control of the form. It stays registered when a skin takes the control away; it is invisible
+// then.
 class ControlInterface : public QAccessibleInterface,
                          public QAccessibleActionInterface,
                          public QAccessibleValueInterface {
@@ -36,7 +38,9 @@ public:
     bool isValid() const override { return true; }
     QObject* object() const override { return nullptr; }
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(&m_window); }
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(&m_window);
+    }
     QAccessibleInterface* child(int) const override { return nullptr; }
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
@@ -47,7 +51,8 @@ public:
         const std::optional<SpokenControl> spoken = Spoken();
         if (!spoken) return {};
         if (kind == QAccessible::Name) return ToQString(spoken->Name);
-        if (kind == QAccessible::Help || kind == QAccessible::Description) return ToQString(spoken->Help);
+        if (kind == QAccessible::Help || kind == QAccessible::Description)
+            return ToQString(spoken->Help);
         return {};
     }
 
@@ -111,7 +116,9 @@ public:
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name ? QStringLiteral("Velora") : QAccessibleWidget::text(kind);
     }
-    int childCount() const override { return static_cast<int>(m_window.SpokenBy().Controls().size()); }
+    int childCount() const override {
+        return static_cast<int>(m_window.SpokenBy().Controls().size());
+    }
 
     QAccessibleInterface* child(int index) const override {
         const std::vector<SpokenControl> controls = m_window.SpokenBy().Controls();

@@ -24,7 +24,8 @@ constexpr char kApplicationName[] = "Velora";
 void MakeRoomForCaption(QMessageBox& box) {
     constexpr int kLeastWidthPx = 240;
     if (auto* grid = dynamic_cast<QGridLayout*>(box.layout()))
-        grid->addItem(new QSpacerItem(kLeastWidthPx, 0), grid->rowCount(), 0, 1, grid->columnCount());
+        grid->addItem(new QSpacerItem(kLeastWidthPx, 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
 }
 
 } // namespace
@@ -70,7 +71,8 @@ QByteArray QtDialogs::FirstDirectory(const Text& directory) const {
     return QFile::encodeName(QDir(music).exists() ? music : QDir::homePath());
 }
 
-Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::vector<FilterRow>& rows) {
+Text QtDialogs::ChooseFile(const Text& title, const Text& directory,
+                           const std::vector<FilterRow>& rows) {
     QWidget* owner = Owner();
     const FileQuestion question{ToQString(title), FirstDirectory(directory), rows};
     PortalAnswer answer;
@@ -82,5 +84,6 @@ Text QtDialogs::ChooseFile(const Text& title, const Text& directory, const std::
     }
     if (answer.Path.isEmpty()) return {};
     m_lastDirectory = answer.Path.left(std::max<qsizetype>(answer.Path.lastIndexOf('/'), 1));
-    return PathText(std::string_view(answer.Path.constData(), static_cast<std::size_t>(answer.Path.size())));
+    return PathText(
+        std::string_view(answer.Path.constData(), static_cast<std::size_t>(answer.Path.size())));
 }

@@ -11,7 +11,8 @@ class ToolkitChooser;
 
 class QtDialogs : public Dialogs {
 public:
-    /// `owner` is the window that the dialogs block once it shows. It is presented before each dialog.
+    /// `owner` is the window that the dialogs block once it shows. It is presented before each
+    /// dialog.
     explicit QtDialogs(QtWindow& owner) : m_owner(owner) {}
 
     MessageAnswer MessageBox(const Text& text, MessageButtons buttons, MessageIcon icon) override;

@@ -1,4 +1,5 @@
-// The package installs the face outside the folders that the font system looks in, hence by its file.
+// The package installs the face outside the folders that the font system looks in, hence by its
+// file.
 #include "platform/qt/qt_fonts.h"
 
 #include <QFontDatabase>

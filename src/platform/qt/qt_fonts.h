@@ -3,8 +3,8 @@
 
 #include <QFont>
 
-/// The labels' font at 11 or 9 pixels: Tahoma from its file, or Liberation Sans. The file is read when the
-/// first text is drawn.
+/// The labels' font at 11 or 9 pixels: Tahoma from its file, or Liberation Sans. The file is read
+/// when the first text is drawn.
 class QtFonts {
 public:
     [[nodiscard]] const QFont& FontOf(int sizePx);

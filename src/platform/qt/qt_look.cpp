@@ -31,11 +31,12 @@ std::optional<bool> DarkOfTheme(const QString& theme) {
 DesktopLook LookOfKdeglobals(const QString& path) {
     const QSettings file(path, QSettings::IniFormat);
     DesktopLook look;
-    const QStringList colour = file.value(QStringLiteral("Colors:Window/BackgroundNormal")).toStringList();
+    const QStringList colour =
+        file.value(QStringLiteral("Colors:Window/BackgroundNormal")).toStringList();
     if (colour.size() >= 3)
         look.Dark =
-            QColor(colour[0].toInt() & 255, colour[1].toInt() & 255, colour[2].toInt() & 255).lightness() <
-            128;
+            QColor(colour[0].toInt() & 255, colour[1].toInt() & 255, colour[2].toInt() & 255)
+                .lightness() < 128;
     // A list to the reader, since it has commas. Its section is the reader's unnamed one.
     const QString name = file.value(QStringLiteral("font")).toStringList().join(QLatin1Char(','));
     QFont font;
@@ -103,7 +104,8 @@ std::optional<QFont> FontOfName(const QString& name) {
     return font;
 }
 
-DesktopLook LookOfSettings(const std::function<QVariant(const QString& space, const QString& key)>& value) {
+DesktopLook
+LookOfSettings(const std::function<QVariant(const QString& space, const QString& key)>& value) {
     DesktopLook look;
     const uint scheme = value(kAppearance, QStringLiteral("color-scheme")).toUInt();
     if (scheme == 1 || scheme == 2)
@@ -145,8 +147,9 @@ void QtLook::Follow() {
     DesktopLook look = AskPortal();
     if (!look.Dark || !look.Font) {
         const bool keepsKdeglobals = qgetenv("XDG_CURRENT_DESKTOP").split(':').contains("KDE");
-        const DesktopLook rest = LookOfFiles(
-            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation), keepsKdeglobals);
+        const DesktopLook rest =
+            LookOfFiles(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+                        keepsKdeglobals);
         if (!look.Dark) look.Dark = rest.Dark;
         if (!look.Font) look.Font = rest.Font;
     }

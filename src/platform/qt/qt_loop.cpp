@@ -1,4 +1,5 @@
-// A timer of the toolkit does not fire again while its own slot runs, so a tick is only posted from there.
+// A timer of the toolkit does not fire again while its own slot runs, so a tick is only posted from
+// there.
 #include "platform/qt/qt_loop.h"
 
 #include <QCoreApplication>
@@ -108,7 +109,8 @@ void QtLoop::RunDueTasks() {
 void QtLoop::TickDueTimers() {
     if (!m_form) return;
     while (const Timer* timer = m_schedule.TakeDue(*m_form, NowMs())) {
-        // The next tick is set before the handler: one that waits must not hold up the other timers.
+        // The next tick is set before the handler: one that waits must not hold up the other
+        // timers.
         ScheduleTick();
         Handle([&] { m_events->OnTimer(*timer); });
     }
@@ -119,7 +121,8 @@ void QtLoop::ScheduleTick() {
     const std::int64_t nowMs = NowMs();
     std::optional<std::int64_t> dueMs;
     if (m_form) dueMs = m_schedule.NextDue(*m_form, nowMs);
-    if (!m_later.empty()) dueMs = std::min(dueMs.value_or(m_later.begin()->first), m_later.begin()->first);
+    if (!m_later.empty())
+        dueMs = std::min(dueMs.value_or(m_later.begin()->first), m_later.begin()->first);
     if (dueMs == m_tickDueMs) return;
     m_tickDueMs = dueMs;
     if (dueMs)

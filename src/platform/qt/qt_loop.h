@@ -13,14 +13,14 @@
 #include "state/form_events.h"
 #include "state/timers.h"
 
-/// Lives as long as the application object. Each posted task and each tick is an event of its own, so that a
-/// nested loop goes on with the next one while a handler waits.
+/// Lives as long as the application object. Each posted task and each tick is an event of its own,
+/// so that a nested loop goes on with the next one while a handler waits.
 class QtLoop : public QObject, public Loop {
 public:
     QtLoop();
 
-    /// The form whose timers tick and who is told. `afterEvent` shows the form: it is called after each task
-    /// and tick, and before each wait.
+    /// The form whose timers tick and who is told. `afterEvent` shows the form: it is called after
+    /// each task and tick, and before each wait.
     void Attach(const Form& form, FormEvents& events, std::function<void()> afterEvent);
 
     void Run() override;
@@ -30,8 +30,8 @@ public:
     void Post(std::function<void()> task) override;
     void PostIn(std::int64_t delayMs, std::function<void()> task) override;
 
-    /// Has `handler` run now, then shows the form and looks at the timers. Whatever calls into the system
-    /// from an event of the toolkit goes through here.
+    /// Has `handler` run now, then shows the form and looks at the timers. Whatever calls into the
+    /// system from an event of the toolkit goes through here.
     void Handle(const std::function<void()>& handler);
 
 protected:
@@ -48,8 +48,9 @@ private:
     std::function<void()> m_afterEvent;
     TimerSchedule m_schedule;
     QTimer m_tick;
-    std::optional<std::int64_t> m_tickDueMs;                    ///< Empty while `m_tick` rests.
-    std::multimap<std::int64_t, std::function<void()>> m_later; ///< By the moment at which each is due.
+    std::optional<std::int64_t> m_tickDueMs; ///< Empty while `m_tick` rests.
+    std::multimap<std::int64_t, std::function<void()>>
+        m_later; ///< By the moment at which each is due.
     std::mutex m_mutex;
     std::deque<std::function<void()>> m_tasks;
 };

@@ -1,4 +1,5 @@
-// Pictures keep hard pixels at whole scales; texts, lights and bars use the screen's own resolution.
+// Pictures keep hard pixels at whole scales; texts, lights and bars use the screen's own
+// resolution.
 #include "platform/qt/qt_paint.h"
 
 #include <algorithm>
@@ -28,9 +29,11 @@ void PaintPicture(QPainter& painter, const Figure& figure) {
 
 // What is laid out: no more characters than the label has pixels, control characters as blanks.
 QString ShownText(const Figure& figure) {
-    Text text = figure.Caption.substr(0, static_cast<std::size_t>(figure.Place.Right - figure.Place.Left));
+    Text text =
+        figure.Caption.substr(0, static_cast<std::size_t>(figure.Place.Right - figure.Place.Left));
     for (char16_t& letter : text) {
-        if (letter < 0x20 || (letter >= 0x7F && letter < 0xA0) || letter == 0x2028 || letter == 0x2029)
+        if (letter < 0x20 || (letter >= 0x7F && letter < 0xA0) || letter == 0x2028 ||
+            letter == 0x2029)
             letter = u' ';
         if (letter == 0xF05C) letter = u'\\';
     }
@@ -60,7 +63,8 @@ void PaintShape(QPainter& painter, const Figure& figure) {
     const QRectF outer = FormRect(figure);
     if (figure.Form == ShapeForm::Rectangle || figure.Form == ShapeForm::Square) {
         painter.fillRect(outer, ToColour(figure.BorderColour));
-        painter.fillRect(outer.adjusted(kBorder, kBorder, -kBorder, -kBorder), ToColour(figure.Colour));
+        painter.fillRect(outer.adjusted(kBorder, kBorder, -kBorder, -kBorder),
+                         ToColour(figure.Colour));
         return;
     }
     const QRectF middle = outer.adjusted(kBorder / 2, kBorder / 2, -kBorder / 2, -kBorder / 2);
@@ -86,7 +90,8 @@ void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) 
     // A skin can give it any width, so multiples of that need more room.
     const std::int64_t widthPx = figure.Place.Right - figure.Place.Left;
     const int heightPx = figure.Place.Bottom - figure.Place.Top;
-    const int bars = static_cast<int>(std::clamp<std::int64_t>(widthPx / kBarPitchPx, 1, ScopeBars::kCount));
+    const int bars =
+        static_cast<int>(std::clamp<std::int64_t>(widthPx / kBarPitchPx, 1, ScopeBars::kCount));
     for (int bar = 0; bar < bars; ++bar) {
         const auto left = static_cast<double>(figure.Place.Left + bar * widthPx / bars);
         const auto right = static_cast<double>(figure.Place.Left + (bar + 1) * widthPx / bars);
@@ -94,7 +99,8 @@ void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) 
         const double level = HighestOf(shown.Level, bar, bars) * heightPx;
         const double peak = HighestOf(shown.Peak, bar, bars) * heightPx;
         painter.fillRect(QRectF(left, figure.Place.Bottom - level, barWidth, level), Qt::yellow);
-        if (peak >= 1) painter.fillRect(QRectF(left, figure.Place.Bottom - peak, barWidth, 1), Qt::white);
+        if (peak >= 1)
+            painter.fillRect(QRectF(left, figure.Place.Bottom - peak, barWidth, 1), Qt::white);
     }
 }
 

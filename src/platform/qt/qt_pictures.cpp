@@ -62,9 +62,10 @@ std::optional<QtPictures::FileIdentity> QtPictures::IdentityOf(const Text& path)
     const std::optional<std::string> found = FindPath(path);
     struct stat facts {};
     if (!found || stat(found->c_str(), &facts) != 0) return std::nullopt;
-    const std::int64_t changedNs = facts.st_mtim.tv_sec * std::int64_t{1'000'000'000} + facts.st_mtim.tv_nsec;
-    return FileIdentity{static_cast<std::int64_t>(facts.st_dev), static_cast<std::int64_t>(facts.st_ino),
-                        facts.st_size, changedNs};
+    const std::int64_t changedNs =
+        facts.st_mtim.tv_sec * std::int64_t{1'000'000'000} + facts.st_mtim.tv_nsec;
+    return FileIdentity{static_cast<std::int64_t>(facts.st_dev),
+                        static_cast<std::int64_t>(facts.st_ino), facts.st_size, changedNs};
 }
 
 void QtPictures::ForgetTheDead() {
@@ -77,7 +78,8 @@ PicturePtr QtPictures::LoadPicture(const Text& path) {
     if (const auto known = m_decoded.find(*identity); known != m_decoded.end())
         if (const PicturePtr twin = known->second.lock()) {
             // The newest of the twins is the one that lives longest, as a rule.
-            PicturePtr picture = std::make_shared<QtPicture>(static_cast<const QtPicture&>(*twin).Image);
+            PicturePtr picture =
+                std::make_shared<QtPicture>(static_cast<const QtPicture&>(*twin).Image);
             known->second = picture;
             return picture;
         }

@@ -1,4 +1,5 @@
-// Picture files by the toolkit's readers, each asked for by name after a look at the file's first bytes.
+// Picture files by the toolkit's readers, each asked for by name after a look at the file's first
+// bytes.
 #pragma once
 
 #include <QImage>
@@ -23,14 +24,16 @@ public:
 /// The picture that these bytes of a file are; the null image if they are none within the limits.
 [[nodiscard]] QImage DecodePicture(std::string_view bytes);
 
-/// Files that haven't changed since they were decoded for a picture that still lives are not decoded again: a
-/// skin names most of its files twice. The pictures are different ones all the same.
+/// Files that haven't changed since they were decoded for a picture that still lives are not
+/// decoded again: a skin names most of its files twice. The pictures are different ones all the
+/// same.
 class QtPictures : public Pictures {
 public:
     [[nodiscard]] PicturePtr LoadPicture(const Text& path) override;
 
 private:
-    /// What makes a file the one that was decoded: device, number, size, time of change in nanoseconds.
+    /// What makes a file the one that was decoded: device, number, size, time of change in
+    /// nanoseconds.
     using FileIdentity = std::array<std::int64_t, 4>;
 
     [[nodiscard]] static std::optional<FileIdentity> IdentityOf(const Text& path);

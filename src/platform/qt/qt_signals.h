@@ -3,6 +3,6 @@
 
 #include <functional>
 
-/// Has `ended` called, on the loop's thread, when SIGTERM, SIGHUP or SIGINT arrives, also inside a wait or a
-/// dialog. Called once; false if the machine refuses.
+/// Has `ended` called, on the loop's thread, when SIGTERM, SIGHUP or SIGINT arrives, also inside a
+/// wait or a dialog. Called once; false if the machine refuses.
 [[nodiscard]] bool WatchEndSignals(std::function<void()> ended);

@@ -22,8 +22,8 @@
 #endif
 
 QtSystem::QtSystem(Text commandLine, std::function<bool(const Text&)> playSound)
-    : m_directory(ProgramDirectory()), m_commandLine(std::move(commandLine)), m_current(ProcessDirectory()),
-      m_playSound(std::move(playSound)) {}
+    : m_directory(ProgramDirectory()), m_commandLine(std::move(commandLine)),
+      m_current(ProcessDirectory()), m_playSound(std::move(playSound)) {}
 
 Text QtSystem::IniFile(const Text& name) const {
     return IniPlace(m_directory, name);

@@ -9,8 +9,8 @@ class QWidget;
 
 class QtSystem : public System {
 public:
-    /// `commandLine` is the text behind the program's name. `playSound` plays a sound to its end and
-    /// says whether it could.
+    /// `commandLine` is the text behind the program's name. `playSound` plays a sound to its end
+    /// and says whether it could.
     QtSystem(Text commandLine, std::function<bool(const Text&)> playSound);
 
     /// The window that goes before the process does.

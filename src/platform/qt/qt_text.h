@@ -6,7 +6,8 @@
 #include "platform/text.h"
 
 [[nodiscard]] inline QString ToQString(TextView text) {
-    return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+    return QString(reinterpret_cast<const QChar*>(text.data()),
+                   static_cast<qsizetype>(text.size()));
 }
 
 [[nodiscard]] inline Text ToText(const QString& text) {

@@ -48,7 +48,8 @@ Integer ButtonSet(Qt::MouseButtons buttons) {
 }
 
 Integer ShiftSet(Qt::KeyboardModifiers keys) {
-    return static_cast<Integer>((keys & Qt::ShiftModifier ? 1 : 0) + (keys & Qt::ControlModifier ? 2 : 0) +
+    return static_cast<Integer>((keys & Qt::ShiftModifier ? 1 : 0) +
+                                (keys & Qt::ControlModifier ? 2 : 0) +
                                 (keys & Qt::AltModifier ? 4 : 0));
 }
 
@@ -58,8 +59,8 @@ QtWindow::QtWindow(QtLoop& loop) : m_loop(loop) {
     setAttribute(Qt::WA_TranslucentBackground);
     // A move without a button tells of a release that got lost.
     setMouseTracking(true);
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowCloseButtonHint);
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
 }
 
 void QtWindow::Attach(Form& form, FormEvents& events, std::function<void(bool, bool)> tellSight) {
@@ -101,8 +102,8 @@ void QtWindow::Present() {
     Scene now = SceneOf(*m_form);
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
-    // Painting at once also sends it; the toolkit's sync would let events in. Damage that still waits from
-    // earlier turns is painted along by the same call.
+    // Painting at once also sends it; the toolkit's sync would let events in. Damage that still
+    // waits from earlier turns is painted along by the same call.
     if (!damage.isEmpty()) repaint(damage);
 }
 
@@ -142,7 +143,8 @@ QRegion QtWindow::TakeDamage(const Scene& now) {
 
 void QtWindow::PlaceHandle() {
     QWindow* handle = windowHandle();
-    if (handle && handle->position() != geometry().topLeft()) handle->setPosition(geometry().topLeft());
+    if (handle && handle->position() != geometry().topLeft())
+        handle->setPosition(geometry().topLeft());
 }
 
 void QtWindow::ShowSize(const Scene& now) {
@@ -180,8 +182,9 @@ void QtWindow::ShowCaption(const Scene& now) {
 void QtWindow::TellSight(const Scene& now) {
     const bool window = now.State == WindowState::Normal;
     const bool scope =
-        window && std::any_of(now.Figures.begin(), now.Figures.end(),
-                              [](const Figure& figure) { return figure.Kind == ControlKind::Scope; });
+        window && std::any_of(now.Figures.begin(), now.Figures.end(), [](const Figure& figure) {
+            return figure.Kind == ControlKind::Scope;
+        });
     if (window == m_wasWindowSeen && scope == m_wasScopeSeen) return;
     m_wasWindowSeen = window;
     m_wasScopeSeen = scope;
@@ -212,14 +215,15 @@ void QtWindow::ShowToolTip(QHelpEvent& event) {
     }
     FollowDesktop();
     // The rectangle hides the tip when the pointer goes on to another control.
-    const QRect place(control->Left + m_form->picBackground.Left, control->Top + m_form->picBackground.Top,
-                      control->Width, control->Height);
+    const QRect place(control->Left + m_form->picBackground.Left,
+                      control->Top + m_form->picBackground.Top, control->Width, control->Height);
     QToolTip::showText(event.globalPos(), ToQString(control->ToolTip), this, place);
 }
 
 void QtWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange && m_isUp) {
-        // The platform restores a minimised window; without this a second minimise would show no difference.
+        // The platform restores a minimised window; without this a second minimise would show no
+        // difference.
         m_form->State = isMinimized() ? WindowState::Minimised : WindowState::Normal;
         m_shown.State = m_form->State;
         TellSight(m_shown);
@@ -305,11 +309,12 @@ std::size_t QtWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t roo
     QMenu popup;
     // The press that dismisses the menu goes nowhere.
     popup.setAttribute(Qt::WA_NoMouseReplay);
-    for (std::size_t index = root + 1; index < menu.size() && menu[index].Level > menu[root].Level; ++index) {
+    for (std::size_t index = root + 1; index < menu.size() && menu[index].Level > menu[root].Level;
+         ++index) {
         const MenuEntry& entry = menu[index];
         if (entry.Level != menu[root].Level + 1 || !entry.Visible) continue;
-        QAction* action =
-            entry.Caption == u"-" ? popup.addSeparator() : popup.addAction(ToQString(entry.Caption));
+        QAction* action = entry.Caption == u"-" ? popup.addSeparator()
+                                                : popup.addAction(ToQString(entry.Caption));
         action->setEnabled(entry.Enabled);
         action->setData(static_cast<qulonglong>(index));
     }

@@ -19,11 +19,13 @@ class QtWindow : public QWidget, public Window {
 public:
     explicit QtWindow(QtLoop& loop);
 
-    /// The form that the window shows and who is told. `tellSight` is called whenever the window or the
-    /// visualisation in it begins or ceases to be on the screen.
-    void Attach(Form& form, FormEvents& events, std::function<void(bool window, bool scope)> tellSight);
+    /// The form that the window shows and who is told. `tellSight` is called whenever the window or
+    /// the visualisation in it begins or ceases to be on the screen.
+    void Attach(Form& form, FormEvents& events,
+                std::function<void(bool window, bool scope)> tellSight);
 
-    /// What screen readers are told, and how they press. Without it they see a window without content.
+    /// What screen readers are told, and how they press. Without it they see a window without
+    /// content.
     void LetSpeak(SpokenSource source);
     [[nodiscard]] const SpokenSource& SpokenBy() const { return m_spokenBy; }
 
@@ -32,15 +34,15 @@ public:
     void BeginMove(Integer button) override;
     std::size_t PopupMenu(std::span<const MenuEntry> menu, std::size_t root) override;
 
-    /// Shows what differs from what was shown last; what has to be painted is left to the toolkit's next
-    /// turn. The loop calls it after each event.
+    /// Shows what differs from what was shown last; what has to be painted is left to the toolkit's
+    /// next turn. The loop calls it after each event.
     void ShowChanges();
 
     /// Gives what is about to open the desktop's look.
     void FollowDesktop() { m_look.Follow(); }
 
-    /// Runs once, on the loop, when the window has been painted for the first time: the place for what can
-    /// come a moment later.
+    /// Runs once, on the loop, when the window has been painted for the first time: the place for
+    /// what can come a moment later.
     std::function<void()> AfterFirstPaint;
 
 protected:
@@ -59,8 +61,8 @@ private:
     void ShowFrame(const Scene& now);
     void ShowShape(const Scene& now);
     void ShowSize(const Scene& now);
-    /// Takes the handle to where the widget is. What a window manager does with a new window can leave it at
-    /// another place, without a word to the widget.
+    /// Takes the handle to where the widget is. What a window manager does with a new window can
+    /// leave it at another place, without a word to the widget.
     void PlaceHandle();
     void ShowCaption(const Scene& now);
     void TellSight(const Scene& now);

@@ -11,15 +11,16 @@
 
 namespace {
 
-// A row as the toolkit wants it: the label, and behind it the pattern, which is then hidden. All files are
+// A row as the toolkit wants it: the label, and behind it the pattern, which is then hidden. All
+// files are
 // `*` there; `*.*` would leave out those without a point.
 QString NameFilter(const FilterRow& row) {
     const QString pattern = row.Pattern == u"*.*" ? QStringLiteral("*") : ToQString(row.Pattern);
     return ToQString(row.Label) + QStringLiteral(" (") + pattern + QStringLiteral(")");
 }
 
-// The toolkit would look into files for an icon that fits, on the window's thread: one whose reading waits
-// would hold up everything.
+// The toolkit would look into files for an icon that fits, on the window's thread: one whose
+// reading waits would hold up everything.
 class PlainIcons : public QFileIconProvider {
 public:
     using QFileIconProvider::icon;
@@ -33,7 +34,8 @@ public:
 
 ToolkitChooser::ToolkitChooser() {
     setFileMode(QFileDialog::ExistingFile);
-    setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails | QFileDialog::ReadOnly);
+    setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails |
+               QFileDialog::ReadOnly);
     // Never destroyed, as the chooser isn't.
     setIconProvider(new PlainIcons);
 }
@@ -61,9 +63,9 @@ QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
     return chosen ? QFile::encodeName(m_path) : QByteArray();
 }
 
-// The list of proposals for the name field is a window of its own, which can outlast the dialog or come up
-// behind it, and would swallow the next press on the window; so it is let go with the dialog. A key that is
-// on its way to that list by then would be handed on to a field that is none.
+// The list of proposals for the name field is a window of its own, which can outlast the dialog or
+// come up behind it, and would swallow the next press on the window; so it is let go with the
+// dialog. A key that is on its way to that list by then would be handed on to a field that is none.
 bool ToolkitChooser::Run() {
     QLineEdit* name = NameField();
     auto* proposals = findChild<QCompleter*>();
@@ -77,8 +79,9 @@ bool ToolkitChooser::Run() {
     return chosen;
 }
 
-// The selection follows the name field from afar: after quick typing it can still be the directory that the
-// name began with, and the toolkit would open that one. What stands in the field is what the user means.
+// The selection follows the name field from afar: after quick typing it can still be the directory
+// that the name began with, and the toolkit would open that one. What stands in the field is what
+// the user means.
 void ToolkitChooser::accept() {
     const QLineEdit* name = NameField();
     const QString typed = name ? directory().absoluteFilePath(name->text()) : QString();

@@ -11,8 +11,8 @@ class ToolkitChooser : public QFileDialog {
 public:
     ToolkitChooser();
 
-    /// Asks, in front of `owner` if there is one; the bytes of the chosen file's path, empty if the user
-    /// cancels.
+    /// Asks, in front of `owner` if there is one; the bytes of the chosen file's path, empty if the
+    /// user cancels.
     [[nodiscard]] QByteArray Ask(QWidget* owner, const FileQuestion& question);
 
     void accept() override;

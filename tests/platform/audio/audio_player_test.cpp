@@ -1,5 +1,5 @@
-// The player on its own threads and real files: what comes from one thread to the other, and that nobody
-// waits for anybody. It plays on the silent clock, which runs faster here.
+// The player on its own threads and real files: what comes from one thread to the other, and that
+// nobody waits for anybody. It plays on the silent clock, which runs faster here.
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
@@ -19,7 +19,8 @@ TEST_F(AudioPlayerTest, AFileTellsItsFactsThenItsPlacesAndOnceItsEnd) {
     Make(20);
     // The second has neither tags nor a length, so it is scanned.
     for (const auto& [options, facts] :
-         {std::pair("-b 128 --tt Moon --ta Sun", "tag=Moon/Sun//// stream=128/44100/2 length=2000 p"),
+         {std::pair("-b 128 --tt Moon --ta Sun",
+                    "tag=Moon/Sun//// stream=128/44100/2 length=2000 p"),
           std::pair("-V5 -t", "tag=///// stream=")}) {
         Start(Song("song.mp3", 2000, options));
         ASSERT_TRUE(UntilEnd());

@@ -31,8 +31,9 @@ protected:
     Text File(const std::string& name, int from, int frames, int rateHz = 44100) {
         return CountingWave(m_files.Path(name), rateHz, 2, from, frames);
     }
-    // Whether it plays in the end, and is heard whole `times` times more: the first calls may find a server
-    // that isn't ready, and one that is held up loses a sound now and then, which is made up for.
+    // Whether it plays in the end, and is heard whole `times` times more: the first calls may find
+    // a server that isn't ready, and one that is held up loses a sound now and then, which is made
+    // up for.
     bool Plays(const Text& path, int times = 0) {
         times += Count(path);
         return WaitUntil([&] { return m_click->PlayAndWait(path) && Count(path) >= times; });
@@ -43,10 +44,12 @@ protected:
         const Samples16 all = m_recorder.Samples();
         int count = 0;
         for (auto at = all.begin();; ++at, ++count)
-            if ((at = std::search(at, all.end(), sound.begin(), sound.end())) == all.end()) return count;
+            if ((at = std::search(at, all.end(), sound.begin(), sound.end())) == all.end())
+                return count;
     }
 
-    // What a monitor hears after a server took sound back isn't what was played; a pipe takes nothing back.
+    // What a monitor hears after a server took sound back isn't what was played; a pipe takes
+    // nothing back.
     PrivatePulseServer m_server{TestSink::Pipe};
     SoundRecorder m_recorder{m_server};
     TempDirectory m_files;
@@ -57,8 +60,8 @@ protected:
 
 TEST_F(ClickTest, IsHeardWholeBeforeTheCallerGoesOnIsHeldUntilTheNextAndLeavesNothingOpen) {
     const std::ptrdiff_t before = OpenDescriptors();
-    // One that follows at once takes back what isn't heard yet, so a caller who went on too soon would never
-    // hear a whole one.
+    // One that follows at once takes back what isn't heard yet, so a caller who went on too soon
+    // would never hear a whole one.
     const Text path = File("click.wav", 1000, 1323);
     EXPECT_TRUE(Plays(path, 5));
     for (const char* fact :
@@ -95,8 +98,12 @@ TEST_F(ClickTest, AMissingSoundOrServerIsToldAndMayComeBackAndALongSoundIsNotWai
 TEST(SoundFileTest, WaveFilesAreReadAndLongOnesAreCutAndOddOnesRefused) {
     // Rate in Hz, channels, frames, and what is read: frames, length in ms, last sample.
     const std::tuple<int, int, int, std::vector<std::int64_t>> rows[] = {
-        {192000, 2, 96, {96, 1, 8096}}, {192001, 2, 100, {}}, {1, 1, 3, {3, 3000, 8003}},
-        {44100, 32, 3, {3, 0, 8003}},   {44100, 33, 3, {}},   {44100, 3, 699051, {699050, 15851, 11050}},
+        {192000, 2, 96, {96, 1, 8096}},
+        {192001, 2, 100, {}},
+        {1, 1, 3, {3, 3000, 8003}},
+        {44100, 32, 3, {3, 0, 8003}},
+        {44100, 33, 3, {}},
+        {44100, 3, 699051, {699050, 15851, 11050}},
     };
     const TempDirectory files;
     const std::ptrdiff_t before = OpenDescriptors();
@@ -104,7 +111,8 @@ TEST(SoundFileTest, WaveFilesAreReadAndLongOnesAreCutAndOddOnesRefused) {
         std::vector<std::int64_t> read;
         const Text path = CountingWave(files.Path("wave"), rateHz, channels, 8001, frames);
         if (const std::optional<SoundClip> clip = ReadSoundFile(path))
-            read = {std::ssize(clip->Samples) / clip->Channels, clip->LengthMs(), clip->Samples.back()};
+            read = {std::ssize(clip->Samples) / clip->Channels, clip->LengthMs(),
+                    clip->Samples.back()};
         EXPECT_EQ(read, expected) << rateHz << ", " << channels;
     }
     EXPECT_EQ(OpenDescriptors(), before);

@@ -1,6 +1,6 @@
-// A model of a sound server that answers libpulse's functions, for one connection and one stereo stream. As
-// long as a `FakePulse` lives, the player's clock is its clock, which a test moves; without one each function
-// is libpulse's own. For one source file, since it defines them.
+// A model of a sound server that answers libpulse's functions, for one connection and one stereo
+// stream. As long as a `FakePulse` lives, the player's clock is its clock, which a test moves;
+// without one each function is libpulse's own. For one source file, since it defines them.
 #pragma once
 
 #include <algorithm>
@@ -11,7 +11,8 @@
 #include <utility>
 #include <vector>
 
-/// Nothing happens at the server before `Answer`. All that it is told stands in the journal, by the clock:
+/// Nothing happens at the server before `Answer`. All that it is told stands in the journal, by the
+/// clock:
 /// "@200" is the 200th millisecond, "@200+" a bit more.
 struct FakePulse {
     FakePulse() { Present = this; }
@@ -44,7 +45,8 @@ struct FakePulse {
         }
         return connects || opens || !questions.empty();
     }
-    /// Noted with the first and the last sample on the left, if it doesn't just go on behind the one before.
+    /// Noted with the first and the last sample on the left, if it doesn't just go on behind the
+    /// one before.
     int Write(const std::int16_t* samples, std::size_t bytes, std::int64_t offset) {
         Settle();
         Last.assign(samples, samples + bytes / 2);
@@ -121,13 +123,14 @@ struct FakePulse {
     std::string Journal;
 
     // What a test sets.
-    bool Deaf = false;            ///< The server never answers.
-    bool Slow = false;            ///< It takes no stream.
-    bool Mute = false;            ///< It answers no question.
-    bool Knows = true;            ///< Its answers are answers.
-    bool Refuses = false;         ///< Every request fails at once.
-    bool Details = false;         ///< The stream's buffer is noted.
-    std::int64_t RoomFrames = -1; ///< How much it asks for, whatever is queued; -2: it doesn't tell.
+    bool Deaf = false;    ///< The server never answers.
+    bool Slow = false;    ///< It takes no stream.
+    bool Mute = false;    ///< It answers no question.
+    bool Knows = true;    ///< Its answers are answers.
+    bool Refuses = false; ///< Every request fails at once.
+    bool Details = false; ///< The stream's buffer is noted.
+    std::int64_t RoomFrames =
+        -1; ///< How much it asks for, whatever is queued; -2: it doesn't tell.
     bool Suspended = false;
     pa_context_state_t Context = PA_CONTEXT_UNCONNECTED;
     pa_stream_state_t Stream = PA_STREAM_UNCONNECTED;
@@ -158,12 +161,13 @@ struct FakePulse {
 };
 
 /// Defines a function of libpulse's: its result, name, parameters, arguments, and the answer.
-#define FAKE(result, function, parameters, arguments, ...)                                                   \
-    result function parameters {                                                                             \
-        static const auto next = reinterpret_cast<decltype(&function)>(dlsym(RTLD_NEXT, #function));         \
-        FakePulse* const fake = FakePulse::Present;                                                          \
-        if (!fake) return next arguments;                                                                    \
-        __VA_ARGS__;                                                                                         \
+#define FAKE(result, function, parameters, arguments, ...)                                         \
+    result function parameters {                                                                   \
+        static const auto next =                                                                   \
+            reinterpret_cast<decltype(&function)>(dlsym(RTLD_NEXT, #function));                    \
+        FakePulse* const fake = FakePulse::Present;                                                \
+        if (!fake) return next arguments;                                                          \
+        __VA_ARGS__;                                                                               \
     }
 
 using Done = pa_stream_success_cb_t;
@@ -175,13 +179,15 @@ FAKE(pa_usec_t, pa_rtclock_now, (), (), return static_cast<pa_usec_t>(fake->NowU
 FAKE(void, pa_operation_unref, (pa_operation * asked), (asked), --fake->Operations)
 
 FAKE(pa_context*, pa_context_new_with_proplist,
-     (pa_mainloop_api * loop, const char* name, const pa_proplist* p), (loop, name, p), fake->Note("dial");
+     (pa_mainloop_api * loop, const char* name, const pa_proplist* p), (loop, name, p),
+     fake->Note("dial");
      return reinterpret_cast<pa_context*>(fake))
 FAKE(int, pa_context_connect,
      (pa_context * context, const char* server, pa_context_flags_t flags, const pa_spawn_api* api),
      (context, server, flags, api), fake->Context = PA_CONTEXT_CONNECTING;
      return -fake->Refuses)
-FAKE(pa_context_state_t, pa_context_get_state, (const pa_context* context), (context), return fake->Context)
+FAKE(pa_context_state_t, pa_context_get_state, (const pa_context* context), (context),
+     return fake->Context)
 FAKE(void, pa_context_disconnect, (pa_context * context), (context), fake->Note("hangup"))
 FAKE(void, pa_context_unref, (pa_context * context), (context), fake->Note("forget"))
 
@@ -193,27 +199,33 @@ FAKE(int, pa_stream_connect_playback,
      (pa_stream * stream, const char* device, const pa_buffer_attr* buffer, pa_stream_flags_t flags,
       const pa_cvolume* volume, pa_stream* other),
      (stream, device, buffer, flags, volume, other), return fake->Connect(*buffer))
-FAKE(pa_stream_state_t, pa_stream_get_state, (const pa_stream* stream), (stream), return fake->Stream)
-FAKE(std::size_t, pa_stream_writable_size, (const pa_stream* stream), (stream), return fake->RoomBytes())
+FAKE(pa_stream_state_t, pa_stream_get_state, (const pa_stream* stream), (stream),
+     return fake->Stream)
+FAKE(std::size_t, pa_stream_writable_size, (const pa_stream* stream), (stream),
+     return fake->RoomBytes())
 FAKE(int, pa_stream_write,
-     (pa_stream * stream, const void* samples, std::size_t bytes, pa_free_cb_t free, std::int64_t offset,
-      pa_seek_mode_t mode),
+     (pa_stream * stream, const void* samples, std::size_t bytes, pa_free_cb_t free,
+      std::int64_t offset, pa_seek_mode_t mode),
      (stream, samples, bytes, free, offset, mode),
      return fake->Write(static_cast<const std::int16_t*>(samples), bytes, offset))
 FAKE(pa_operation*, pa_stream_cork, (pa_stream * stream, int corked, Done call, void* who),
      (stream, corked, call, who), return fake->Cork(corked))
-FAKE(pa_operation*, pa_stream_flush, (pa_stream * stream, Done call, void* who), (stream, call, who),
-     return fake->Flush())
-FAKE(pa_operation*, pa_stream_set_name, (pa_stream * stream, const char* name, Done call, void* who),
-     (stream, name, call, who), return fake->Ask(std::string("name=") + name))
+FAKE(pa_operation*, pa_stream_flush, (pa_stream * stream, Done call, void* who),
+     (stream, call, who), return fake->Flush())
+FAKE(pa_operation*, pa_stream_set_name,
+     (pa_stream * stream, const char* name, Done call, void* who), (stream, name, call, who),
+     return fake->Ask(std::string("name=") + name))
 FAKE(pa_operation*, pa_stream_update_timing_info, (pa_stream * stream, Done call, void* who),
      (stream, call, who), return fake->AskTiming(call, who))
-FAKE(const pa_timing_info*, pa_stream_get_timing_info, (pa_stream * stream), (stream), return &fake->Timing)
+FAKE(const pa_timing_info*, pa_stream_get_timing_info, (pa_stream * stream), (stream),
+     return &fake->Timing)
 FAKE(int, pa_stream_is_suspended, (const pa_stream* stream), (stream), return fake->Suspended)
-FAKE(const pa_sample_spec*, pa_stream_get_sample_spec, (pa_stream * stream), (stream), return &fake->Spec)
-FAKE(void, pa_stream_set_suspended_callback, (pa_stream * stream, Told call, void* who), (stream, call, who),
-     fake->OnSuspended = call)
-FAKE(void, pa_stream_set_moved_callback, (pa_stream * stream, Told call, void* who), (stream, call, who))
+FAKE(const pa_sample_spec*, pa_stream_get_sample_spec, (pa_stream * stream), (stream),
+     return &fake->Spec)
+FAKE(void, pa_stream_set_suspended_callback, (pa_stream * stream, Told call, void* who),
+     (stream, call, who), fake->OnSuspended = call)
+FAKE(void, pa_stream_set_moved_callback, (pa_stream * stream, Told call, void* who),
+     (stream, call, who))
 FAKE(int, pa_stream_disconnect, (pa_stream * stream), (stream), return fake->Note("leave"))
 FAKE(void, pa_stream_unref, (pa_stream * stream), (stream), fake->Note("free"))
 

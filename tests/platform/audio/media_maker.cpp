@@ -47,8 +47,10 @@ std::string MediaMaker::Encode(const std::string& encoder, int rateHz, int chann
 Samples16 DecodeAll(const Text& path) {
     const std::atomic<bool> quit{false};
     Samples16 all;
-    const std::unique_ptr<MpegDecoder> decoder = MpegDecoder::Open(OpenForReading(TextView(path)), &quit);
-    for (Samples16 part(1); decoder && !part.empty(); all.insert(all.end(), part.begin(), part.end()))
+    const std::unique_ptr<MpegDecoder> decoder =
+        MpegDecoder::Open(OpenForReading(TextView(path)), &quit);
+    for (Samples16 part(1); decoder && !part.empty();
+         all.insert(all.end(), part.begin(), part.end()))
         decoder->Decode(20000, part);
     return all;
 }

@@ -21,12 +21,15 @@ class MediaMaker {
 public:
     [[nodiscard]] std::string Directory() const { return m_files.Path(); }
 
-    /// Noise of `ms` milliseconds, the same in each run, encoded by `lame` with these arguments. The bytes of
-    /// the file; none, and a failure of the test, if there are none.
-    [[nodiscard]] std::string Encode(const std::string& encoder, int rateHz, int channels, int ms) const;
+    /// Noise of `ms` milliseconds, the same in each run, encoded by `lame` with these arguments.
+    /// The bytes of the file; none, and a failure of the test, if there are none.
+    [[nodiscard]] std::string Encode(const std::string& encoder, int rateHz, int channels,
+                                     int ms) const;
 
     /// Writes a file and gives the system's text for its path.
-    Text Write(const std::string& name, const std::string& bytes) const { return m_files.Put(name, bytes); }
+    Text Write(const std::string& name, const std::string& bytes) const {
+        return m_files.Put(name, bytes);
+    }
 
 private:
     TempDirectory m_files;

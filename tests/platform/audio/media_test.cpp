@@ -1,6 +1,7 @@
-// The decoder against the kinds of files there are, and against files that are none: what each says of itself
-// and how much of it is heard; and the thread that reads a track by it. Frames of silence are made here, byte
-// by byte; what only must do no harm is a seed of the fuzzing's, as are the short files by encoders.
+// The decoder against the kinds of files there are, and against files that are none: what each says
+// of itself and how much of it is heard; and the thread that reads a track by it. Frames of silence
+// are made here, byte by byte; what only must do no harm is a seed of the fuzzing's, as are the
+// short files by encoders.
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -35,9 +36,12 @@ protected:
             bytes += static_cast<char>(number >> bits * at & ((1U << bits) - 1));
         return bytes;
     }
-    // The song behind a copy of its first frame, which has `tag` so many bytes from its beginning, and junk.
-    static std::string Tagged(const std::string& tag, std::size_t offset = 36, std::size_t junk = 0) {
-        return kSong.substr(0, 417).replace(offset, tag.size(), tag) + std::string(junk, 'x') + kSong;
+    // The song behind a copy of its first frame, which has `tag` so many bytes from its beginning,
+    // and junk.
+    static std::string Tagged(const std::string& tag, std::size_t offset = 36,
+                              std::size_t junk = 0) {
+        return kSong.substr(0, 417).replace(offset, tag.size(), tag) + std::string(junk, 'x') +
+               kSong;
     }
     // What an encoder tells: MPEG frames and bytes.
     static std::string Xing(std::size_t frames, std::size_t bytes) {
@@ -51,12 +55,14 @@ protected:
         return id + Big(content.size() + 1, 7) + "\0\0\3"s + content;
     }
     static std::string Title(const std::string& content) { return Tag(Field("TIT2", content)); }
-    // "rate x channels, kbit/s", the length in samples as the file says it or a scan finds it, what is heard
-    // if that is another, and title, artist, album, year, comment and genre; of a long one how long it is.
+    // "rate x channels, kbit/s", the length in samples as the file says it or a scan finds it, what
+    // is heard if that is another, and title, artist, album, year, comment and genre; of a long one
+    // how long it is.
     std::string Dump(const std::string& bytes, bool quits = false) {
         const Text path = m_media.Write("media", bytes);
         const std::atomic<bool> quit{quits};
-        const std::unique_ptr<MpegDecoder> decoder = MpegDecoder::Open(OpenForReading(TextView(path)), &quit);
+        const std::unique_ptr<MpegDecoder> decoder =
+            MpegDecoder::Open(OpenForReading(TextView(path)), &quit);
         if (!decoder) return "refused";
         const auto& [format, bitrateKbps, tags, told] = decoder->Facts();
         const std::int64_t length = told ? *told : decoder->Scan()->LengthFrames;
@@ -75,9 +81,11 @@ protected:
     void Start(const Text& path, const std::string& bytes, int opens) {
         m_asked.clear();
         m_session = std::make_shared<TrackSession>(std::make_shared<Bell>());
-        const auto open = [this, file = m_media.Write("song", bytes), opens](const Text& asked) mutable {
+        const auto open = [this, file = m_media.Write("song", bytes),
+                           opens](const Text& asked) mutable {
             m_asked += Utf8(asked) + " ";
-            return asked == u"\\n\\found" && opens-- > 0 ? OpenForReading(TextView(file)) : FileHandle();
+            return asked == u"\\n\\found" && opens-- > 0 ? OpenForReading(TextView(file))
+                                                         : FileHandle();
         };
         StartReading({path, {u"\\m", u"\\n\\", u"/o/", u""}, open}, m_session);
     }
@@ -86,13 +94,14 @@ protected:
         m_session->Quit();
         EXPECT_TRUE(WaitUntil([&] { return m_session.use_count() == 1; }));
     }
-    /// The next pieces of a track of one channel, at most `count`, and its end: their first frame, and how
-    /// many they are. Each is to be what `m_whole` has in its place.
+    /// The next pieces of a track of one channel, at most `count`, and its end: their first frame,
+    /// and how many they are. Each is to be what `m_whole` has in its place.
     std::string Pieces(int count) {
         std::string pieces;
         while (count-- > 0) {
             std::optional<Chunk> chunk;
-            EXPECT_TRUE(WaitUntil([&] { return (chunk = m_session->TakeChunk()) || m_session->AtEnd(); }));
+            EXPECT_TRUE(
+                WaitUntil([&] { return (chunk = m_session->TakeChunk()) || m_session->AtEnd(); }));
             if (!chunk) return pieces + "end ";
             const auto& [start, samples] = *chunk;
             pieces += std::to_string(start) + "+" + std::to_string(samples.size()) + " ";
@@ -119,24 +128,31 @@ TEST_F(MediaTest, EveryFileTellsWhatItIsAndHowLongItIsHeard) {
         {"other formats", kSong + Seed("low.mp3") + Seed("two.mp2"),
          "44100x2 128k scans 241344 hears 266450"},
         // What an encoder says of the whole file.
-        {"a constant rate", Tagged("Info" + Big(3) + Big(200) + Big(86596)), "44100x2 128k says 229871"},
+        {"a constant rate", Tagged("Info" + Big(3) + Big(200) + Big(86596)),
+         "44100x2 128k says 229871"},
         {"the average of a varying rate", Tagged(Xing(200, 86596)), "44100x2 133k says 229871"},
-        {"unknown bytes", Tagged("Xing" + Big(1) + Big(200) + Big(99999)), "44100x2 128k says 229871"},
+        {"unknown bytes", Tagged("Xing" + Big(1) + Big(200) + Big(99999)),
+         "44100x2 128k says 229871"},
         {"unknown frames", Tagged("Xing" + Big(2) + Big(83817)), "44100x2 128k scans 230400"},
-        {"VBRI: its rate only", Tagged("VBRI\0\1abcd"s + Big(86596) + Big(200)), "44100x2 133k scans 231552"},
-        {"a longest frame before", Tagged(Xing(200, 0), 36, 2464), "44100x2 128k says 238359 hears 230400"},
+        {"VBRI: its rate only", Tagged("VBRI\0\1abcd"s + Big(86596) + Big(200)),
+         "44100x2 133k scans 231552"},
+        {"a longest frame before", Tagged(Xing(200, 0), 36, 2464),
+         "44100x2 128k says 238359 hears 230400"},
         {"further before", Tagged(Xing(200, 0), 36, 2465), "44100x2 128k scans 230400"},
         {"no frames", Tagged(Xing(0, 0)).substr(0, 4170), "44100x2 128k scans 10368"},
-        {"most frames that can be", Tagged(Xing(3492, 0)), "44100x2 128k says 4022255 hears 229871"},
+        {"most frames that can be", Tagged(Xing(3492, 0)),
+         "44100x2 128k says 4022255 hears 229871"},
         {"more than can be", Tagged(Xing(3493, 0)), "44100x2 128k scans 230400 hears 229871"},
         {"fewest frames that can be", Tagged(Xing(14, 0)), "44100x2 128k says 15599 hears 229871"},
         {"fewer than can be", Tagged(Xing(13, 0)), "44100x2 128k scans 230400 hears 229871"},
         {"cut by a frame", Tagged(Xing(200, 83817 + 2881)), "44100x2 133k says 229871"},
-        {"cut by more", Title("Cut") + Tagged(Xing(200, 83817 + 2882)), "44100x2 128k scans 229871|Cut"},
+        {"cut by more", Title("Cut") + Tagged(Xing(200, 83817 + 2882)),
+         "44100x2 128k scans 229871|Cut"},
         {"a tail of other tags", Tagged(Xing(200, 7804)), "44100x2 12k says 229871"},
         {"a longer tail", Tagged(Xing(200, 7803)), "44100x2 128k scans 229871"},
         {"junk in front", std::string(3000, 'U') + kSong, "44100x2 128k scans 230400"},
-        {"more between", kSong + std::string(3 << 19, 'U') + kSong, "44100x2 128k scans 230400 hears 460800"},
+        {"more between", kSong + std::string(3 << 19, 'U') + kSong,
+         "44100x2 128k scans 230400 hears 460800"},
     };
     for (const auto& [what, bytes, dump] : rows)
         EXPECT_EQ(Dump(bytes), dump) << what;
@@ -163,20 +179,25 @@ TEST_F(MediaTest, TagsOfEveryKindGiveTheirTexts) {
         {"a date", Tag(Field("TDRC", "Date")), "||||Date"},
         {"two in one field", Title("Moon\0Second"s), "|Moon"},
         {"the first comment that isn't empty", Tag(comments), "|||||One"},
-        {"one without a name before it", Tag(comments + Field("COMM", "eng\0Three"s)), "|||||Three"},
+        {"one without a name before it", Tag(comments + Field("COMM", "eng\0Three"s)),
+         "|||||Three"},
         {"cut between two halves", Title(std::string(65535, 'M') + "\U00010000"), "|65535"},
         {"cut behind both", Title(std::string(65534, 'M') + "\U00010000+"), "|65536"},
         {"16 MiB are read", Tag(big.substr(0, big.size() - 1)), "|Big"},
         {"one byte more isn't, nor another behind it", Tag(big) + Tag(big), ""},
-        {"a footer has its size, too", Tag(big.substr(0, big.size() - 10), '\x10') + "3DI1234567", ""},
+        {"a footer has its size, too", Tag(big.substr(0, big.size() - 10), '\x10') + "3DI1234567",
+         ""},
     };
-    // The old kind of tag stands behind, and fills in what the new one lacks; one of these has nothing.
+    // The old kind of tag stands behind, and fills in what the new one lacks; one of these has
+    // nothing.
     const std::string empty = kSong + "TAG" + std::string(124, '\0') + '\xFF';
     for (const auto& [what, bytes, dump] : rows)
         EXPECT_EQ(Dump(bytes + empty), "44100x2 128k scans 230400" + dump) << what;
-    const std::string old = "TAGOld" + std::string(27, '\0') + "Sun" + std::string(27, '\0') + "Disc" +
-                            std::string(26, ' ') + "1999Words" + std::string(25, '\0') + '\x11';
-    EXPECT_EQ(Dump(Title("New") + kSong + old), "44100x2 128k scans 230400|New|Sun|Disc|1999|Words|17");
+    const std::string old = "TAGOld" + std::string(27, '\0') + "Sun" + std::string(27, '\0') +
+                            "Disc" + std::string(26, ' ') + "1999Words" + std::string(25, '\0') +
+                            '\x11';
+    EXPECT_EQ(Dump(Title("New") + kSong + old),
+              "44100x2 128k scans 230400|New|Sun|Disc|1999|Words|17");
 }
 
 TEST_F(MediaTest, ARelativePathIsLookedForInTheDirectoriesInTheirOrderAndThenAsItIs) {
@@ -189,7 +210,8 @@ TEST_F(MediaTest, ARelativePathIsLookedForInTheDirectoriesInTheirOrderAndThenAsI
     };
     for (const auto& [path, asked] : rows) {
         Start(path, Seed("mono.mp3"), 2);
-        EXPECT_TRUE(WaitUntil([&] { return m_session.use_count() == 1 || m_session->TakeChunk(); }));
+        EXPECT_TRUE(
+            WaitUntil([&] { return m_session.use_count() == 1 || m_session->TakeChunk(); }));
         End();
         EXPECT_EQ(m_asked, asked);
     }
@@ -208,7 +230,8 @@ TEST_F(MediaTest, PiecesAreTheSamplesOfThePlaceThatIsSoughtAndNothingBetweenIsRe
     std::fstream file(m_media.Directory() + "/song", std::ios::in | std::ios::out);
     EXPECT_TRUE(file.seekp(140000) << std::string(70000, '\0') << std::flush);
     m_session->RequestSeek(1111111);
-    EXPECT_EQ(Pieces(3), "1111111+2205 1113316+" + std::to_string(m_whole.size() - 1113316) + " end ");
+    EXPECT_EQ(Pieces(3),
+              "1111111+2205 1113316+" + std::to_string(m_whole.size() - 1113316) + " end ");
     m_session->RequestSeek(1'000'000'000);
     EXPECT_EQ(Pieces(1), "end ");
     m_session->RequestSeek(-7);

@@ -17,8 +17,8 @@ struct EventLog : PlayerEvents {
     }
     void OnTagInfo(const Text& Title, const Text& Artist, const Text& Album, const Text& Year,
                    const Text& Comment, const Text& Genre) override {
-        Note("tag=" +
-             Utf8(Title + u"/" + Artist + u"/" + Album + u"/" + Year + u"/" + Comment + u"/" + Genre));
+        Note("tag=" + Utf8(Title + u"/" + Artist + u"/" + Album + u"/" + Year + u"/" + Comment +
+                           u"/" + Genre));
     }
     void OnTrackLength(Long Length) override {
         LengthMs = Length;
@@ -32,7 +32,9 @@ struct EventLog : PlayerEvents {
     virtual void Note(const std::string& what) { Told += what + " "; }
 
     /// Whether the track has told its end.
-    [[nodiscard]] bool HasEnded() const { return !Positions.empty() && Positions.back() == LengthMs; }
+    [[nodiscard]] bool HasEnded() const {
+        return !Positions.empty() && Positions.back() == LengthMs;
+    }
 
     std::string Told; ///< All but `OnVisData`.
     Long LengthMs = -1;

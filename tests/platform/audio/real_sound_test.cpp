@@ -36,8 +36,8 @@ TEST_F(RealSoundTest, VolumeAndSeekAreHeardBeforeWhatWasQueuedAndWhatIsLostComes
     EXPECT_TRUE(isHeard(quiet, 200));
     const std::string inputs = server.Ask("list sink-inputs");
     for (const char* fact :
-         {"application.name = \"Velora\"", "application.icon_name = \"velora\"", "media.role = \"music\"",
-          "media.name = \"Moon\"", "Volume: front-left: 65536 / 100%"})
+         {"application.name = \"Velora\"", "application.icon_name = \"velora\"",
+          "media.role = \"music\"", "media.name = \"Moon\"", "Volume: front-left: 65536 / 100%"})
         EXPECT_NE(inputs.find(fact), std::string::npos) << fact << " in " << inputs;
     percent = 100;
     m_player->SetVolume(percent);

@@ -1,5 +1,5 @@
-// The scope against tones whose spectrum is known: which lines raise which bar, how high, and how bars and
-// peaks go down again.
+// The scope against tones whose spectrum is known: which lines raise which bar, how high, and how
+// bars and peaks go down again.
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
@@ -10,8 +10,9 @@ namespace {
 
 class ScopeTest : public ::testing::Test {
 protected:
-    /// Shows a tone that falls on one line of the spectrum, from a sixth of its period on: so it has both a
-    /// real and an imaginary part, and the last line, which gets both halves of its tone, is no louder.
+    /// Shows a tone that falls on one line of the spectrum, from a sixth of its period on: so it
+    /// has both a real and an imaginary part, and the last line, which gets both halves of its
+    /// tone, is no louder.
     void Show(int rateHz, int line, double amplitude, std::int64_t atMs) {
         SampleFrame frame;
         frame.RateHz = rateHz;

@@ -1,6 +1,6 @@
-// The player's core by a clock that the rows move: commands and a reader's work go in, and what the sound
-// server is told and the player's events come out. A second has 2,000 frames, and samples are the numbers of
-// their frames, so that the journal shows which piece of the track goes where.
+// The player's core by a clock that the rows move: commands and a reader's work go in, and what the
+// sound server is told and the player's events come out. A second has 2,000 frames, and samples are
+// the numbers of their frames, so that the journal shows which piece of the track goes where.
 #include <numeric>
 #include <poll.h>
 #include <sstream>
@@ -231,7 +231,8 @@ TEST_P(TransportTest, GoesAsItsRowSays) {
     std::istringstream script(GetParam().Script);
     for (std::string word; script >> word;) {
         const std::size_t equals = word.find('=');
-        Do(word.substr(0, equals), equals == std::string::npos ? 1 : std::stoi(word.substr(equals + 1)));
+        Do(word.substr(0, equals),
+           equals == std::string::npos ? 1 : std::stoi(word.substr(equals + 1)));
     }
     EXPECT_EQ(m_pulse.Journal, GetParam().Journal + std::string(" "));
     m_outputs.reset();
@@ -261,12 +262,13 @@ const Row kRows[] = {
      "@700 cork flush ask p650 @900 p650"},
     {"PlacesWaitForTheScannedLength", "unknown play=500 scan=20000 run=300",
      "@500 length=10000 p500 @600 p600"},
-    {"AnEndThatWasSoughtWaitsForTheScan", "unknown play=300 seek=100 run=300 due scan=20000 run=100",
+    {"AnEndThatWasSoughtWaitsForTheScan",
+     "unknown play=300 seek=100 run=300 due scan=20000 run=100",
      "@300 find=200600 cork flush ask @600 due=never length=10000 p10000"},
     {"AnEndThatWasSoughtIsToldWhenTheScanFails", "unknown play=300 seek=100 run=100 noscan run=100",
      "@300 find=200600 cork flush ask @400 length=3240 p3240"},
-    {"AHoldAtTheLastMomentHoldsTheEnd", "frames=1300 length=1300 play=640 sleep=10000 pause run=700",
-     "@650 cork ask"},
+    {"AHoldAtTheLastMomentHoldsTheEnd",
+     "frames=1300 length=1300 play=640 sleep=10000 pause run=700", "@650 cork ask"},
     {"WhatWasPlayedToItsEndHasALength", "unknown frames=1300 play=600 run=900",
      "@651 length=650 p650 @1151 cork flush ask"},
     {"AFileLongerThanItsTagSaysEndsWithTheTagsLength", "length=700 frames=1300 play=100 run=700",
@@ -283,25 +285,30 @@ const Row kRows[] = {
      "p400"},
     {"NeverMoreThanFourSecondsAreQueued", "room=100000 play=0 queued run=300 queued",
      "queued=8000 @40 ask @200 ask p200 @300 queued=8400"},
-    {"OneFrameIsWorthWriting", "room=1 play=0 queued run=50 queued", "queued=1 @40 ask @50 queued=4"},
+    {"OneFrameIsWorthWriting", "room=1 play=0 queued run=50 queued",
+     "queued=1 @40 ask @50 queued=4"},
     {"AServerThatTellsNoRoomGetsNothing", "room=-2 play=100 room=-1 run=50 queued",
      "@140 ask @150 queued=6080"},
-    {"TheQueueIsFilledAcrossTheMemorysEnd", "watched=0 play=3900 queued volume=33 sum queued run=200 queued",
+    {"TheQueueIsFilledAcrossTheMemorysEnd",
+     "watched=0 play=3900 queued volume=33 sum queued run=200 queued",
      "@3900 queued=12000 w=7841..3960/-4160 sum=27346903 queued=3960 w=3960..4158 w=4158..4389 "
      "w=4389..4554 p3900 @4100 queued=4554"},
     {"ATrackThatRunsDryStandsAndGoesOn", "limit=900 play=500 run=500 due limit=99999 run=500",
      "@600 p450 @1000 due=0 @1040 ask @1200 ask p650 @1400 p850"},
     {"TheVolumeBeforeAStreamIsOpenIsThere",
-     "slow play=100 volume=-3 volume=107 volume=50 slow=0 run=100 queued", "@140 ask @200 queued=3040"},
+     "slow play=100 volume=-3 volume=107 volume=50 slow=0 run=100 queued",
+     "@140 ask @200 queued=3040"},
     {"TheVolumeIsWrittenAnewShortlyBehindWhatIsHeard",
      "play=500 volume=57 sum run=300 room=500 seek=-9 pump sum",
      "@500 w=1041..3876/-5760 sum=25750067 @600 p600 @800 find=0 cork flush ask uncork sum=290703"},
     {"TheVolumeLastsOverTracks", "play=500 volume=50 room=500 start facts pump queued",
      "@500 w=1041..3400/-5760 cork flush ask quit name=file.mp3 cork flush ask tag=///// "
      "stream=128/2000/2 length=10000 uncork queued=250"},
-    {"UnwatchedThePlaceIsToldOnceASecond", "watched=0 play=0 run=2600 watched=1 run=100 watched=1 run=200",
+    {"UnwatchedThePlaceIsToldOnceASecond",
+     "watched=0 play=0 run=2600 watched=1 run=100 watched=1 run=200",
      "@40 ask @240 ask @1000 p1000 @2000 p2000 @2600 p2600 @2800 p2800"},
-    {"AfterALateWakingPlacesKeepTheirDistance", "play=100 sleep=170000 pump due sleep=310000 pump due",
+    {"AfterALateWakingPlacesKeepTheirDistance",
+     "play=100 sleep=170000 pump due sleep=310000 pump due",
      "@270 ask p270 due=130000 @580 p580 due=100000"},
     {"TheScopeIsGivenFramesAheadOfTheirMoments", "seen play=370 seen=0 run=250 seen=1 pump frames?",
      "@396 vis=13 @400 p400 @429 vis=14 @462 vis=15 @495 vis=16 @528 vis=17 @561 vis=18 @594 vis=19 @600 "
@@ -337,22 +344,26 @@ const Row kRows[] = {
     {"AtTheSilentClockTimeStandsWhileHeld",
      "clock=10 play=300 pause run=100 due pause run=300 seek=2 run=300",
      "@400 due=never @600 p500 @700 find=5200 @900 p2800"},
-    {"TheSilentClockBeginsAnewWithEachTrack", "clock=10 play=300 pause stop run=500 start facts run=250",
+    {"TheSilentClockBeginsAnewWithEachTrack",
+     "clock=10 play=300 pause stop run=500 start facts run=250",
      "@800 quit tag=///// stream=128/2000/2 length=10000 @1000 p200"},
     {"AFastClockPlaysTheSameInLessTime", "clock=40 frames=9000 length=9000 play=100 run=1700 due",
      "@200 p800 @400 p1600 @600 p2400 @800 p3200 @1000 p4000 @1125 p4500 @1800 due=never"},
     {"TheSilentClockStandsWhereItRunsDry", "clock=10 limit=900 play=0 run=1000 limit=99999 run=500",
      "@200 p200 @400 p400 @600 p450 @1200 p650 @1400 p850"},
-    {"TheEndComesWhenTheSinkHasPlayedTheRest", "latency=100 frames=1300 length=1300 play=0 run=2000",
+    {"TheEndComesWhenTheSinkHasPlayedTheRest",
+     "latency=100 frames=1300 length=1300 play=0 run=2000",
      "@40 ask @200 ask p100 @400 p300 @600 p500 @751 p650 @1251 cork flush ask"},
     {"AnAnswerIsAsOldAsItsWay", "transport=30 play=0 run=300", "@40 ask @200 ask p230"},
-    {"ADamagedOrFailedAnswerIsNone", "corrupt play=0 run=300 corrupt=0 knows=0 run=200 knows=1 run=400",
+    {"ADamagedOrFailedAnswerIsNone",
+     "corrupt play=0 run=300 corrupt=0 knows=0 run=200 knows=1 run=400",
      "@40 ask @200 p0 @240 ask @440 ask @640 ask @800 ask p800"},
     {"AHeldPlaceIsKnownBeforeTheServerTellsIt", "play=450 mute pause seek=3 pump",
      "@450 cork ask find=6900 cork flush ask w=6901..7600"},
     {"ASuspendedSinkStands", "play=300 suspend run=500 suspend=0 run=500",
      "@300 ask @400 p300 @800 ask @1000 ask p500 @1200 p700"},
-    {"AnswersFromBeforeASeekDoNotCount", "play=300 mute seek=3 run=300 seek=1 run=300 mute=0 run=300",
+    {"AnswersFromBeforeASeekDoNotCount",
+     "play=300 mute seek=3 run=300 seek=1 run=300 mute=0 run=300",
      "@300 find=6600 cork flush ask w=6601..7300 uncork @340 ask @500 p3300 @540 ask @600 find=8600 cork "
      "flush ask w=8601..9300 uncork @640 ask @800 p4300 @840 ask @900 ask @1000 p4700"},
     {"AnotherFormatTakesAnotherStream", "play=100 stop mono start facts run=250 queued",
@@ -364,7 +375,8 @@ const Row kRows[] = {
     {"AHoldBeforeTheNewPlaceIsQueuedStaysHeld",
      "play=300 room=0 seek=3 pump pause run=100 pause run=100 room=-1 run=300",
      "@300 find=6600 cork flush ask cork ask @400 ask @500 w=6601..7300 uncork @540 ask @600 ask p3400"},
-    {"ANewTrackDoesNotWaitForTheServerOfTheOldOne", "play=300 kills pump stop due start facts run=250",
+    {"ANewTrackDoesNotWaitForTheServerOfTheOldOne",
+     "play=300 kills pump stop due start facts run=250",
      "@300 leave free due=never quit open=file.mp3 tag=///// stream=128/2000/2 length=10000 @340 ask "
      "@500 ask p200"},
     {"NothingOfATrackIsLeftForTheNext",

@@ -8,8 +8,8 @@ bool listens = false;
 
 std::string Line(QAccessibleInterface& control) {
     const QRect rect = control.rect();
-    QString line =
-        QString::asprintf("%d %d,%d %dx%d", control.role(), rect.x(), rect.y(), rect.width(), rect.height());
+    QString line = QString::asprintf("%d %d,%d %dx%d", control.role(), rect.x(), rect.y(),
+                                     rect.width(), rect.height());
     for (const auto kind :
          {QAccessible::Name, QAccessible::Help, QAccessible::Description, QAccessible::Value})
         line += "|" + control.text(kind);
@@ -17,9 +17,9 @@ std::string Line(QAccessibleInterface& control) {
     if (control.state().readOnly) line += " readonly";
     if (auto* action = control.actionInterface()) line += " " + action->actionNames().join(',');
     if (auto* value = control.valueInterface())
-        line +=
-            QString::asprintf(" %d-%d-%d by %d", value->minimumValue().toInt(), value->currentValue().toInt(),
-                              value->maximumValue().toInt(), value->minimumStepSize().toInt());
+        line += QString::asprintf(" %d-%d-%d by %d", value->minimumValue().toInt(),
+                                  value->currentValue().toInt(), value->maximumValue().toInt(),
+                                  value->minimumStepSize().toInt());
     const bool isLeaf = control.childCount() == 0 && control.indexOfChild(&control) == -1;
     return (line + (control.isValid() && isLeaf ? "" : " strange")).toStdString();
 }
@@ -27,8 +27,8 @@ std::string Line(QAccessibleInterface& control) {
 class QtAccessible : public QtWindowTest {
 protected:
     QtAccessible() {
-        m_window.LetSpeak(
-            {[this] { return m_spoken; }, [this](int x, int y) { Note(QString::asprintf("%d,%d", x, y)); }});
+        m_window.LetSpeak({[this] { return m_spoken; },
+                           [this](int x, int y) { Note(QString::asprintf("%d,%d", x, y)); }});
         m_window.move(100, 200);
     }
 
@@ -68,7 +68,8 @@ TEST_F(QtAccessible, FindsEachControlWithAllThatBelongsToIt) {
         EXPECT_EQ(Line(*control), lines[index]);
         EXPECT_EQ(window.indexOfChild(control), index);
         EXPECT_EQ(control->parent(), &window);
-        EXPECT_EQ(QAccessible::accessibleInterface(QAccessible::uniqueId(control)), control) << "registered";
+        EXPECT_EQ(QAccessible::accessibleInterface(QAccessible::uniqueId(control)), control)
+            << "registered";
         const QPoint corner = control->rect().bottomRight();
         EXPECT_EQ(window.childAt(corner.x(), corner.y()), control);
     }

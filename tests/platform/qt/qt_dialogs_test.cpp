@@ -1,4 +1,5 @@
-// The toolkit's dialogs as the program asks for them, and what its file chooser takes from its name field.
+// The toolkit's dialogs as the program asks for them, and what its file chooser takes from its name
+// field.
 #include "platform/qt/qt_dialogs.h"
 
 #include "platform/paths.h"
@@ -23,7 +24,8 @@ protected:
             m_chooser = &chooser;
             answer();
         });
-        return m_dialogs.ChooseFile(u"Select", directory, {{u"MP3 Files", u"*.mp3"}, {u"All", u"*.*"}});
+        return m_dialogs.ChooseFile(u"Select", directory,
+                                    {{u"MP3 Files", u"*.mp3"}, {u"All", u"*.*"}});
     }
 
     QLineEdit& Name() { return *m_chooser->findChild<QLineEdit*>("fileNameEdit"); }
@@ -44,13 +46,16 @@ protected:
 
 TEST_F(QtDialogsTest, AMessageHasTheAnswerThatWasGivenAndKeepsTheWindowFromClosing) {
     using enum MessageAnswer;
-    const auto ask = [&](MessageButtons buttons, MessageIcon icon, int button, MessageAnswer expected) {
+    const auto ask = [&](MessageButtons buttons, MessageIcon icon, int button,
+                         MessageAnswer expected) {
         QString shown;
         m_form.Caption = buttons == MessageButtons::Ok ? u"one" : u"two";
         WhenUp<QMessageBox>([&](QMessageBox& box) {
             shown = box.windowTitle() + "|" + box.text() +
-                    (box.textFormat() == Qt::PlainText ? "|" : "|rich") + QString::number(box.icon()) +
-                    (box.parentWidget() == &m_window ? "|before " + m_window.windowHandle()->title() : "") +
+                    (box.textFormat() == Qt::PlainText ? "|" : "|rich") +
+                    QString::number(box.icon()) +
+                    (box.parentWidget() == &m_window ? "|before " + m_window.windowHandle()->title()
+                                                     : "") +
                     (box.width() < 240 ? "|narrow" : "");
             for (const QAbstractButton* each : box.buttons())
                 shown += "|" + each->text();
@@ -80,9 +85,10 @@ TEST_F(QtDialogsTest, EachQuestionBeginsAnewWhereTheLastFileWasAndNoFileIsReadFo
                 shown = m_chooser->windowTitle() + "|" + m_chooser->nameFilters().join(";") + "|" +
                         m_chooser->selectedNameFilter() + "|" + Name().text() +
                         (Name().completer() ? "|proposals" : "") +
-                        (m_chooser->parentWidget() == &m_window && m_chooser->isWindow() ? "|owned|" : "|") +
-                        QString::number(m_chooser->fileMode() + m_chooser->options().toInt()) + "|" +
-                        QDir::home().relativeFilePath(m_chooser->directory().path());
+                        (m_chooser->parentWidget() == &m_window && m_chooser->isWindow() ? "|owned|"
+                                                                                         : "|") +
+                        QString::number(m_chooser->fileMode() + m_chooser->options().toInt()) +
+                        "|" + QDir::home().relativeFilePath(m_chooser->directory().path());
                 m_chooser->selectNameFilter("All (*)");
                 Enter(typed);
             },
@@ -96,7 +102,8 @@ TEST_F(QtDialogsTest, EachQuestionBeginsAnewWhereTheLastFileWasAndNoFileIsReadFo
     const std::string anew = "Select|MP3 Files (*.mp3);All (*)|MP3 Files||proposals|owned|57|";
     EXPECT_EQ(ask(u"", "", u""), anew + ".");
     m_home.Put("Music/e.mp3", "x");
-    EXPECT_EQ(ask(u"\\none", ".././some/b \"c\".mp3", m_home.PathText("some/b \"c\".mp3")), anew + "Music");
+    EXPECT_EQ(ask(u"\\none", ".././some/b \"c\".mp3", m_home.PathText("some/b \"c\".mp3")),
+              anew + "Music");
     EXPECT_EQ(ask(u"", "", u""), anew + "some");
     EXPECT_EQ(ask(m_home.PathText("mUSIC"), "../some", u""), anew + "Music");
 }
@@ -123,7 +130,8 @@ TEST_F(QtDialogsTest, ALateSelectionALateKeyAndAQuestionWithinAQuestionDoNoHarm)
         auto& view = *m_chooser->findChild<QAbstractItemView*>("listView");
         auto& model = *qobject_cast<QFileSystemModel*>(view.model());
         view.selectionModel()->select(model.index(QDir::home().filePath("some")),
-                                      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+                                      QItemSelectionModel::ClearAndSelect |
+                                          QItemSelectionModel::Rows);
         proposals->show();
         Enter("some/a.mp3");
         further = Choose([&] { m_chooser->reject(); });

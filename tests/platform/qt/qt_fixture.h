@@ -1,5 +1,5 @@
-// What the tests of the toolkit's part share: a hand on what comes up, and a window with a journal of what it
-// reports.
+// What the tests of the toolkit's part share: a hand on what comes up, and a window with a journal
+// of what it reports.
 #pragma once
 
 #include <QtWidgets>
@@ -20,7 +20,8 @@ inline PicturePtr Dots(const std::vector<QColor>& row) {
 inline std::string RectsOf(const QRegion& region) {
     QString text;
     for (const QRect& rect : region)
-        text += QString::asprintf(" [%d,%d %dx%d]", rect.x(), rect.y(), rect.width(), rect.height());
+        text +=
+            QString::asprintf(" [%d,%d %dx%d]", rect.x(), rect.y(), rect.width(), rect.height());
     return text.toStdString();
 }
 
@@ -35,8 +36,9 @@ protected:
 
     void OnPointer(const PointerEvent& event) override {
         const char* kinds[] = {"press", "move", "release", "lost"};
-        Note(QString::asprintf("%s %d,%d button %d held %d keys %d", kinds[static_cast<int>(event.Kind)],
-                               event.XPx, event.YPx, event.Button, event.Held, event.Shift));
+        Note(QString::asprintf("%s %d,%d button %d held %d keys %d",
+                               kinds[static_cast<int>(event.Kind)], event.XPx, event.YPx,
+                               event.Button, event.Held, event.Shift));
     }
     void OnTimer(const Timer& timer) override { m_ticked(timer); }
     void OnClose() override { Note("close"); }

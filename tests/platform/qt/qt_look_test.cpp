@@ -8,12 +8,15 @@ namespace {
 
 std::string Described(const std::optional<QFont>& font) {
     if (!font) return "none";
-    return font->family().toStdString() + "|" + QString::number(font->pointSizeF()).toStdString() + "|" +
-           std::to_string(font->weight()) + (font->italic() ? " italic" : "");
+    return font->family().toStdString() + "|" + QString::number(font->pointSizeF()).toStdString() +
+           "|" + std::to_string(font->weight()) + (font->italic() ? " italic" : "");
 }
 
 std::string Described(const DesktopLook& look) {
-    return std::string(!look.Dark ? "?" : *look.Dark ? "dark" : "light") + " " + Described(look.Font);
+    return std::string(!look.Dark   ? "?"
+                       : *look.Dark ? "dark"
+                                    : "light") +
+           " " + Described(look.Font);
 }
 
 } // namespace
@@ -44,12 +47,14 @@ TEST(QtLook, TheColourSchemeGoesBeforeTheThemesName) {
                 {0, "Slate-Dark", "", "dark none"},
                 {0, "", "", "? none"}};
     for (const auto& row : rows)
-        EXPECT_EQ(Described(LookOfSettings([&](const QString& space, const QString& key) -> QVariant {
-                      if (space == "org.freedesktop.appearance" && key == "color-scheme") return row.Scheme;
-                      if (space != "org.gnome.desktop.interface") return {};
-                      return key == "gtk-theme" ? row.Theme : key == "font-name" ? row.Font : QVariant();
-                  })),
-                  row.Look);
+        EXPECT_EQ(
+            Described(LookOfSettings([&](const QString& space, const QString& key) -> QVariant {
+                if (space == "org.freedesktop.appearance" && key == "color-scheme")
+                    return row.Scheme;
+                if (space != "org.gnome.desktop.interface") return {};
+                return key == "gtk-theme" ? row.Theme : key == "font-name" ? row.Font : QVariant();
+            })),
+            row.Look);
 }
 
 TEST(QtLook, ReadsTheFilesOfTheDesktop) {
@@ -59,7 +64,8 @@ TEST(QtLook, ReadsTheFilesOfTheDesktop) {
         bool Kde;
         const char *Content, *Look;
     } rows[] = {
-        {true, "[General]\nfont=Noto Sans,12,-1,5,50,0,0,0,0,0\n[Colors:Window]\nBackgroundNormal=42,46,50\n",
+        {true,
+         "[General]\nfont=Noto Sans,12,-1,5,50,0,0,0,0,0\n[Colors:Window]\nBackgroundNormal=42,46,50\n",
          "dark Noto Sans|12|400"},
         {true, "[Colors:Window]\nBackgroundNormal=128,128,128\n", "light none"},
         {true, "[Colors:Window]\nBackgroundNormal=127,127,127,9\n", "dark none"},
@@ -68,9 +74,12 @@ TEST(QtLook, ReadsTheFilesOfTheDesktop) {
         {true, "[Colors:Window]\nBackgroundNormal=1,1,255\n", "light none"},
         {true, "[General]\nfont=Noto Sans,1,-1,5,50,0,0,0,0,0\n", "? Noto Sans|1|400"},
         {true, "[General]\nfont=Noto Sans,-1,12,5,50,0,0,0,0,0\n", "? none"},
-        {false, "[Settings]\ngtk-theme-name=Slate\ngtk-font-name=Cantarell, 10\n", "light Cantarell|10|400"},
-        {false, "[Settings]\ngtk-application-prefer-dark-theme=1\ngtk-theme-name=Slate\n", "dark none"},
-        {false, "[Settings]\ngtk-application-prefer-dark-theme=0\ngtk-theme-name=Slate-dark\n", "dark none"},
+        {false, "[Settings]\ngtk-theme-name=Slate\ngtk-font-name=Cantarell, 10\n",
+         "light Cantarell|10|400"},
+        {false, "[Settings]\ngtk-application-prefer-dark-theme=1\ngtk-theme-name=Slate\n",
+         "dark none"},
+        {false, "[Settings]\ngtk-application-prefer-dark-theme=0\ngtk-theme-name=Slate-dark\n",
+         "dark none"},
     };
     for (const auto& row : rows) {
         home.Put(row.Kde ? "kdeglobals" : "gtk-3.0/settings.ini", row.Content);
@@ -86,11 +95,14 @@ TEST(QtLook, FollowsTheFilesWhereNoPortalTellsMore) {
         std::string colours;
         for (int role = 0; role <= QPalette::PlaceholderText; ++role)
             for (const auto group : {QPalette::Active, QPalette::Disabled})
-                colours += palette.color(group, static_cast<QPalette::ColorRole>(role)).name().toStdString();
+                colours += palette.color(group, static_cast<QPalette::ColorRole>(role))
+                               .name()
+                               .toStdString();
         return colours;
     };
     QtLook look;
-    home.Put("gtk-3.0/settings.ini", "[Settings]\ngtk-theme-name=Slate-dark\ngtk-font-name=Sans 12\n");
+    home.Put("gtk-3.0/settings.ini",
+             "[Settings]\ngtk-theme-name=Slate-dark\ngtk-font-name=Sans 12\n");
     look.Follow();
     EXPECT_EQ(
         shown(QApplication::palette()),

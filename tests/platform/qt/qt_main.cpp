@@ -1,5 +1,5 @@
-// The toolkit's part of the platform is tested without a display, on the toolkit's own offscreen platform,
-// with a home of its own and without a session bus, whatever the machine has.
+// The toolkit's part of the platform is tested without a display, on the toolkit's own offscreen
+// platform, with a home of its own and without a session bus, whatever the machine has.
 #include <QApplication>
 #include <cstdlib>
 #include <gtest/gtest.h>

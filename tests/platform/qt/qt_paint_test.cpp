@@ -57,15 +57,21 @@ protected:
     QtFonts m_fonts;
 };
 
-// Each pixel as a letter: the form's ground, black, the colours of the tests by their initials, 1 to 4 for
-// red on black by its strength, and for any other mixture a question mark.
+// Each pixel as a letter: the form's ground, black, the colours of the tests by their initials, 1
+// to 4 for red on black by its strength, and for any other mixture a question mark.
 char Letter(QColor colour) {
-    const std::pair<QColor, char> letters[] = {
-        {FormColour(), '_'},        {Qt::black, '.'}, {Qt::red, 'R'},   {QColor(0x56, 0x34, 0x12), 'f'},
-        {QColor(255, 255, 0), 'Y'}, {Qt::white, 'W'}, {Qt::green, 'G'}, {Qt::blue, 'B'}};
+    const std::pair<QColor, char> letters[] = {{FormColour(), '_'},
+                                               {Qt::black, '.'},
+                                               {Qt::red, 'R'},
+                                               {QColor(0x56, 0x34, 0x12), 'f'},
+                                               {QColor(255, 255, 0), 'Y'},
+                                               {Qt::white, 'W'},
+                                               {Qt::green, 'G'},
+                                               {Qt::blue, 'B'}};
     for (const auto& [known, letter] : letters)
         if (colour == QColor(known)) return letter;
-    return colour.green() == 0 && colour.blue() == 0 ? static_cast<char>('1' + colour.red() / 64) : '?';
+    return colour.green() == 0 && colour.blue() == 0 ? static_cast<char>('1' + colour.red() / 64)
+                                                     : '?';
 }
 
 std::string Letters(const QImage& image, QRect part) {
@@ -86,10 +92,12 @@ TEST_F(Paint, PicturesLieOnTheBlackSurfaceAtEachScaleAndOnlyTheDamageIsPainted) 
     Show(m_form.picPlay, 3, 0, Dots({Qt::blue, Qt::red, Qt::green}));
     EXPECT_EQ(Letters(Draw(), {0, 0, 7, 2}), ".GRBR__\n_______\n");
     EXPECT_EQ(Letters(Draw(3), {0, 2, 21, 2}), "...GGGRRRBBBRRR______\n_____________________\n");
-    EXPECT_NE(Letters(Draw(1.5), {0, 0, 8, 1}).find('?'), std::string::npos) << "smooth between whole scales";
+    EXPECT_NE(Letters(Draw(1.5), {0, 0, 8, 1}).find('?'), std::string::npos)
+        << "smooth between whole scales";
     Place(m_form.lblStatusLabel, 50, 0, 9, 9);
     Show(m_form.picEject, 4, 0, Dots({Qt::green, Qt::green, Qt::green}));
-    EXPECT_EQ(Letters(Draw(1, {2, 0, 6, 1}), {0, 0, 8, 2}), "__RBR___\n________\n") << "from back to front";
+    EXPECT_EQ(Letters(Draw(1, {2, 0, 6, 1}), {0, 0, 8, 2}), "__RBR___\n________\n")
+        << "from back to front";
 }
 
 TEST_F(Paint, LightsHaveTheirBorderInsideTheirForm) {
@@ -124,8 +132,10 @@ TEST_F(Paint, BarsAreTheHighestOfTheirBandsWithPeaksAboveThem) {
                                               ".....YYY.YYY.WWW.YYYY..\n"
                                               ".....YYY.YYY.YYY.WWWW..\n"
                                               ".YYY.YYY.YYY.YYY.YYYY..\n");
-    for (const auto& [widthPx, row] :
-         {std::pair<Long, const char*>(1, "W..\n"), {3, "WW.\n"}, {7, "WWWWWW.\n"}, {8, "WWW.YYY.\n"}}) {
+    for (const auto& [widthPx, row] : {std::pair<Long, const char*>(1, "W..\n"),
+                                       {3, "WW.\n"},
+                                       {7, "WWWWWW.\n"},
+                                       {8, "WWW.YYY.\n"}}) {
         Scope(widthPx, 8);
         EXPECT_EQ(Letters(Draw(), {2, 1, std::max<int>(widthPx, 3), 1}), row) << widthPx;
     }
@@ -134,7 +144,9 @@ TEST_F(Paint, BarsAreTheHighestOfTheirBandsWithPeaksAboveThem) {
 }
 
 TEST_F(Paint, TextStandsOnItsBaselineInOneFaceOfTwoSizesAndEndsAtTheLabel) {
-    const struct { int AskedPx, SizePx, BottomPx; } rows[] = {{9, 9, 16}, {10, 11, 18}, {11, 11, 18}};
+    const struct {
+        int AskedPx, SizePx, BottomPx;
+    } rows[] = {{9, 9, 16}, {10, 11, 18}, {11, 11, 18}};
     for (const auto& row : rows) {
         const QImage image = Write(u"HHHHHHHHHHHH", row.AskedPx);
         const std::string letters = Letters(image, {0, 0, 100, 40});
@@ -151,8 +163,10 @@ TEST_F(Paint, TextStandsOnItsBaselineInOneFaceOfTwoSizesAndEndsAtTheLabel) {
 
 TEST_F(Paint, ATextIsOneLineFromTheLeftWithoutControlCharacters) {
     const std::pair<Text, Text> rows[] = {
-        {u"a\nb\rc", u"a b c"}, {u"a\x1F.", u"a ."},   {u"a\x7F.", u"a ."},    {u"a\x9F.", u"a ."},
-        {u"a\u2028.", u"a ."},  {u"a\u2029.", u"a ."}, {u"a\uF05C.", u"a\\."}, {u"\u05D0!", u"\u200E\u05D0!"},
+        {u"a\nb\rc", u"a b c"}, {u"a\x1F.", u"a ."},
+        {u"a\x7F.", u"a ."},    {u"a\x9F.", u"a ."},
+        {u"a\u2028.", u"a ."},  {u"a\u2029.", u"a ."},
+        {u"a\uF05C.", u"a\\."}, {u"\u05D0!", u"\u200E\u05D0!"},
     };
     for (const auto& [text, same] : rows)
         EXPECT_EQ(Write(text), Write(same)) << QString::fromStdU16String(text).toStdString();

@@ -1,5 +1,5 @@
-// The window as the toolkit has it: what it reports of the mouse, how it stands and what is painted after
-// each change of the records, and what comes up in front of it.
+// The window as the toolkit has it: what it reports of the mouse, how it stands and what is painted
+// after each change of the records, and what comes up in front of it.
 #include "platform/regions.h"
 #include "qt_fixture.h"
 
@@ -27,8 +27,8 @@ protected:
         const QWindow& handle = *m_window.windowHandle();
         const bool isBare = handle.flags() & Qt::FramelessWindowHint;
         return QString::asprintf("%dx%d %s%s '%s'", m_window.width(), m_window.height(),
-                                 m_window.isMinimized() ? "minimised " : "", isBare ? "bare" : "framed",
-                                 qPrintable(handle.title()))
+                                 m_window.isMinimized() ? "minimised " : "",
+                                 isBare ? "bare" : "framed", qPrintable(handle.title()))
                    .toStdString() +
                RectsOf(m_window.mask()) + Painted() + " " + Taken();
     }
@@ -48,7 +48,8 @@ protected:
 TEST_F(QtWindowTest, ReportsTheMouseInWholePixelsWithButtonsAndKeys) {
     constexpr auto left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
     Mouse(MouseButtonPress, {3.9, 4.2}, left, left);
-    Mouse(MouseButtonRelease, {-.5, 7}, right, left | middle, Qt::ShiftModifier | Qt::ControlModifier);
+    Mouse(MouseButtonRelease, {-.5, 7}, right, left | middle,
+          Qt::ShiftModifier | Qt::ControlModifier);
     Mouse(MouseButtonDblClick, {8, -8.1}, middle, right | middle, Qt::AltModifier);
     Mouse(MouseButtonPress, {5, 6}, Qt::BackButton, Qt::BackButton);
     Mouse(MouseButtonRelease, {5, 6}, Qt::BackButton);
@@ -79,7 +80,8 @@ TEST_F(QtWindowShown, FollowsTheRecords) {
     EXPECT_EQ(Shown(), "384x254 framed '<" + std::string(999, 'x') + "' painted ");
     m_form.Caption = u"%1[*]";
     m_form.Region = Bands({{0, 0, 50, 30}, {20, 30, 500, 500}});
-    EXPECT_EQ(Shown(), "384x254 bare '%1[*]' [0,0 47x8] [17,8 367x246] painted [0,0 47x8] [17,8 367x246] ");
+    EXPECT_EQ(Shown(),
+              "384x254 bare '%1[*]' [0,0 47x8] [17,8 367x246] painted [0,0 47x8] [17,8 367x246] ");
     m_form.Region = Bands({{0, 0, 9, 9}});
     EXPECT_EQ(Shown(), "384x254 bare '%1[*]' [-1,-1 1x1] painted ") << "no pixel is to be seen";
     m_form.Region = nullptr;
@@ -91,7 +93,8 @@ TEST_F(QtWindowShown, FollowsTheRecords) {
     EXPECT_EQ(Shown(), "400x254 framed '%1[*]' painted seen with scope;");
     for (const std::string title : {"two", "three"}) {
         m_form.State = WindowState::Minimised;
-        EXPECT_EQ(Shown().substr(0, 17), "400x254 minimised") << "again after the platform's return";
+        EXPECT_EQ(Shown().substr(0, 17), "400x254 minimised")
+            << "again after the platform's return";
         m_form.Caption = QString::fromStdString(title).toStdU16String();
         m_form.picPlay.Visible = !m_form.picPlay.Visible;
         EXPECT_EQ(Shown(), "400x254 minimised framed '" + title + "' painted ");
@@ -120,15 +123,18 @@ TEST_F(QtWindowTest, ADragIsTheWindowsOwnFromThePressToTheRelease) {
 }
 
 TEST_F(QtWindowTest, TheMenuHasTheVisibleChildrenOfItsRoot) {
-    const MenuEntry menu[] = {{"", 0, u"other", true, true},   {"", 0, u"root", false, true},
-                              {"", 1, u"one", true, true},     {"", 2, u"deep", true, true},
-                              {"", 1, u"unseen", false, true}, {"", 1, u"-", true, true},
-                              {"", 1, u"grey", true, false},   {"", 1, u"last", true, true},
-                              {"", 0, u"another", true, true}, {"", 1, u"not its child", true, true}};
+    const MenuEntry menu[] = {
+        {"", 0, u"other", true, true},   {"", 0, u"root", false, true},
+        {"", 1, u"one", true, true},     {"", 2, u"deep", true, true},
+        {"", 1, u"unseen", false, true}, {"", 1, u"-", true, true},
+        {"", 1, u"grey", true, false},   {"", 1, u"last", true, true},
+        {"", 0, u"another", true, true}, {"", 1, u"not its child", true, true}};
     const auto choose = [&](std::size_t count, int chosen) {
         std::string shown;
         WhenUp<QMenu>([&](QMenu& popup) {
-            shown = popup.testAttribute(Qt::WA_NoMouseReplay) ? "" : "The press that dismisses it counts. ";
+            shown = popup.testAttribute(Qt::WA_NoMouseReplay)
+                        ? ""
+                        : "The press that dismisses it counts. ";
             for (const QAction* action : popup.actions())
                 shown += (action->isSeparator() ? "-" : action->text().toStdString()) +
                          (action->isEnabled() ? " " : "* ");
@@ -146,7 +152,8 @@ TEST_F(QtWindowTest, TheMenuHasTheVisibleChildrenOfItsRoot) {
 }
 
 TEST_F(QtWindowTest, OutsideItsShapeNothingIsPaintedWhateverWasThere) {
-    m_form.picBackground.Left = m_form.picBackground.Top = m_form.picPlay.Left = m_form.picPlay.Top = 2;
+    m_form.picBackground.Left = m_form.picBackground.Top = m_form.picPlay.Left =
+        m_form.picPlay.Top = 2;
     m_form.picBackground.Visible = m_form.picPlay.Visible = true;
     m_form.picPlay.Picture = Dots({QColor(0, 200, 0, 128)});
     m_form.Region = Bands({{3, 22, 13, 32}});
@@ -155,7 +162,8 @@ TEST_F(QtWindowTest, OutsideItsShapeNothingIsPaintedWhateverWasThere) {
     image.fill(Qt::red);
     m_window.render(&image, {}, QRegion(0, 0, 20, 20), QWidget::IgnoreMask);
     std::string colours;
-    for (const QPoint& place : {QPoint(10, 9), QPoint(9, 10), QPoint(9, 9), QPoint(1, 1), QPoint(4, 4)})
+    for (const QPoint& place :
+         {QPoint(10, 9), QPoint(9, 10), QPoint(9, 9), QPoint(1, 1), QPoint(4, 4)})
         colours += image.pixelColor(place).name(QColor::HexArgb).toStdString();
     EXPECT_EQ(colours, "#00000000#00000000#ff000000#ff3a6ea5#ff006400");
 }
