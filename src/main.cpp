@@ -59,8 +59,8 @@ void PrepareApplication() {
 // The state, and the scope that draws into its form: each knows the other.
 struct Logic {
     Logic(QtWindow& window, QtDialogs& dialogs, QtLoop& loop, QtPictures& pictures,
-          QtSystem& machine, AudioPlayer& player)
-        : State({window, dialogs, loop, pictures, machine, player, Scope}),
+          QtSystem& system, AudioPlayer& player)
+        : State({window, dialogs, loop, pictures, system, player, Scope}),
           Scope(player.Ring(), State.frmMain.VFmp3scope1.Bars) {}
 
     Velora State;
@@ -94,18 +94,18 @@ int main(int count, char** arguments) {
     QtDialogs dialogs(window);
     QtPictures pictures;
     ClickSound click;
-    QtSystem machine(commandLine, [&](const Text& path) { return click.PlayAndWait(path); });
-    Logic logic(window, dialogs, loop, pictures, machine, player);
+    QtSystem system{commandLine, [&](const Text& path) { return click.PlayAndWait(path); }};
+    Logic logic(window, dialogs, loop, pictures, system, player);
     Velora& velora = logic.State;
     FormHandlers formHandlers(velora);
     PlayerHandlers playerHandlers(velora);
 
-    machine.Attach(window);
+    system.Attach(window);
     player.Attach(playerHandlers);
     window.Attach(velora.frmMain, formHandlers,
                   [&](bool seen, bool scopeSeen) { player.SetSight(seen, scopeSeen); });
     loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
-    window.LetSpeak(
+    window.Accessibility().Attach(
         {[&] { return SpokenControls(velora); },
          [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(formHandlers, xPx, yPx); }); }});
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
@@ -113,9 +113,9 @@ int main(int count, char** arguments) {
     Form_Load(velora);
     window.AfterFirstPaint = [&] {
         ShowProgramIcon();
-        click.Prepare(machine.ApplicationDirectory() + u"\\click.wav");
+        click.Prepare(system.ApplicationDirectory() + u"\\click.wav");
     };
     window.ShowFirst();
     loop.Run();
-    machine.EndProcess();
+    system.EndProcess();
 }

@@ -1,11 +1,10 @@
-// Every answer is worked out from the records at the moment of the question: nothing here can be
-// stale.
+// The toolkit's interfaces keep no state of a control: each question looks into the kept controls.
 #include "platform/qt/qt_accessible.h"
 
 #include <QAccessibleWidget>
 #include <algorithm>
 #include <map>
-#include <optional>
+#include <utility>
 
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_window.h"
@@ -26,8 +25,8 @@ QAccessible::Role RoleOf(SpokenRole role) {
     return QAccessible::NoRole;
 }
 
-// One control of the form. It stays registered when a skin takes the control away; it is invisible
-// then.
+// One control of the form. A screen reader may hold on to it, so it stays when a skin takes the
+// control away, and says then that it is invisible.
 class ControlInterface : public QAccessibleInterface,
                          public QAccessibleActionInterface,
                          public QAccessibleValueInterface {
@@ -48,7 +47,7 @@ public:
     QAccessible::Role role() const override { return RoleOf(m_role); }
 
     QString text(QAccessible::Text kind) const override {
-        const std::optional<SpokenControl> spoken = Spoken();
+        const SpokenControl* spoken = Spoken();
         if (!spoken) return {};
         if (kind == QAccessible::Name) return ToQString(spoken->Name);
         if (kind == QAccessible::Help || kind == QAccessible::Description)
@@ -57,7 +56,7 @@ public:
     }
 
     QRect rect() const override {
-        const std::optional<SpokenControl> spoken = Spoken();
+        const SpokenControl* spoken = Spoken();
         if (!spoken) return {};
         const Rect& place = spoken->Place;
         return QRect(m_window.mapToGlobal(QPoint(place.Left, place.Top)),
@@ -83,23 +82,23 @@ public:
     QStringList actionNames() const override { return {pressAction()}; }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& action) override {
-        const std::optional<SpokenControl> spoken = Spoken();
+        const SpokenControl* spoken = Spoken();
         if (action != pressAction() || !spoken) return;
-        m_window.SpokenBy().Press((spoken->Place.Left + spoken->Place.Right) / 2,
-                                  (spoken->Place.Top + spoken->Place.Bottom) / 2);
+        m_window.Accessibility().Press(*spoken);
     }
 
-    QVariant currentValue() const override { return Spoken().value_or(SpokenControl{}).Value; }
+    QVariant currentValue() const override { return Spoken() ? Spoken()->Value : 0; }
     void setCurrentValue(const QVariant&) override {}
-    QVariant maximumValue() const override { return Spoken().value_or(SpokenControl{}).Most; }
+    QVariant maximumValue() const override { return Spoken() ? Spoken()->Most : 0; }
     QVariant minimumValue() const override { return 0; }
     QVariant minimumStepSize() const override { return 1; }
 
 private:
-    std::optional<SpokenControl> Spoken() const {
-        for (SpokenControl& spoken : m_window.SpokenBy().Controls())
-            if (spoken.ControlName == m_name) return std::move(spoken);
-        return std::nullopt;
+    // Null while the control is invisible.
+    const SpokenControl* Spoken() const {
+        for (const SpokenControl& spoken : m_window.Accessibility().Controls())
+            if (spoken.ControlName == m_name) return &spoken;
+        return nullptr;
     }
 
     QtWindow& m_window;
@@ -107,7 +106,7 @@ private:
     SpokenRole m_role;
 };
 
-// The window itself; its children are what the records show now.
+// The window itself; its children are the visible controls.
 class WindowInterface : public QAccessibleWidget {
 public:
     explicit WindowInterface(QtWindow& window)
@@ -116,18 +115,16 @@ public:
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Name ? QStringLiteral("Velora") : QAccessibleWidget::text(kind);
     }
-    int childCount() const override {
-        return static_cast<int>(m_window.SpokenBy().Controls().size());
-    }
+    int childCount() const override { return static_cast<int>(Controls().size()); }
 
     QAccessibleInterface* child(int index) const override {
-        const std::vector<SpokenControl> controls = m_window.SpokenBy().Controls();
+        const std::vector<SpokenControl>& controls = Controls();
         if (index < 0 || static_cast<std::size_t>(index) >= controls.size()) return nullptr;
         return InterfaceOf(controls[static_cast<std::size_t>(index)]);
     }
 
     int indexOfChild(const QAccessibleInterface* child) const override {
-        const std::vector<SpokenControl> controls = m_window.SpokenBy().Controls();
+        const std::vector<SpokenControl>& controls = Controls();
         for (std::size_t index = 0; index < controls.size(); ++index)
             if (InterfaceOf(controls[index]) == child) return static_cast<int>(index);
         return -1;
@@ -135,7 +132,7 @@ public:
 
     QAccessibleInterface* childAt(int x, int y) const override {
         const QPoint point = m_window.mapFromGlobal(QPoint(x, y));
-        for (const SpokenControl& spoken : m_window.SpokenBy().Controls())
+        for (const SpokenControl& spoken : Controls())
             if (spoken.Place.Holds(point.x(), point.y())) return InterfaceOf(spoken);
         return nullptr;
     }
@@ -151,6 +148,10 @@ public:
     }
 
 private:
+    const std::vector<SpokenControl>& Controls() const {
+        return m_window.Accessibility().Controls();
+    }
+
     QtWindow& m_window;
     mutable std::map<std::string_view, ControlInterface*> m_children;
 };
@@ -162,25 +163,39 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 
 } // namespace
 
-void InstallAccessibility() {
+void QtAccessibility::Attach(SpokenSource source) {
+    m_source = std::move(source);
+    Forget();
     QAccessible::installFactory(MakeInterface);
 }
 
-void AnnounceChanges(QtWindow& window, const std::vector<SpokenControl>& before,
-                     const std::vector<SpokenControl>& now) {
-    auto* itself = dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&window));
+const std::vector<SpokenControl>& QtAccessibility::Controls() {
+    if (!m_isBuilt && m_source.Controls) m_controls = m_source.Controls();
+    m_isBuilt = true;
+    return m_controls;
+}
+
+void QtAccessibility::Press(const SpokenControl& control) const {
+    m_source.Press((control.Place.Left + control.Place.Right) / 2,
+                   (control.Place.Top + control.Place.Bottom) / 2);
+}
+
+void QtAccessibility::AnnounceChanges() {
+    if (!QAccessible::isActive() || Controls() == m_told) return;
+    const std::vector<SpokenControl> before = std::exchange(m_told, Controls());
+    auto* itself = dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&m_window));
     if (!itself) return;
-    for (const SpokenControl& spoken : now) {
+    for (const SpokenControl& now : m_told) {
         const auto old = std::find_if(before.begin(), before.end(), [&](const SpokenControl& each) {
-            return each.ControlName == spoken.ControlName;
+            return each.ControlName == now.ControlName;
         });
-        QAccessibleInterface* control = itself->InterfaceOf(spoken);
-        if (old == before.end() || old->Name != spoken.Name) {
+        QAccessibleInterface* control = itself->InterfaceOf(now);
+        if (old == before.end() || old->Name != now.Name) {
             QAccessibleEvent event(control, QAccessible::NameChanged);
             QAccessible::updateAccessibility(&event);
         }
-        if (old != before.end() && old->Value != spoken.Value) {
-            QAccessibleValueChangeEvent event(control, spoken.Value);
+        if (old != before.end() && old->Value != now.Value) {
+            QAccessibleValueChangeEvent event(control, now.Value);
             QAccessible::updateAccessibility(&event);
         }
     }

@@ -1,5 +1,5 @@
-// The bridge to screen readers: the window's controls as children that the toolkit knows nothing
-// of.
+// What a screen reader finds in the window. To the toolkit the window is one widget without
+// content; here each visible control of the form becomes a child of it.
 #pragma once
 
 #include <functional>
@@ -9,18 +9,41 @@
 
 class QtWindow;
 
-/// What the bridge asks of the program.
+/// What accessibility needs of the rest of the program.
 struct SpokenSource {
+    /// The visible controls as the records are now. Each call builds all of them.
     std::function<std::vector<SpokenControl>()> Controls;
-    /// Has the left button pressed and released at a point of the client area, as a hand would,
-    /// later.
+    /// Has the left button pressed and released at a point of the client area, as the mouse would
+    /// do it. Returns first; the press comes later.
     std::function<void(int xPx, int yPx)> Press;
 };
 
-/// Lets the toolkit know that a `QtWindow` has an interface of its own. Nothing of it is made until
-/// a screen reader asks. Called once.
-void InstallAccessibility();
+/// The controls of one window as screen readers are told of them. A question builds them, and they
+/// are kept until the records may have changed.
+class QtAccessibility {
+public:
+    explicit QtAccessibility(QtWindow& window) : m_window(window) {}
 
-/// Tells a screen reader, if one listens, how `now` differs from `before`.
-void AnnounceChanges(QtWindow& window, const std::vector<SpokenControl>& before,
-                     const std::vector<SpokenControl>& now);
+    /// From now on screen readers find the controls of `source`; before, a window without content.
+    void Attach(SpokenSource source);
+
+    /// The records may have changed: the next question builds the controls again.
+    void Forget() { m_isBuilt = false; }
+
+    /// The visible controls. The reference is valid until `Forget`.
+    [[nodiscard]] const std::vector<SpokenControl>& Controls();
+
+    /// Presses the left button in the middle of `control`.
+    void Press(const SpokenControl& control) const;
+
+    /// Tells a screen reader which names and values differ from those told last. Costs nothing
+    /// while no screen reader listens.
+    void AnnounceChanges();
+
+private:
+    QtWindow& m_window;
+    SpokenSource m_source;
+    std::vector<SpokenControl> m_controls;
+    bool m_isBuilt = false;
+    std::vector<SpokenControl> m_told; ///< Empty until a screen reader listens.
+};

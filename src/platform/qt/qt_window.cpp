@@ -1,7 +1,7 @@
-// Showing never changes a record, but for the window state, which the platform changes too.
+// The window only reads the records, but for the window's state, which the platform can change,
+// too.
 #include "platform/qt/qt_window.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
@@ -57,29 +57,17 @@ Integer ShiftSet(Qt::KeyboardModifiers keys) {
 
 QtWindow::QtWindow(QtLoop& loop) : m_loop(loop) {
     setAttribute(Qt::WA_TranslucentBackground);
-    // A move without a button tells of a release that got lost.
+    // If a release gets lost, the next move without a button tells it.
     setMouseTracking(true);
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
 }
 
-void QtWindow::Attach(Form& form, FormEvents& events, std::function<void(bool, bool)> tellSight) {
+void QtWindow::Attach(Form& form, FormEvents& events,
+                      std::function<void(bool, bool)> tellVisibility) {
     m_form = &form;
     m_events = &events;
-    m_tellSight = std::move(tellSight);
-}
-
-void QtWindow::LetSpeak(SpokenSource source) {
-    m_spokenBy = std::move(source);
-    InstallAccessibility();
-}
-
-void QtWindow::Speak() {
-    if (!QAccessible::isActive() || !m_spokenBy.Controls) return;
-    std::vector<SpokenControl> now = m_spokenBy.Controls();
-    if (now == m_spoken) return;
-    AnnounceChanges(*this, m_spoken, now);
-    m_spoken = std::move(now);
+    m_tellVisibility = std::move(tellVisibility);
 }
 
 void QtWindow::ShowFirst() {
@@ -92,25 +80,27 @@ void QtWindow::ShowFirst() {
     ShowCaption(m_shown);
     CentreOnScreen();
     show();
-    TellSight(m_shown);
+    TellVisibility(m_shown);
 }
 
 void QtWindow::Present() {
+    m_accessibility.Forget();
     if (!m_isUp) return;
-    // Dialogs are placed by it.
+    // Dialogs open where the handle is.
     PlaceHandle();
     Scene now = SceneOf(*m_form);
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
-    // Painting at once also sends it; the toolkit's sync would let events in. Damage that still
-    // waits from earlier turns is painted along by the same call.
+    // Painting at once also sends it to the display; the toolkit's sync would let events happen.
+    // The call also paints what earlier events left to be painted.
     if (!damage.isEmpty()) repaint(damage);
 }
 
 void QtWindow::ShowChanges() {
+    m_accessibility.Forget();
     if (!m_isUp) return;
     if (m_form->State == WindowState::Minimised && m_shown.State == WindowState::Minimised) {
-        // Nothing else of a minimised window is seen; the rest is compared when it comes back.
+        // Nothing but the caption is visible; the rest is compared when the window comes back.
         if (m_form->Caption != m_shown.Caption) {
             m_shown.Caption = m_form->Caption;
             ShowCaption(m_shown);
@@ -121,7 +111,7 @@ void QtWindow::ShowChanges() {
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
     if (!damage.isEmpty()) update(damage);
-    Speak();
+    m_accessibility.AnnounceChanges();
 }
 
 QRegion QtWindow::TakeDamage(const Scene& now) {
@@ -133,7 +123,7 @@ QRegion QtWindow::TakeDamage(const Scene& now) {
     }
     if (now.Caption != m_shown.Caption) ShowCaption(now);
     if (now.State != m_shown.State && now.State == WindowState::Minimised) showMinimized();
-    TellSight(now);
+    TellVisibility(now);
     if (otherShape) return rect();
     QRegion damage;
     for (const Rect& rect : DamageBetween(m_shown, now))
@@ -148,13 +138,13 @@ void QtWindow::PlaceHandle() {
 }
 
 void QtWindow::ShowSize(const Scene& now) {
-    // A change of size would take the window to where the handle is.
+    // A change of size would move the window to where the handle is.
     PlaceHandle();
     setFixedSize(now.Client.Right, now.Client.Bottom);
 }
 
 void QtWindow::ShowFrame(const Scene& now) {
-    // On the handle, since the widget's own setter would hide the window and show it again.
+    // On the handle: the widget's setter would hide the window and show it again.
     windowHandle()->setFlag(Qt::FramelessWindowHint, now.Region != nullptr);
 }
 
@@ -170,25 +160,25 @@ void QtWindow::ShowShape(const Scene& now) {
     for (const Rect& row : rows)
         rectangles.push_back(ToQRect(row));
     m_shape.setRects(rectangles.data(), static_cast<int>(rectangles.size()));
-    // An empty mask would show the whole window; a shape without a pixel shows nothing of it.
+    // To the toolkit an empty mask is none, and the whole window would be visible.
     setMask(m_shape.isEmpty() ? QRegion(-1, -1, 1, 1) : m_shape);
 }
 
 void QtWindow::ShowCaption(const Scene& now) {
-    // The widget's own setter would read place-holders and append the program's name.
+    // The widget's setter would replace [*] in the text and append the program's name.
     windowHandle()->setTitle(ToQString(TextView(now.Caption).substr(0, kMostCaption)));
 }
 
-void QtWindow::TellSight(const Scene& now) {
-    const bool window = now.State == WindowState::Normal;
-    const bool scope =
-        window && std::any_of(now.Figures.begin(), now.Figures.end(), [](const Figure& figure) {
-            return figure.Kind == ControlKind::Scope;
-        });
-    if (window == m_wasWindowSeen && scope == m_wasScopeSeen) return;
-    m_wasWindowSeen = window;
-    m_wasScopeSeen = scope;
-    m_tellSight(window, scope);
+void QtWindow::TellVisibility(const Scene& now) {
+    const bool isWindowVisible = now.State == WindowState::Normal;
+    const bool isScopeVisible =
+        isWindowVisible &&
+        std::any_of(now.Figures.begin(), now.Figures.end(),
+                    [](const Figure& figure) { return figure.Kind == ControlKind::Scope; });
+    if (isWindowVisible == m_isWindowVisible && isScopeVisible == m_isScopeVisible) return;
+    m_isWindowVisible = isWindowVisible;
+    m_isScopeVisible = isScopeVisible;
+    m_tellVisibility(isWindowVisible, isScopeVisible);
 }
 
 void QtWindow::CentreOnScreen() {
@@ -222,11 +212,11 @@ void QtWindow::ShowToolTip(QHelpEvent& event) {
 
 void QtWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowStateChange && m_isUp) {
-        // The platform restores a minimised window; without this a second minimise would show no
-        // difference.
+        // Not only we change the state. Without this a window that the user brought back could not
+        // be minimised again, since the record would still say so.
         m_form->State = isMinimized() ? WindowState::Minimised : WindowState::Normal;
         m_shown.State = m_form->State;
-        TellSight(m_shown);
+        TellVisibility(m_shown);
         m_loop.Handle([] {});
     }
     QWidget::changeEvent(event);
@@ -246,7 +236,7 @@ void QtWindow::paintEvent(QPaintEvent* event) {
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         painter.setClipRegion(m_shape & event->region());
     }
-    // Piece by piece: what lies between two distant changes need not be drawn.
+    // Piece by piece, so that nothing is drawn between two changes that are far from each other.
     for (const QRect& piece : event->region()) {
         painter.fillRect(piece, FormColour());
         PaintScene(painter, m_fonts, m_shown, FromQRect(piece));
@@ -286,11 +276,11 @@ void QtWindow::Report(PointerKind kind, const QMouseEvent& event, Integer button
 
 void QtWindow::BeginMove(Integer button) {
     QToolTip::hideText();
-    // The window manager is told the pointer's place as the handle sees it.
+    // The window manager is told where the pointer is, counted from the handle.
     PlaceHandle();
     if (button == kLeftButton && windowHandle()->startSystemMove()) return;
     m_movingButton = button;
-    // Not where the pointer is by now, or what it has gone since the press would be lost.
+    // From where the press was: the pointer has moved on since, and the window has to follow that.
     m_moveFrom = m_pressedAt - pos();
 }
 
@@ -305,9 +295,10 @@ bool QtWindow::FollowPointer(const QMouseEvent& event) {
 }
 
 std::size_t QtWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {
+    m_accessibility.Forget();
     FollowDesktop();
     QMenu popup;
-    // The press that dismisses the menu goes nowhere.
+    // A press beside the menu only closes it.
     popup.setAttribute(Qt::WA_NoMouseReplay);
     for (std::size_t index = root + 1; index < menu.size() && menu[index].Level > menu[root].Level;
          ++index) {

@@ -1,4 +1,4 @@
-// The one window: shows scenes of the form's records and reports the pointer.
+// The one window: shows what the form's records say, and reports the mouse.
 #pragma once
 
 #include <QWidget>
@@ -14,35 +14,36 @@
 
 class QHelpEvent;
 
-/// The client area of frmMain on a real display. All is painted on this one surface.
+/// The client area of frmMain on a real display. The controls are no widgets: all of them are
+/// painted on this one.
 class QtWindow : public QWidget, public Window {
 public:
     explicit QtWindow(QtLoop& loop);
 
-    /// The form that the window shows and who is told. `tellSight` is called whenever the window or
-    /// the visualisation in it begins or ceases to be on the screen.
+    /// Called once, before all else: the form to show, and who hears of the mouse and of the wish
+    /// to close. `tellVisibility` is called whenever the window or the visualisation in it becomes
+    /// visible or invisible; a minimised window is invisible.
     void Attach(Form& form, FormEvents& events,
-                std::function<void(bool window, bool scope)> tellSight);
+                std::function<void(bool isWindowVisible, bool isScopeVisible)> tellVisibility);
 
-    /// What screen readers are told, and how they press. Without it they see a window without
-    /// content.
-    void LetSpeak(SpokenSource source);
-    [[nodiscard]] const SpokenSource& SpokenBy() const { return m_spokenBy; }
+    /// What screen readers are told of this window.
+    [[nodiscard]] QtAccessibility& Accessibility() { return m_accessibility; }
 
     void Present() override;
     void ShowFirst() override;
     void BeginMove(Integer button) override;
-    std::size_t PopupMenu(std::span<const MenuEntry> menu, std::size_t root) override;
+    [[nodiscard]] std::size_t PopupMenu(std::span<const MenuEntry> menu, std::size_t root) override;
 
-    /// Shows what differs from what was shown last; what has to be painted is left to the toolkit's
-    /// next turn. The loop calls it after each event.
+    /// Compares the form with what was shown last, and has the toolkit paint what differs in its
+    /// next turn. The loop calls it after each event. Nothing happens before `ShowFirst`.
     void ShowChanges();
 
-    /// Gives what is about to open the desktop's look.
+    /// Gives dialogs, menus and tool tips the look that the desktop has now. Called before each of
+    /// them opens.
     void FollowDesktop() { m_look.Follow(); }
 
-    /// Runs once, on the loop, when the window has been painted for the first time: the place for
-    /// what can come a moment later.
+    /// Called once, on the loop, after the window has been painted for the first time: for work
+    /// that may be done a moment later than the start.
     std::function<void()> AfterFirstPaint;
 
 protected:
@@ -56,35 +57,37 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
-    void Speak();
+    /// Shows size, frame, shape, caption and state where they differ from what was shown last; what
+    /// has to be painted is the result.
     [[nodiscard]] QRegion TakeDamage(const Scene& now);
     void ShowFrame(const Scene& now);
     void ShowShape(const Scene& now);
     void ShowSize(const Scene& now);
-    /// Takes the handle to where the widget is. What a window manager does with a new window can
-    /// leave it at another place, without a word to the widget.
+    /// Moves the handle (the window as the platform has it) to where the widget says that it is. A
+    /// window manager can put a new window at another place without the widget being told.
     void PlaceHandle();
     void ShowCaption(const Scene& now);
-    void TellSight(const Scene& now);
+    void TellVisibility(const Scene& now);
     void ShowToolTip(QHelpEvent& event);
     void Report(PointerKind kind, const QMouseEvent& event, Integer button);
+    /// Moves the window with the mouse if `BeginMove` left that to us; then nobody else may hear of
+    /// the event, and the result is true.
     [[nodiscard]] bool FollowPointer(const QMouseEvent& event);
     void CentreOnScreen();
 
     QtLoop& m_loop;
     QtFonts m_fonts;
     QtLook m_look;
+    QtAccessibility m_accessibility{*this};
     Form* m_form = nullptr;
     FormEvents* m_events = nullptr;
-    std::function<void(bool, bool)> m_tellSight;
-    SpokenSource m_spokenBy;
-    std::vector<SpokenControl> m_spoken; ///< As told last; empty while no screen reader listens.
-    bool m_wasWindowSeen = false;
-    bool m_wasScopeSeen = false;
+    std::function<void(bool, bool)> m_tellVisibility;
+    bool m_isWindowVisible = false; ///< As told last, like the next.
+    bool m_isScopeVisible = false;
     Scene m_shown;
-    QRegion m_shape; ///< The region in client pixels; used only while one is set.
-    bool m_isUp = false;
-    Integer m_movingButton = kNoButton; ///< The button whose release ends a move made by ourselves.
+    QRegion m_shape;     ///< The form's region in client pixels; used only while it has one.
+    bool m_isUp = false; ///< Whether `ShowFirst` was called.
+    Integer m_movingButton = kNoButton; ///< Held while we move the window; none otherwise.
     QPoint m_pressedAt;                 ///< Where on the screen the last press was.
-    QPoint m_moveFrom;
+    QPoint m_moveFrom; ///< The place of that press in the window, counted from its frame.
 };

@@ -71,7 +71,7 @@ TEST_F(QtDialogsTest, AMessageHasTheAnswerThatWasGivenAndKeepsTheWindowFromClosi
         EXPECT_EQ(ask(MessageButtons::YesNo, MessageIcon::Question, button, answer),
                   "Velora|<b>Hi|4|before two|&Yes|&No");
     EXPECT_FALSE(m_window.close());
-    EXPECT_EQ(Taken(), "seen without scope;") << "not from inside the toolkit's call";
+    EXPECT_EQ(Taken(), "window visible;") << "not from inside the toolkit's call";
     m_loop.Turn();
     EXPECT_EQ(Taken(), "close;") << "and not while a dialog is up";
 }

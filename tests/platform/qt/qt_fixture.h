@@ -29,7 +29,7 @@ class QtWindowTest : public testing::Test, public FormEvents {
 protected:
     QtWindowTest() {
         m_window.Attach(m_form, *this, [this](bool window, bool scope) {
-            Note(!window ? "unseen" : scope ? "seen with scope" : "seen without scope");
+            Note(!window ? "invisible" : scope ? "scope visible" : "window visible");
         });
         m_loop.Attach(m_form, *this, [this] { m_window.ShowChanges(); });
     }

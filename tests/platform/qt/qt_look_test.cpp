@@ -13,10 +13,8 @@ std::string Described(const std::optional<QFont>& font) {
 }
 
 std::string Described(const DesktopLook& look) {
-    return std::string(!look.Dark   ? "?"
-                       : *look.Dark ? "dark"
-                                    : "light") +
-           " " + Described(look.Font);
+    const std::string colours = !look.Dark ? "?" : *look.Dark ? "dark" : "light";
+    return colours + " " + Described(look.Font);
 }
 
 } // namespace

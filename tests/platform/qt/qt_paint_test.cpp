@@ -140,7 +140,7 @@ TEST_F(Paint, BarsAreTheHighestOfTheirBandsWithPeaksAboveThem) {
         EXPECT_EQ(Letters(Draw(), {2, 1, std::max<int>(widthPx, 3), 1}), row) << widthPx;
     }
     Scope(std::numeric_limits<Long>::max(), 30);
-    EXPECT_EQ(Letters(Draw(), {99, 1, 2, 1}), "W_\n") << "as far as it is seen";
+    EXPECT_EQ(Letters(Draw(), {99, 1, 2, 1}), "W_\n") << "as far as it is visible";
 }
 
 TEST_F(Paint, TextStandsOnItsBaselineInOneFaceOfTwoSizesAndEndsAtTheLabel) {

@@ -69,13 +69,13 @@ TEST_F(QtWindowShown, FollowsTheRecords) {
     EXPECT_FALSE(m_window.windowHandle()) << "nothing is there before the start-up is done";
     m_window.ShowFirst();
     EXPECT_EQ(m_window.pos(), QPoint(208, 273)) << "in the middle";
-    EXPECT_EQ(Shown(), "384x254 bare 'one' [0,0 10x10] painted [0,0 384x254] seen with scope;");
+    EXPECT_EQ(Shown(), "384x254 bare 'one' [0,0 10x10] painted [0,0 384x254] scope visible;");
     m_form.Region = nullptr;
     EXPECT_EQ(Shown(), "384x254 framed 'one' painted [0,0 384x254] ");
     m_form.picPlay.Picture = m_form.picEject.Picture = Dots({Qt::red});
     EXPECT_EQ(Shown(), "384x254 framed 'one' painted [16,16 33x33] [216,16 33x33] ");
     m_form.VFmp3scope1.Visible = false;
-    EXPECT_EQ(Shown(), "384x254 framed 'one' painted [296,16 33x33] seen without scope;");
+    EXPECT_EQ(Shown(), "384x254 framed 'one' painted [296,16 33x33] window visible;");
     m_form.Caption = u"<" + Text(2000, u'x');
     EXPECT_EQ(Shown(), "384x254 framed '<" + std::string(999, 'x') + "' painted ");
     m_form.Caption = u"%1[*]";
@@ -83,14 +83,14 @@ TEST_F(QtWindowShown, FollowsTheRecords) {
     EXPECT_EQ(Shown(),
               "384x254 bare '%1[*]' [0,0 47x8] [17,8 367x246] painted [0,0 47x8] [17,8 367x246] ");
     m_form.Region = Bands({{0, 0, 9, 9}});
-    EXPECT_EQ(Shown(), "384x254 bare '%1[*]' [-1,-1 1x1] painted ") << "no pixel is to be seen";
+    EXPECT_EQ(Shown(), "384x254 bare '%1[*]' [-1,-1 1x1] painted ") << "no pixel is visible";
     m_form.Region = nullptr;
     m_form.Width += 16 * kTwipsPerPixel;
     EXPECT_EQ(Shown(), "400x254 framed '%1[*]' painted [0,0 400x254] ");
     m_form.VFmp3scope1.Visible = true;
     m_window.Present();
     EXPECT_EQ(Painted(), " painted [296,16 33x33]") << "before it returns";
-    EXPECT_EQ(Shown(), "400x254 framed '%1[*]' painted seen with scope;");
+    EXPECT_EQ(Shown(), "400x254 framed '%1[*]' painted scope visible;");
     for (const std::string title : {"two", "three"}) {
         m_form.State = WindowState::Minimised;
         EXPECT_EQ(Shown().substr(0, 17), "400x254 minimised")
@@ -99,7 +99,7 @@ TEST_F(QtWindowShown, FollowsTheRecords) {
         m_form.picPlay.Visible = !m_form.picPlay.Visible;
         EXPECT_EQ(Shown(), "400x254 minimised framed '" + title + "' painted ");
         m_window.showNormal();
-        EXPECT_EQ(Shown(), "400x254 framed '" + title + "' painted [16,16 33x33] seen with scope;");
+        EXPECT_EQ(Shown(), "400x254 framed '" + title + "' painted [16,16 33x33] scope visible;");
     }
 }
 
