@@ -1,4 +1,4 @@
-// What a file chooser is asked, whoever shows it.
+// The question for a file, as both choosers take it: the desktop's and the toolkit's.
 #pragma once
 
 #include <QByteArray>
@@ -9,6 +9,6 @@
 
 struct FileQuestion {
     QString Title;
-    QByteArray Directory; ///< Where to begin; the bytes of a path.
-    std::vector<FilterRow> Rows;
+    QByteArray Directory;        ///< Shown first; the bytes of a path.
+    std::vector<FilterRow> Rows; ///< The kinds of files to choose from, the first one chosen.
 };

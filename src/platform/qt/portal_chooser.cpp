@@ -1,4 +1,4 @@
-// All calls are asynchronous: a portal that hangs must hold up neither the window nor the sound.
+// All calls are asynchronous: a portal that hangs must not stop the window.
 #include "platform/qt/portal_chooser.h"
 
 #include <QApplication>
@@ -19,10 +19,10 @@ namespace {
 constexpr char kChooser[] = "org.freedesktop.portal.FileChooser";
 constexpr char kRequest[] = "org.freedesktop.portal.Request";
 
-// How long the portal may take to accept the question; it may have to be started for it.
+// How long the portal may take to accept the question. The bus may have to start it first.
 constexpr int kPatienceMs = 3000;
 
-// A kind of files in the portal's own form, a(sa(us)); kind 0 is a pattern.
+// A row of file types in the portal's form, which the bus calls a(sa(us)). Kind 0 is a pattern.
 struct PortalGlob {
     uint Kind = 0;
     QString Pattern;
@@ -39,7 +39,7 @@ QDBusArgument& operator<<(QDBusArgument& out, const PortalGlob& glob) {
     return out;
 }
 
-// Filters are only sent, but the toolkit wants both ways.
+// The toolkit wants both ways, but filters are only sent.
 const QDBusArgument& operator>>(const QDBusArgument& in, PortalGlob&) {
     return in;
 }
@@ -55,8 +55,8 @@ const QDBusArgument& operator>>(const QDBusArgument& in, PortalFilter&) {
     return in;
 }
 
-// The window that the chooser belongs to, as portals name it. A Wayland surface has to be exported
-// first, for which the toolkit has no public call; the chooser then stands for itself.
+// The window that the chooser belongs to, as portals name it. On Wayland a window has no such name
+// unless it is exported, and the toolkit has no public call for that: there it belongs to none.
 QString WindowName(const QWidget* owner) {
     if (!owner || QGuiApplication::platformName() != QStringLiteral("xcb")) return {};
     return QStringLiteral("x11:") + QString::number(owner->winId(), 16);
@@ -66,7 +66,7 @@ QVariantMap Options(const FileQuestion& question, const QString& token) {
     QVariantMap options{{QStringLiteral("handle_token"), token},
                         {QStringLiteral("modal"), true},
                         {QStringLiteral("multiple"), false},
-                        // Such a path ends with a NUL there.
+                        // The portal wants a NUL at the end of this path.
                         {QStringLiteral("current_folder"), question.Directory + '\0'}};
     QList<PortalFilter> filters;
     for (const FilterRow& row : question.Rows)
@@ -93,7 +93,7 @@ QString PortalPattern(const Text& pattern) {
 }
 
 QByteArray PathOfUri(const QString& uri) {
-    // Not through QUrl, which has no place for bytes that are no UTF-8.
+    // QUrl would lose the bytes of a path that isn't UTF-8.
     const QByteArray bytes = uri.toUtf8();
     if (!bytes.toLower().startsWith("file://")) return {};
     const qsizetype path = bytes.indexOf('/', 7);
@@ -124,7 +124,7 @@ PortalAnswer PortalRequest::Ask(const FileQuestion& question) {
 
     const QString token = QStringLiteral("velora") + QUuid::createUuid().toString(QUuid::Id128);
     const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
-    // Known before the call, so that not even the quickest answer is missed.
+    // Before the question is sent, so that a quick answer isn't missed.
     Listen(QString::fromLatin1(kPortalPath) + QStringLiteral("/request/") + sender +
            QLatin1Char('/') + token);
     Send(question, token);
@@ -149,11 +149,11 @@ void PortalRequest::Send(const FileQuestion& question, const QString& token) {
     connect(accepted, &QDBusPendingCallWatcher::finished, this, [this, accepted] {
         const QDBusPendingReply<QDBusObjectPath> reply = *accepted;
         if (reply.isError()) {
-            // It may only have been slow; its chooser must not come up beside ours.
+            // It may only be slow: its chooser must not open beside the toolkit's.
             CloseRequest();
             Finish(PortalOutcome::NoPortal);
         } else if (reply.value().path() != m_requestPath) {
-            // Old portals choose the request's name themselves.
+            // Old portals answer at a path of their own choice.
             Listen(reply.value().path());
         }
     });

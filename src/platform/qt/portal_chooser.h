@@ -1,6 +1,5 @@
-// The desktop's own file chooser, asked for over the session bus: the portal
-// org.freedesktop.portal.FileChooser (https://flatpak.github.io/xdg-desktop-portal/docs/). The bus
-// isn't spoken to before a file is asked for.
+// The desktop's own file chooser, a service on the session bus: the portal
+// org.freedesktop.portal.FileChooser (https://flatpak.github.io/xdg-desktop-portal/docs/).
 #pragma once
 
 #include <QByteArray>
@@ -13,37 +12,37 @@
 enum class PortalOutcome {
     Chosen,
     Cancelled,
-    NoPortal ///< None is there, it can't choose files, it doesn't answer, or it went away
-             ///< meanwhile.
+    NoPortal ///< None is there, it can't choose files, it is silent, or it ended meanwhile.
 };
 
 struct PortalAnswer {
     PortalOutcome Outcome = PortalOutcome::NoPortal;
-    QByteArray Path; ///< Of the chosen file, byte for byte.
+    QByteArray Path; ///< Of the chosen file, byte for byte; empty if none was chosen.
 };
 
-/// Asks the portal and returns when the user has answered; everything else goes on, and `owner` is
-/// blocked as by a dialog of the toolkit. Without an owner the chooser is centred by the desktop.
+/// Asks the portal and returns when the user has answered. Meanwhile events go on, and `owner` is
+/// blocked as by a dialog of the toolkit. `owner` may be null; the desktop then places the chooser.
 [[nodiscard]] PortalAnswer AskPortal(QWidget* owner, const FileQuestion& question);
 
-/// A row's pattern for the portal, which minds the case of letters: `*.mp3` is `*.[mM][pP]3`; `*.*`
-/// is `*`.
+/// A `FilterRow`'s pattern in the portal's form. There letters match in their own case only, so
+/// `*.mp3` becomes `*.[mM][pP]3`; and `*.*` would want a point, so it becomes `*`.
 [[nodiscard]] QString PortalPattern(const Text& pattern);
 
 /// The bytes of the path that a `file:` URI names; empty for any other URI.
 [[nodiscard]] QByteArray PathOfUri(const QString& uri);
 
-/// The toolkit's part in the question: an unseen dialog that blocks the window and waits for the
-/// answer.
+/// One question to the portal. It is a dialog of the toolkit that is never visible: it blocks the
+/// owner and waits for the answer, as a visible one would.
 class PortalRequest : public QDialog {
     Q_OBJECT
 public:
     explicit PortalRequest(QWidget* owner);
 
+    /// As `AskPortal`, once. Needs a session bus.
     [[nodiscard]] PortalAnswer Ask(const FileQuestion& question);
 
 public slots:
-    /// The request's one signal. `response`: 0 chosen, 1 cancelled, 2 closed some other way.
+    /// The portal's answer. `response`: 0 chosen, 1 cancelled, 2 closed in some other way.
     void OnResponse(uint response, const QVariantMap& results);
 
 private:

@@ -1,4 +1,4 @@
-// Each dialog runs a loop of the toolkit's own, in which everything else goes on.
+// Each dialog runs an event loop of the toolkit, so timers and the player go on meanwhile.
 #include "platform/qt/qt_dialogs.h"
 
 #include <QDir>
@@ -20,7 +20,7 @@ namespace {
 
 constexpr char kApplicationName[] = "Velora";
 
-// A short text alone would make a box so narrow that its caption is cut.
+// With a short text the box would be too narrow for its caption.
 void MakeRoomForCaption(QMessageBox& box) {
     constexpr int kLeastWidthPx = 240;
     if (auto* grid = dynamic_cast<QGridLayout*>(box.layout()))
@@ -30,7 +30,8 @@ void MakeRoomForCaption(QMessageBox& box) {
 
 } // namespace
 
-// A dialog that belongs to a window which never came up would not be centred on anything.
+// Prepares the opening of a dialog. Before the window is visible the dialog belongs to none: the
+// toolkit would centre it on a window that is nowhere.
 QWidget* QtDialogs::Owner() {
     m_owner.Present();
     ShowProgramIcon();

@@ -1,4 +1,4 @@
-// The modal dialogs: the toolkit's own and, for files, the desktop's where it has one.
+// The modal dialogs: the toolkit's, but for files the desktop's own chooser where there is one.
 #pragma once
 
 #include <QByteArray>
@@ -11,8 +11,8 @@ class ToolkitChooser;
 
 class QtDialogs : public Dialogs {
 public:
-    /// `owner` is the window that the dialogs block once it shows. It is presented before each
-    /// dialog.
+    /// `owner` is the window in front of which the dialogs open, and which they block, once it is
+    /// visible. Each dialog has it show its records first.
     explicit QtDialogs(QtWindow& owner) : m_owner(owner) {}
 
     MessageAnswer MessageBox(const Text& text, MessageButtons buttons, MessageIcon icon) override;
@@ -25,7 +25,7 @@ private:
     [[nodiscard]] QByteArray FirstDirectory(const Text& directory) const;
 
     QtWindow& m_owner;
-    QByteArray m_lastDirectory;          ///< Of the file chosen last; empty before.
-    bool m_noPortal = false;             ///< Known since the first question.
+    QByteArray m_lastDirectory;          ///< Of the file chosen last; empty before the first.
+    bool m_noPortal = false;             ///< The portal failed once; it isn't asked again.
     ToolkitChooser* m_chooser = nullptr; ///< Made when first needed.
 };

@@ -1,5 +1,5 @@
-// The package installs the face outside the folders that the font system looks in, hence by its
-// file.
+// The package puts the file outside the folders where the font system looks for fonts, so it is
+// loaded by its path.
 #include "platform/qt/qt_fonts.h"
 
 #include <QFontDatabase>
@@ -26,10 +26,10 @@ const QFont& QtFonts::FontOf(int sizePx) {
 QFont QtFonts::MakeFont(int sizePx) {
     QFont font(m_family);
     font.setPixelSize(sizePx);
-    // Grey edges: coloured ones would be wrong on a transparent window.
+    // Edges in grey: coloured ones need to know the ground, and this window has transparent parts.
     font.setStyleStrategy(
         static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
-    // Full hinting rounds each letter's width, and the face falls apart at these sizes.
+    // Full hinting rounds the width of each letter, which looks bad at these sizes.
     font.setHintingPreference(QFont::PreferVerticalHinting);
     return font;
 }

@@ -1,12 +1,13 @@
-// The two sizes of the one face that the labels are written in.
+// The font of the labels, in its two sizes.
 #pragma once
 
 #include <QFont>
 
-/// The labels' font at 11 or 9 pixels: Tahoma from its file, or Liberation Sans. The file is read
-/// when the first text is drawn.
+/// Tahoma from its file, or Liberation Sans where that file is missing. The file is read when the
+/// first text is drawn.
 class QtFonts {
 public:
+    /// The font at 9 pixels for a size up to 9, else at 11.
     [[nodiscard]] const QFont& FontOf(int sizePx);
 
 private:

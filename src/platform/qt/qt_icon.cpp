@@ -1,4 +1,4 @@
-// The window need not wait for its icon, so it isn't set before one shows.
+// Reading the icon takes time, so it is set once the window is visible, or before a first dialog.
 #include "platform/qt/qt_icon.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-// First the portal, which most desktops fill; then the files that tell the rest.
+// Most desktops tell their look by the portal; files tell what the portal doesn't.
 #include "platform/qt/qt_look.h"
 
 #include <QApplication>
@@ -22,7 +22,7 @@ const QString kInterface = QStringLiteral("org.gnome.desktop.interface");
 
 using SettingsMap = QMap<QString, QVariantMap>;
 
-// A dark theme says so in its name alone.
+// Only the name of a theme tells that it is dark.
 std::optional<bool> DarkOfTheme(const QString& theme) {
     if (theme.isEmpty()) return std::nullopt;
     return theme.endsWith(QStringLiteral("dark"), Qt::CaseInsensitive);
@@ -37,7 +37,8 @@ DesktopLook LookOfKdeglobals(const QString& path) {
         look.Dark =
             QColor(colour[0].toInt() & 255, colour[1].toInt() & 255, colour[2].toInt() & 255)
                 .lightness() < 128;
-    // A list to the reader, since it has commas. Its section is the reader's unnamed one.
+    // A font is written with commas, so QSettings reads a list, which is joined again here. Its
+    // section is [General], whose keys QSettings gives without the section's name.
     const QString name = file.value(QStringLiteral("font")).toStringList().join(QLatin1Char(','));
     QFont font;
     if (!name.isEmpty() && font.fromString(name) && font.pointSizeF() > 0) look.Font = font;
@@ -58,7 +59,7 @@ DesktopLook LookOfGtk(const QString& path) {
 
 QPalette DarkPalette() {
     const QColor text(0xee, 0xee, 0xee), faint(0x80, 0x80, 0x80), base(0x20, 0x20, 0x20);
-    // The toolkit derives edges and shadows from these two.
+    // From these two the toolkit makes the colours of edges and shadows.
     QPalette palette(QColor(0x3a, 0x3a, 0x3a), QColor(0x2d, 0x2d, 0x2d));
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
@@ -119,7 +120,7 @@ LookOfSettings(const std::function<QVariant(const QString& space, const QString&
 DesktopLook LookOfFiles(const QString& directory, bool keepsKdeglobals) {
     const QString path = directory + (keepsKdeglobals ? QStringLiteral("/kdeglobals")
                                                       : QStringLiteral("/gtk-3.0/settings.ini"));
-    // Anything but a plain file could hold the program up.
+    // Reading anything but a plain file could take for ever.
     if (!QFileInfo(path).isFile()) return {};
     return keepsKdeglobals ? LookOfKdeglobals(path) : LookOfGtk(path);
 }
@@ -134,7 +135,7 @@ DesktopLook QtLook::AskPortal() {
     call.setAutoStartService(false);
     const QDBusMessage reply = bus.call(call, QDBus::Block, kPatienceMs);
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) {
-        // One that isn't there may come; one that is silent would hold up every dialog.
+        // A portal that isn't there may come later. A silent one would delay every dialog.
         m_portalAnswers = reply.errorName() != QStringLiteral("org.freedesktop.DBus.Error.NoReply");
         return {};
     }

@@ -1,6 +1,6 @@
 // Dialogs, the menu and tool tips look like the desktop's: light or dark, and in its font. The
-// toolkit would settle that at the start, with libraries that double its time; here it is found out
-// when something opens.
+// toolkit could do that at the start, but its libraries for it would double the time of the start;
+// here the desktop is asked when something opens.
 #pragma once
 
 #include <QFont>
@@ -10,30 +10,31 @@
 #include <functional>
 #include <optional>
 
-/// What a desktop says about its look; what it doesn't say is left to the toolkit.
+/// What a desktop tells of its look. Without `Dark` it is light, without `Font` the font stays.
 struct DesktopLook {
     std::optional<bool> Dark;
     std::optional<QFont> Font;
 };
 
-/// A font as the desktop's settings name it, as in "Noto Sans Bold 11": family, style, size in
-/// points. Nothing if it has no family or no size.
+/// The font of a name such as "Noto Sans Bold 11": family, style, size in points from 1 to 200.
+/// Nothing if family or size is missing.
 [[nodiscard]] std::optional<QFont> FontOfName(const QString& name);
 
-/// The look that the settings portal's answer tells. `value` gives a setting by name space and key,
-/// invalid where there is none (org.freedesktop.appearance, org.gnome.desktop.interface).
+/// The look by the desktop's settings. `value` gives the setting of a name space
+/// (org.freedesktop.appearance, org.gnome.desktop.interface) and a key, or an invalid value.
 [[nodiscard]] DesktopLook
 LookOfSettings(const std::function<QVariant(const QString& space, const QString& key)>& value);
 
-/// The look that the files of a desktop tell: `kdeglobals` if it is the one that keeps that file,
-/// else `gtk-3.0/settings.ini`, below `directory`.
+/// The look by the desktop's file below `directory`: `kdeglobals` if the desktop keeps one, else
+/// `gtk-3.0/settings.ini`. Nothing is told by a file that isn't there.
 [[nodiscard]] DesktopLook LookOfFiles(const QString& directory, bool keepsKdeglobals);
 
+/// Keeps the program's look like the desktop's.
 class QtLook {
 public:
     /// Gives the program the look that the desktop has now. Called before each dialog, menu and
-    /// tool tip. The portal of the settings is only asked while it runs, and for a fifth of a
-    /// second at most.
+    /// tool tip. Asks the portal, which isn't started for it and has a fifth of a second to answer;
+    /// one that was silent once isn't asked again. What it doesn't tell is read from files.
     void Follow();
 
 private:

@@ -1,5 +1,5 @@
-// A timer of the toolkit does not fire again while its own slot runs, so a tick is only posted from
-// there.
+// A timer of the toolkit doesn't fire again while its own slot runs. A tick may wait in a nested
+// loop, so the slot only posts an event, and the tick happens there.
 #include "platform/qt/qt_loop.h"
 
 #include <QCoreApplication>
@@ -100,7 +100,7 @@ void QtLoop::RunDueTasks() {
     while (!m_later.empty() && m_later.begin()->first <= NowMs()) {
         const std::function<void()> task = std::move(m_later.begin()->second);
         m_later.erase(m_later.begin());
-        // As with the timers: a task that waits must not hold up the others.
+        // First, since the task may wait in a nested loop: then the others must not wait with it.
         ScheduleTick();
         Handle(task);
     }
@@ -109,8 +109,7 @@ void QtLoop::RunDueTasks() {
 void QtLoop::TickDueTimers() {
     if (!m_form) return;
     while (const Timer* timer = m_schedule.TakeDue(*m_form, NowMs())) {
-        // The next tick is set before the handler: one that waits must not hold up the other
-        // timers.
+        // First, since the handler may wait in a nested loop: then the other timers go on.
         ScheduleTick();
         Handle([&] { m_events->OnTimer(*timer); });
     }

@@ -1,4 +1,4 @@
-// The loop on the toolkit's: tasks from any thread, the form's timers, waits that nest.
+// The loop, built on the toolkit's: tasks from any thread, the form's timers, waits that nest.
 #pragma once
 
 #include <QObject>
@@ -13,14 +13,15 @@
 #include "state/form_events.h"
 #include "state/timers.h"
 
-/// Lives as long as the application object. Each posted task and each tick is an event of its own,
-/// so that a nested loop goes on with the next one while a handler waits.
+/// May be made before the application object, which everything but `Attach`, `Post` and `NowMs`
+/// needs. Each posted task and each tick is an event of its own: while one waits, the next ones go
+/// on in the nested loop.
 class QtLoop : public QObject, public Loop {
 public:
     QtLoop();
 
-    /// The form whose timers tick and who is told. `afterEvent` shows the form: it is called after
-    /// each task and tick, and before each wait.
+    /// The form whose timers tick, and who is told of the ticks. `afterEvent` shows the form: it is
+    /// called after each task, tick and `Handle`, and before each wait.
     void Attach(const Form& form, FormEvents& events, std::function<void()> afterEvent);
 
     void Run() override;
@@ -30,8 +31,8 @@ public:
     void Post(std::function<void()> task) override;
     void PostIn(std::int64_t delayMs, std::function<void()> task) override;
 
-    /// Has `handler` run now, then shows the form and looks at the timers. Whatever calls into the
-    /// system from an event of the toolkit goes through here.
+    /// Runs `handler` now, then shows the form and follows its timers. Every event of the toolkit
+    /// that calls into the rest of the system goes through here.
     void Handle(const std::function<void()>& handler);
 
 protected:
@@ -48,9 +49,8 @@ private:
     std::function<void()> m_afterEvent;
     TimerSchedule m_schedule;
     QTimer m_tick;
-    std::optional<std::int64_t> m_tickDueMs; ///< Empty while `m_tick` rests.
-    std::multimap<std::int64_t, std::function<void()>>
-        m_later; ///< By the moment at which each is due.
+    std::optional<std::int64_t> m_tickDueMs; ///< Empty while `m_tick` is stopped.
+    std::multimap<std::int64_t, std::function<void()>> m_later; ///< By the time each is due, in ms.
     std::mutex m_mutex;
-    std::deque<std::function<void()>> m_tasks;
+    std::deque<std::function<void()>> m_tasks; ///< The one member that `m_mutex` guards.
 };

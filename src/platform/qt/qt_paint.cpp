@@ -1,5 +1,5 @@
-// Pictures keep hard pixels at whole scales; texts, lights and bars use the screen's own
-// resolution.
+// On a screen with more device pixels than skin pixels texts, lights and bars are drawn in device
+// pixels. Pictures are scaled: smoothly, but at a whole scale each pixel becomes a sharp square.
 #include "platform/qt/qt_paint.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kBarPitchPx = 4;
 
-// A colour number has its red in the low byte.
+// Red is the lowest byte of a colour number.
 QColor ToColour(Long colour) {
     return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
@@ -27,7 +27,8 @@ void PaintPicture(QPainter& painter, const Figure& figure) {
     painter.drawImage(QPoint(figure.Place.Left, figure.Place.Top), picture.Image);
 }
 
-// What is laid out: no more characters than the label has pixels, control characters as blanks.
+// The text to draw. Control characters are blanks, and the length is limited by the label's pixels,
+// since nobody draws a text of megabytes for a window of some hundred pixels.
 QString ShownText(const Figure& figure) {
     Text text =
         figure.Caption.substr(0, static_cast<std::size_t>(figure.Place.Right - figure.Place.Left));
@@ -48,7 +49,7 @@ void PaintText(QPainter& painter, QtFonts& fonts, const Figure& figure) {
     painter.drawText(QPointF(figure.Place.Left, figure.Place.Top + baselinePx), ShownText(figure));
 }
 
-// The rectangle that a form fills: square forms keep their sides equal, centred.
+// The rectangle that a shape fills; for square shapes the square in the middle of it.
 QRectF FormRect(const Figure& figure) {
     QRectF rect(ToQRect(figure.Place));
     const bool square = figure.Form == ShapeForm::Square || figure.Form == ShapeForm::Circle ||
@@ -87,7 +88,7 @@ float HighestOf(const std::array<float, ScopeBars::kCount>& bands, int bar, int 
 
 void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) {
     painter.fillRect(ToQRect(figure.Place), Qt::black);
-    // A skin can give it any width, so multiples of that need more room.
+    // 64 bits: a skin may give any width, and it is multiplied below.
     const std::int64_t widthPx = figure.Place.Right - figure.Place.Left;
     const int heightPx = figure.Place.Bottom - figure.Place.Top;
     const int bars =

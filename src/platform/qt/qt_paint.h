@@ -1,4 +1,4 @@
-// How each figure of a scene looks.
+// Paints the figures of a scene.
 #pragma once
 
 #include <QPainter>
@@ -6,9 +6,9 @@
 #include "platform/qt/qt_fonts.h"
 #include "state/scene.h"
 
-/// Draws the figures of `scene` that touch `damage`, from back to front, in skin pixels. The
-/// painter's clip is the caller's: the damage and the window's shape.
+/// Draws what `damage` covers of the figures of `scene`, from back to front, in skin pixels. The
+/// ground, and a clip to the window's shape, are the caller's.
 void PaintScene(QPainter& painter, QtFonts& fonts, const Scene& scene, const Rect& damage);
 
-/// The form's own ground, seen where nothing covers it.
+/// The form's own colour, visible where no control covers it.
 [[nodiscard]] QColor FormColour();

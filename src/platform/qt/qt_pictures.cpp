@@ -1,4 +1,5 @@
-// Detection by the toolkit would try every plugin; naming the format loads one at the most.
+// Left to itself the toolkit loads every plugin to find a file's format. So the format is found
+// here and named, which loads one plugin at most.
 #include "platform/qt/qt_pictures.h"
 
 #include <QBuffer>
@@ -68,7 +69,7 @@ std::optional<QtPictures::FileIdentity> QtPictures::IdentityOf(const Text& path)
                         static_cast<std::int64_t>(facts.st_ino), facts.st_size, changedNs};
 }
 
-void QtPictures::ForgetTheDead() {
+void QtPictures::ForgetUnused() {
     std::erase_if(m_decoded, [](const auto& entry) { return entry.second.expired(); });
 }
 
@@ -77,7 +78,7 @@ PicturePtr QtPictures::LoadPicture(const Text& path) {
     if (!identity) return nullptr;
     if (const auto known = m_decoded.find(*identity); known != m_decoded.end())
         if (const PicturePtr twin = known->second.lock()) {
-            // The newest of the twins is the one that lives longest, as a rule.
+            // The newer picture is the one to know, since as a rule it is in use for longer.
             PicturePtr picture =
                 std::make_shared<QtPicture>(static_cast<const QtPicture&>(*twin).Image);
             known->second = picture;
@@ -86,7 +87,7 @@ PicturePtr QtPictures::LoadPicture(const Text& path) {
     const std::optional<std::string> bytes = ReadFileBytes(path, kMostFileBytes);
     QImage image = bytes ? DecodePicture(*bytes) : QImage();
     if (image.isNull()) return nullptr;
-    ForgetTheDead();
+    ForgetUnused();
     PicturePtr picture = std::make_shared<QtPicture>(std::move(image));
     m_decoded[*identity] = picture;
     return picture;

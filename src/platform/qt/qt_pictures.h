@@ -1,5 +1,4 @@
-// Picture files by the toolkit's readers, each asked for by name after a look at the file's first
-// bytes.
+// Loads picture files with the toolkit's readers.
 #pragma once
 
 #include <QImage>
@@ -12,7 +11,7 @@
 
 #include "platform/picture.h"
 
-/// A picture with its pixels, premultiplied; one device pixel is one skin pixel.
+/// A picture with its pixels, premultiplied. One pixel of the image is one skin pixel.
 class QtPicture : public LoadedPicture {
 public:
     explicit QtPicture(QImage image)
@@ -21,23 +20,24 @@ public:
     const QImage Image;
 };
 
-/// The picture that these bytes of a file are; the null image if they are none within the limits.
+/// The picture in the bytes of a file, by its first bytes a BMP, GIF, JPEG, PNG or ICO. The null
+/// image if it is none, or one of more than 64 MiB, that is 4096 by 4096 pixels.
 [[nodiscard]] QImage DecodePicture(std::string_view bytes);
 
-/// Files that haven't changed since they were decoded for a picture that still lives are not
-/// decoded again: a skin names most of its files twice. The pictures are different ones all the
-/// same.
+/// A skin names most of its files twice. So a file isn't decoded again while a picture made of it
+/// is in use and the file hasn't changed. Each load is a new picture all the same; the two share
+/// their pixels.
 class QtPictures : public Pictures {
 public:
     [[nodiscard]] PicturePtr LoadPicture(const Text& path) override;
 
 private:
-    /// What makes a file the one that was decoded: device, number, size, time of change in
-    /// nanoseconds.
+    /// Tells whether a file is the one that was decoded, unchanged: device, inode, size, time of
+    /// the last change in nanoseconds.
     using FileIdentity = std::array<std::int64_t, 4>;
 
     [[nodiscard]] static std::optional<FileIdentity> IdentityOf(const Text& path);
-    void ForgetTheDead();
+    void ForgetUnused();
 
     std::map<FileIdentity, std::weak_ptr<const LoadedPicture>> m_decoded;
 };

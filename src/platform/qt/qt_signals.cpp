@@ -1,4 +1,5 @@
-// A signal handler may do next to nothing, so it only writes to a descriptor that the loop watches.
+// A signal handler may do almost nothing, so it only writes to a descriptor on which the loop
+// waits.
 #include "platform/qt/qt_signals.h"
 
 #include <QSocketNotifier>
@@ -9,7 +10,7 @@
 
 namespace {
 
-// A handler gets no argument of ours; this is all that it knows.
+// Global, since a signal handler gets no argument that could tell it.
 volatile std::sig_atomic_t wakeDescriptor = -1;
 
 extern "C" void OnEndSignal(int) {

@@ -1,8 +1,9 @@
-// The signals by which a desktop ends a program, brought onto the loop.
+// The signals that ask the program to end, as calls on the loop's thread.
 #pragma once
 
 #include <functional>
 
-/// Has `ended` called, on the loop's thread, when SIGTERM, SIGHUP or SIGINT arrives, also inside a
-/// wait or a dialog. Called once; false if the machine refuses.
+/// From now on SIGTERM, SIGHUP and SIGINT call `ended` on the loop's thread, also while a handler
+/// waits or a dialog is open. Called once, after the application object was made. False if the
+/// kernel refuses.
 [[nodiscard]] bool WatchEndSignals(std::function<void()> ended);

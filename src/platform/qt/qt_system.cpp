@@ -1,4 +1,4 @@
-// The process leaves at once: nothing here is destroyed, and nothing may depend on it.
+// The process ends without destructors, so nothing may depend on one.
 #include "platform/qt/qt_system.h"
 
 #include <QApplication>
@@ -43,7 +43,7 @@ void QtSystem::PlaySoundAndWait(const Text& path) {
 }
 
 void QtSystem::EndProcess() {
-    // The toolkit's own sync would let events in; hiding sends what it says by itself.
+    // Hiding reaches the display by itself; the toolkit's sync would let events happen.
     if (m_window) m_window->hide();
     VELORA_CHECK_LEAKS();
     _exit(0);

@@ -1,4 +1,4 @@
-// The machine as the system asks for it, and the end of the process.
+// What the system asks of the machine, and the end of the process.
 #pragma once
 
 #include <functional>
@@ -9,11 +9,11 @@ class QWidget;
 
 class QtSystem : public System {
 public:
-    /// `commandLine` is the text behind the program's name. `playSound` plays a sound to its end
-    /// and says whether it could.
+    /// `commandLine` is what `CommandLine` gives. `playSound` plays the file of a path, returns as
+    /// `PlaySoundAndWait` does, and says whether it could play it.
     QtSystem(Text commandLine, std::function<bool(const Text&)> playSound);
 
-    /// The window that goes before the process does.
+    /// The window that `EndProcess` hides before the process ends.
     void Attach(QWidget& window) { m_window = &window; }
 
     [[nodiscard]] Text ApplicationDirectory() const override { return m_directory; }

@@ -1,4 +1,4 @@
-// What the toolkit's chooser does otherwise than a user would expect is mended here.
+// Each procedure here mends something that the toolkit's chooser does and no user would expect.
 #include "platform/qt/toolkit_chooser.h"
 
 #include <QAbstractItemView>
@@ -11,16 +11,15 @@
 
 namespace {
 
-// A row as the toolkit wants it: the label, and behind it the pattern, which is then hidden. All
-// files are
-// `*` there; `*.*` would leave out those without a point.
+// A row in the toolkit's form: the label, then the pattern, which the chooser hides. All files are
+// `*` there; `*.*` would leave out names without a point.
 QString NameFilter(const FilterRow& row) {
     const QString pattern = row.Pattern == u"*.*" ? QStringLiteral("*") : ToQString(row.Pattern);
     return ToQString(row.Label) + QStringLiteral(" (") + pattern + QStringLiteral(")");
 }
 
-// The toolkit would look into files for an icon that fits, on the window's thread: one whose
-// reading waits would hold up everything.
+// The toolkit would read each file to find an icon for it, on the window's thread. A file that
+// can't be read at once would stop the whole program.
 class PlainIcons : public QFileIconProvider {
 public:
     using QFileIconProvider::icon;
@@ -36,7 +35,7 @@ ToolkitChooser::ToolkitChooser() {
     setFileMode(QFileDialog::ExistingFile);
     setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails |
                QFileDialog::ReadOnly);
-    // Never destroyed, as the chooser isn't.
+    // Never destroyed, like the chooser itself.
     setIconProvider(new PlainIcons);
 }
 
@@ -45,7 +44,7 @@ QLineEdit* ToolkitChooser::NameField() const {
 }
 
 QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
-    // A press on the owner can come between an answer and the return of its question.
+    // After the answer, but before exec() returns, a press on the owner can ask again.
     if (m_asking) return {};
     m_asking = true;
     setParent(owner, windowFlags());
@@ -56,16 +55,17 @@ QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
     setNameFilters(filters);
     if (!filters.isEmpty()) selectNameFilter(filters.first());
     setDirectory(QFile::decodeName(question.Directory));
-    // The toolkit keeps the last answer there as long as the directory is the same.
+    // The toolkit would leave the last answer in it if the directory is the same.
     if (QLineEdit* name = NameField()) name->clear();
     const bool chosen = Run();
     m_asking = false;
     return chosen ? QFile::encodeName(m_path) : QByteArray();
 }
 
-// The list of proposals for the name field is a window of its own, which can outlast the dialog or
-// come up behind it, and would swallow the next press on the window; so it is let go with the
-// dialog. A key that is on its way to that list by then would be handed on to a field that is none.
+// While the user types, the name field opens a list of proposals, which is a window of its own. It
+// can stay open when the dialog closes, or open only then, and would take the next press that is
+// meant for our window. So the field has its list only while the dialog runs. The list passes keys
+// on to its field; without a field a late key would crash it, so it gets no keys either.
 bool ToolkitChooser::Run() {
     QLineEdit* name = NameField();
     auto* proposals = findChild<QCompleter*>();
@@ -79,9 +79,9 @@ bool ToolkitChooser::Run() {
     return chosen;
 }
 
-// The selection follows the name field from afar: after quick typing it can still be the directory
-// that the name began with, and the toolkit would open that one. What stands in the field is what
-// the user means.
+// The chooser takes the row that is selected in its list. The selection follows the name field with
+// a delay: after quick typing it can still be a directory whose name begins alike, and the toolkit
+// would open that one. So the text of the field decides.
 void ToolkitChooser::accept() {
     const QLineEdit* name = NameField();
     const QString typed = name ? directory().absoluteFilePath(name->text()) : QString();

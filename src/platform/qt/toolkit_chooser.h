@@ -1,4 +1,4 @@
-// The toolkit's file chooser, for desktops without one of their own.
+// The toolkit's file chooser, for desktops without a portal.
 #pragma once
 
 #include <QFileDialog>
@@ -11,15 +11,19 @@ class ToolkitChooser : public QFileDialog {
 public:
     ToolkitChooser();
 
-    /// Asks, in front of `owner` if there is one; the bytes of the chosen file's path, empty if the
-    /// user cancels.
+    /// Shows the chooser, in front of `owner` unless that is null, and returns when the user has
+    /// answered: the bytes of the chosen file's path, empty if the user cancels. Empty at once
+    /// while an earlier question is still open.
     [[nodiscard]] QByteArray Ask(QWidget* owner, const FileQuestion& question);
 
+    /// Called by the toolkit when the user confirms: takes the file whose name is in the name
+    /// field; if that is none, does what the toolkit would do.
     void accept() override;
 
 private:
     [[nodiscard]] bool Run();
-    /// Null if the toolkit has none of the name that it goes by.
+    /// The field for the file's name, found by the name that it has inside the toolkit; null if a
+    /// version of the toolkit names it otherwise.
     [[nodiscard]] QLineEdit* NameField() const;
 
     QString m_path;
