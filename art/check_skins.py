@@ -60,7 +60,8 @@ class Skin:
 def check_files(skin):
     raw = skin.path.read_bytes()
     skin.expect(raw.count(b'\n') == raw.count(b'\r\n'), 'a line end is not CR LF')
-    skin.expect(all(len(v) <= 254 for s in skin.ini.values() for v in s.values()), 'a value is too long')
+    skin.expect(all(len(v) <= 254 for s in skin.ini.values() for v in s.values()),
+                'a value is too long')
     skin.file(skin.ini['settings']['playlist'])
     back = Image.open(skin.file(skin.ini['settings']['graphic']))
     skin.expect(list(back.size) == skin.size, f'background is {back.size}, client area {skin.size}')
@@ -70,7 +71,8 @@ def check_files(skin):
         skin.expect(len(sizes) == 1, f"{o['name']}: the two pictures differ in size")
     o = skin.objects[VOLUME]
     sizes = {Image.open(skin.file(f"{o['filename2'][:-4]}{i}.gif")).size for i in range(1, 8)}
-    skin.expect(sizes == {Image.open(skin.file(o['filename'])).size}, 'the volume pictures differ in size')
+    skin.expect(sizes == {Image.open(skin.file(o['filename'])).size},
+                'the volume pictures differ in size')
 
 
 def check_places(skin):
@@ -79,7 +81,8 @@ def check_places(skin):
         skin.expect(skin.inside(skin.box(kind)), f'object of type {kind} leaves the shape')
     for a in kinds:
         for b in kinds:
-            skin.expect(a >= b or not overlap(skin.box(a), skin.box(b)), f'types {a} and {b} overlap')
+            skin.expect(a >= b or not overlap(skin.box(a), skin.box(b)),
+                        f'types {a} and {b} overlap')
     rows = skinfile.read(skin.file(skin.objects[LIGHTS]['filename']))
     for i in range(1, 14):
         light = skin.number(rows[str(i)], 'left', 'top', 'width', 'height')
@@ -95,7 +98,8 @@ def overlap(a, b):
 def check_volume(skin):
     o, height = skin.objects[VOLUME], skin.box(VOLUME)[3]
     rows = [int(o[f'y{i}']) for i in range(1, 8)]
-    skin.expect(all(r % TWIPS == 0 and 0 <= r < height * TWIPS for r in rows), 'a volume row is outside')
+    skin.expect(all(r % TWIPS == 0 and 0 <= r < height * TWIPS for r in rows),
+                'a volume row is outside')
     gaps = {a - b for a, b in zip(rows, rows[1:])}
     skin.expect(len(gaps) == 1 and min(gaps) >= 4 * TWIPS, 'volume rows are uneven or too close')
 
@@ -108,7 +112,8 @@ def check_picture(skin):
     oval = np.zeros_like(skin.mask)
     oval[y:y + h, x:x + w] = True
     seen = oval & skin.mask
-    skin.expect(not seen.any() or back[y + 1:y + h - 1, x + 1:x + w - 1].max() < 40, 'the black oval lies open')
+    skin.expect(not seen.any() or back[y + 1:y + h - 1, x + 1:x + w - 1].max() < 40,
+                'the black oval lies open')
     lonely = skin.mask.copy()
     for axis, by in ((0, 1), (0, -1), (1, 1), (1, -1)):
         lonely &= ~np.roll(skin.mask, by, axis)
@@ -122,7 +127,8 @@ def main():
         skin = Skin(path)
         for check in (check_files, check_places, check_volume, check_picture):
             check(skin)
-        print(f'{path.name}: client area {skin.size[0]} x {skin.size[1]}, {len(skin.found)} findings')
+        print(f'{path.name}: client area {skin.size[0]} x {skin.size[1]}, '
+              f'{len(skin.found)} findings')
         found += skin.found
     print('\n'.join(dict.fromkeys(found)))
     sys.exit(bool(found))

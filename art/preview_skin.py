@@ -18,9 +18,11 @@ from skinlib.skinfile import FRAME, TWIPS  # noqa: E402
 
 TAHOMA = '/usr/share/wine/fonts/tahoma.ttf'
 TEXT = (255, 255, 128)
-COLOURS = {'vbblue': (0, 0, 255), 'vbblack': (0, 0, 0), 'vbcyan': (0, 255, 255), 'vbgreen': (0, 255, 0),
-           'vbmagenta': (255, 0, 255), 'vbred': (255, 0, 0), 'vbwhite': (255, 255, 255), 'vbyellow': (255, 255, 0)}
-TITLE = ' ..:: velora is currently playing ::.. Morning Song by The Lighthouse Keepers ::..           '
+COLOURS = {'vbblue': (0, 0, 255), 'vbblack': (0, 0, 0), 'vbcyan': (0, 255, 255),
+           'vbgreen': (0, 255, 0), 'vbmagenta': (255, 0, 255), 'vbred': (255, 0, 0),
+           'vbwhite': (255, 255, 255), 'vbyellow': (255, 255, 0)}
+TITLE = (' ..:: velora is currently playing ::.. '
+         'Morning Song by The Lighthouse Keepers ::..           ')
 BARS = [5, 8, 11, 9, 12, 14, 13, 15, 12, 13, 10, 11, 8, 9, 7, 8, 5, 6, 4, 3, 4, 2, 2, 1]
 
 
@@ -50,7 +52,8 @@ class Preview:
             fill = (255, 255, 0) if i <= passed else (255, 0, 0)
             if not touched:
                 fill = COLOURS[row['backcolor'].lower()]
-            self.shape(self.place(row), int(row.get('shape', 2)), fill, COLOURS[row['bordercolor'].lower()])
+            self.shape(self.place(row), int(row.get('shape', 2)), fill,
+                       COLOURS[row['bordercolor'].lower()])
 
     def shape(self, place, form, fill, border):
         x, y, w, h = place

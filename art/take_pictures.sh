@@ -20,8 +20,8 @@ find_window() {
   xdotool search --onlyvisible --class velora
 }
 
-# show SKIN PERCENT X Y PICTURE: plays the tune up to PERCENT and takes the picture. X and Y are a place on the
-# play button, in pixels of the skin.
+# show SKIN PERCENT X Y PICTURE: plays the tune up to PERCENT and takes the picture. X and Y are a
+# place on the play button, in pixels of the skin.
 show() {
   local skin=$1 percent=$2 x=$3 y=$4 picture=$5 program window
   printf '[Settings]\r\nCount=1\r\nLastSkin=1\r\n\r\n[1]\r\nFilename=%s\r\n' \
@@ -30,15 +30,16 @@ show() {
   program=$!
   wait_for 'the window' find_window
   window=$(find_window | head -1)
-  # After the start with a file the play button shows its play picture: a click brings up the stop picture.
+  # After the start with a file the play button shows its play picture: a click brings up the stop
+  # picture.
   xdotool mousemove --window "$window" $((2 * x)) $((2 * y)) click 1 mousemove 0 0
   wait_for "$percent % of the tune" sh -c "xprop -id $window _NET_WM_NAME | grep -q ' $percent%'"
   import -silent -window root "$session_dir/screen.png"
   kill "$program"
   wait "$program" || true
 
-  convert "$session_dir/screen.png" -alpha set -fill none -draw 'color 0,0 floodfill' -trim +repage \
-    "$session_dir/window.png"
+  convert "$session_dir/screen.png" -alpha set -fill none -draw 'color 0,0 floodfill' \
+    -trim +repage "$session_dir/window.png"
   # A soft shadow on a pale ground, wide enough to breathe.
   convert "$session_dir/window.png" \( +clone -background '#20242d' -shadow 45x14+0+12 \) +swap \
     -background none -layers merge +repage -bordercolor none -border 24 \

@@ -1,11 +1,11 @@
-# Lets a script in bash run in a session of the tests' own: source it with the parts of the session in `session_parts`.
-# What the script starts ends with it.
+# Lets a script in bash run in a session of the tests' own: source it with the parts of the session
+# in `session_parts`. What the script starts ends with it.
 [ -n "${SESSION_DIRECTORY:-}" ] ||
   exec "$(dirname "${BASH_SOURCE[0]}")/../tests/desktop/session.py" $session_parts -- "$0" "$@"
 session_dir=$SESSION_DIRECTORY
 
-# wait_for WHAT COMMAND...: tries the command until it succeeds; after a minute says what failed, and what the
-# last try said.
+# wait_for WHAT COMMAND...: tries the command until it succeeds; after a minute says what failed,
+# and what the last try said.
 wait_for() {
   local what=$1 deadline=$((SECONDS + 60))
   shift

@@ -51,8 +51,10 @@ def rim(c, d, width, start=0.9):
     c.shade(smooth(width + start + 4.5, width + start, d) * shadow_side(gx, gy))
     # The enamel swells a little: a window's light along the near edge, a glimmer at the far one.
     towards = gx * 0.55 + gy * 0.83
-    c.glow(np.exp(-((d - width - start - 5.5) / 2.4) ** 2) * np.clip(towards - 0.15, 0, 1) * 0.075, linear('#dfe6ff'))
-    c.glow(np.exp(-((d - width - start - 1.2) / 0.8) ** 2) * np.clip(-towards, 0, 1) * 0.10, linear('#ffd9b0'))
+    c.glow(np.exp(-((d - width - start - 5.5) / 2.4) ** 2) * np.clip(towards - 0.15, 0, 1) * 0.075,
+           linear('#dfe6ff'))
+    c.glow(np.exp(-((d - width - start - 1.2) / 0.8) ** 2) * np.clip(-towards, 0, 1) * 0.10,
+           linear('#ffd9b0'))
     n = bead(np.clip(d - start, 0, width), width, gx, gy)
     c.paint(cover(d - start - width), gold(*n))
     c.paint(cover(d - start), OUTLINE)
@@ -75,7 +77,8 @@ def bar(c, top, bottom, left, right):
 def well(c, d, wire=1.6):
     """A window of onyx let into the case, framed by a gold wire."""
     gx, gy = slope(d)
-    c.glow(smooth(2.2, 0.2, d - wire) * np.clip(gx * 0.6 + gy * 0.8, 0, 1) * (d > wire) * 0.10, linear('#bcd0ff'))
+    c.glow(smooth(2.2, 0.2, d - wire) * np.clip(gx * 0.6 + gy * 0.8, 0, 1) * (d > wire) * 0.10,
+           linear('#bcd0ff'))
     c.shade(smooth(2.4, 0, d - wire) * (d > wire) * 0.45)
     c.paint(cover(d - wire), gold(*bead(np.clip(d, 0, wire), wire, gx, gy)))
     c.paint(cover(d), linear('#010207'))

@@ -54,7 +54,8 @@ def cap(c, x, y, r, symbol, size, pressed, sun=False):
 def enamelled(n, px, py, face):
     nx, ny, nz = n
     body = NIGHT * (0.35 + 1.5 * lit(nx, ny, nz) ** 2)[..., None]
-    sheen = smooth(0.80, 0.99, (2 * nz * nx) * -0.50 + (2 * nz * ny) * -0.62 + (2 * nz * nz - 1) * 0.60)
+    sheen = smooth(0.80, 0.99,
+                   (2 * nz * nx) * -0.50 + (2 * nz * ny) * -0.62 + (2 * nz * nz - 1) * 0.60)
     return body + (sheen * 0.34)[..., None] * linear('#cfe0ff')
 
 
@@ -81,7 +82,8 @@ def sign(c, d, pressed, sun):
     towards = (gx * -0.6 + gy * -0.8) / np.maximum(np.hypot(gx, gy), 1e-6)
     rim = smooth(-0.9, -0.1, d) * cover(d)
     if sun:
-        c.glow(smooth(0.9, 0.0, d) * (1 - cover(d)) * np.clip(-towards, 0, 1) * 0.5, linear('#fff2cc'))
+        c.glow(smooth(0.9, 0.0, d) * (1 - cover(d)) * np.clip(-towards, 0, 1) * 0.5,
+               linear('#fff2cc'))
         c.paint(cover(d), INK * (0.8 if pressed else 1))
         c.shade(rim * np.clip(towards, 0, 1) * 0.7)
         return

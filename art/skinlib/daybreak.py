@@ -24,7 +24,8 @@ def lights():
 
 def rgn(kind, left, top, right, bottom, corner=(0, 0), **combine):
     """One region from pixels of the client area."""
-    keys = dict(type=kind, x1=left - 1, y1=top - 3, x2=right - 1, y2=bottom - 3, x3=corner[0], y3=corner[1])
+    keys = dict(type=kind, x1=left - 1, y1=top - 3, x2=right - 1, y2=bottom - 3,
+                x3=corner[0], y3=corner[1])
     return {**keys, **combine}
 
 
@@ -52,7 +53,8 @@ STANDARD = Skin(
     caps={'playlist': (46.5, 82.5), 'pause': (78.5, 82.5), 'backward': (111.5, 82.5),
           'forward': (200.5, 82.5), 'eject': (233.5, 82.5)},
     cap_r=12, cap_size=4.6, sun_size=9.0,
-    volume=dict(x=265.5, rows=[93.5 - 5 * i for i in range(7)], r=6.2, left=257, top=56, right=274, bottom=102),
+    volume=dict(x=265.5, rows=[93.5 - 5 * i for i in range(7)], r=6.2,
+                left=257, top=56, right=274, bottom=102),
     scope=(104, 112, 104, 16), title=(22, 131, 268, 10), status=(22, 114, 78, 12),
 )
 
@@ -70,6 +72,7 @@ SMALL = Skin(
     caps={'playlist': (76.5, 51.5), 'pause': (100.5, 47.5), 'backward': (126.5, 45.5),
           'forward': (185.5, 45.5), 'eject': (211.5, 47.5)},
     cap_r=9, cap_size=3.6, sun_size=5.6,
-    volume=dict(x=235.5, rows=[69.5 - 4 * i for i in range(7)], r=4.6, left=229, top=39, right=242, bottom=76),
+    volume=dict(x=235.5, rows=[69.5 - 4 * i for i in range(7)], r=4.6,
+                left=229, top=39, right=242, bottom=76),
     scope=(172, 75, 44, 11), title=(96, 64, 121, 10), status=(96, 76, 72, 12),
 )

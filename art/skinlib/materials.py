@@ -8,7 +8,8 @@ LIGHT /= np.linalg.norm(LIGHT)
 
 # Light that gold gives back, from the room behind the light to the light itself.
 GOLD = [(-1.0, '#1c0f08'), (-0.45, '#3d230f'), (-0.10, '#6e451d'), (0.12, '#8a5b26'),
-        (0.30, '#b98a42'), (0.52, '#dcb468'), (0.74, '#f3d795'), (0.90, '#fff0c8'), (1.0, '#fffdf2')]
+        (0.30, '#b98a42'), (0.52, '#dcb468'), (0.74, '#f3d795'), (0.90, '#fff0c8'),
+        (1.0, '#fffdf2')]
 
 
 def ramp(stops, t):

@@ -57,7 +57,8 @@ def write_skin(skin, home):
     objects += [volume_object(skin), thing('visualisation', 8, skin.scope),
                 thing('title', 9, skin.title), thing('status', 12, skin.status),
                 {'enabled': True, 'name': 'lights', 'type': 13, 'filename': 'lights.ini'}]
-    sections = [('Settings', {**settings(skin, f'{skin.folder}\\background.png'), 'ObjectCount': len(objects)})]
+    sections = [('Settings', {**settings(skin, f'{skin.folder}\\background.png'),
+                              'ObjectCount': len(objects)})]
     for n, (name, keys) in enumerate(skin.regions, 1):
         used = {k: v for k, v in keys.items() if v or k in ('x1', 'y1')}
         sections.append((f'rgn{n}', {'enabled': True, 'name': name, **used}))

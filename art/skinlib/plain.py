@@ -72,8 +72,9 @@ def volume(step):
     return image
 
 
-BUTTONS = [('play', 1, (19, 19)), ('stop', 2, (19, 19)), ('pause', 7, (122, 14)), ('backward', 4, (78, 14)),
-           ('forward', 3, (100, 14)), ('eject', 5, (144, 14)), ('playlist', 6, (166, 14))]
+BUTTONS = [('play', 1, (19, 19)), ('stop', 2, (19, 19)), ('pause', 7, (122, 14)),
+           ('backward', 4, (78, 14)), ('forward', 3, (100, 14)), ('eject', 5, (144, 14)),
+           ('playlist', 6, (166, 14))]
 
 
 def skin_text():
@@ -81,7 +82,8 @@ def skin_text():
                 'Width': (SIZE[0] + FRAME[0]) * TWIPS, 'Height': (SIZE[1] + FRAME[1]) * TWIPS,
                 'Graphic': f'{FOLDER}\\background.gif', 'Playlist': 'plain.vs4',
                 'ShapeCount': 2, 'ObjectCount': len(BUTTONS) + 5}
-    regions = [('rgn1', dict(enabled=True, name='body', type=3, x1=23, y1=7, x2=269, y2=57, x3=16, y3=16)),
+    regions = [('rgn1', dict(enabled=True, name='body', type=3, x1=23, y1=7, x2=269, y2=57,
+                             x3=16, y3=16)),
                ('rgn2', dict(enabled=True, name='wheel', type=2, x1=-1, y1=-3, x2=69, y2=67,
                              combinemode=2, destrgn=1, srcrgn1=1, srcrgn2=2))]
     things = [dict(name=name, type=kind, left=x, top=y, filename=f'{FOLDER}\\{name}.gif',

@@ -6,7 +6,8 @@ from .geometry import polygon, slab, stroke
 
 def triangle(c, x, y, r, way):
     """An arrow head that points right (way 1) or left (-1)."""
-    points = [(x - 0.55 * r * way, y - 0.92 * r), (x + 1.0 * r * way, y), (x - 0.55 * r * way, y + 0.92 * r)]
+    points = [(x - 0.55 * r * way, y - 0.92 * r), (x + 1.0 * r * way, y),
+              (x - 0.55 * r * way, y + 0.92 * r)]
     return polygon(c, points if way > 0 else points[::-1], 0.08 * r)
 
 
