@@ -1,4 +1,4 @@
-// The question for a file, as both choosers take it: the desktop's and the toolkit's.
+// What the desktop's file chooser and the toolkit's are both asked.
 #pragma once
 
 #include <QByteArray>
@@ -7,8 +7,9 @@
 
 #include "platform/dialogs.h"
 
+/// A question for one file.
 struct FileQuestion {
-    QString Title;
+    QString Title;               ///< Of the chooser's window.
     QByteArray Directory;        ///< Shown first; the bytes of a path.
     std::vector<FilterRow> Rows; ///< The kinds of files to choose from, the first one chosen.
 };

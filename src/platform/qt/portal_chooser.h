@@ -9,12 +9,14 @@
 
 #include "platform/qt/file_question.h"
 
+/// How a question to the portal ended.
 enum class PortalOutcome {
     Chosen,
     Cancelled,
     NoPortal ///< None is there, it can't choose files, it is silent, or it ended meanwhile.
 };
 
+/// What a question to the portal gave.
 struct PortalAnswer {
     PortalOutcome Outcome = PortalOutcome::NoPortal;
     QByteArray Path; ///< Of the chosen file, byte for byte; empty if none was chosen.

@@ -2,6 +2,5 @@
 // desktop's look.
 #pragma once
 
-/// The bus name and the object path of every portal.
-inline constexpr char kPortalService[] = "org.freedesktop.portal.Desktop";
-inline constexpr char kPortalPath[] = "/org/freedesktop/portal/desktop";
+inline constexpr char kPortalService[] = "org.freedesktop.portal.Desktop"; ///< Its name on the bus.
+inline constexpr char kPortalPath[] = "/org/freedesktop/portal/desktop";   ///< Its one object.

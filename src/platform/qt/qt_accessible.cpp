@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "platform/qt/qt_text.h"
-#include "platform/qt/qt_window.h"
 
 namespace {
 
@@ -31,7 +30,7 @@ class ControlInterface : public QAccessibleInterface,
                          public QAccessibleActionInterface,
                          public QAccessibleValueInterface {
 public:
-    ControlInterface(QtWindow& window, std::string_view name, SpokenRole role)
+    ControlInterface(AccessibleWindow& window, std::string_view name, SpokenRole role)
         : m_window(window), m_name(name), m_role(role) {}
 
     bool isValid() const override { return true; }
@@ -101,7 +100,7 @@ private:
         return nullptr;
     }
 
-    QtWindow& m_window;
+    AccessibleWindow& m_window;
     std::string_view m_name;
     SpokenRole m_role;
 };
@@ -109,7 +108,7 @@ private:
 // The window itself; its children are the visible controls.
 class WindowInterface : public QAccessibleWidget {
 public:
-    explicit WindowInterface(QtWindow& window)
+    explicit WindowInterface(AccessibleWindow& window)
         : QAccessibleWidget(&window, QAccessible::Window), m_window(window) {}
 
     QString text(QAccessible::Text kind) const override {
@@ -152,12 +151,12 @@ private:
         return m_window.Accessibility().Controls();
     }
 
-    QtWindow& m_window;
+    AccessibleWindow& m_window;
     mutable std::map<std::string_view, ControlInterface*> m_children;
 };
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
-    auto* window = dynamic_cast<QtWindow*>(object);
+    auto* window = dynamic_cast<AccessibleWindow*>(object);
     return window ? new WindowInterface(*window) : nullptr;
 }
 

@@ -2,12 +2,11 @@
 // content; here each visible control of the form becomes a child of it.
 #pragma once
 
+#include <QWidget>
 #include <functional>
 #include <vector>
 
 #include "state/spoken.h"
-
-class QtWindow;
 
 /// What accessibility needs of the rest of the program.
 struct SpokenSource {
@@ -18,11 +17,11 @@ struct SpokenSource {
     std::function<void(int xPx, int yPx)> Press;
 };
 
-/// The controls of one window as screen readers are told of them. A question builds them, and they
+/// The controls of a window as screen readers are told of them. A question builds them, and they
 /// are kept until the records may have changed.
 class QtAccessibility {
 public:
-    explicit QtAccessibility(QtWindow& window) : m_window(window) {}
+    explicit QtAccessibility(QWidget& window) : m_window(window) {}
 
     /// From now on screen readers find the controls of `source`; before, a window without content.
     void Attach(SpokenSource source);
@@ -41,9 +40,18 @@ public:
     void AnnounceChanges();
 
 private:
-    QtWindow& m_window;
+    QWidget& m_window;
     SpokenSource m_source;
     std::vector<SpokenControl> m_controls;
     bool m_isBuilt = false;
     std::vector<SpokenControl> m_told; ///< Empty until a screen reader listens.
+};
+
+/// A window whose controls are no widgets, and which has them found by screen readers all the same.
+class AccessibleWindow : public QWidget {
+public:
+    [[nodiscard]] QtAccessibility& Accessibility() { return m_accessibility; }
+
+private:
+    QtAccessibility m_accessibility{*this};
 };

@@ -9,6 +9,7 @@ class QtWindow;
 class QWidget;
 class ToolkitChooser;
 
+/// The dialogs of a window.
 class QtDialogs : public Dialogs {
 public:
     /// `owner` is the window in front of which the dialogs open, and which they block, once it is

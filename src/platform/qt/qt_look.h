@@ -12,8 +12,8 @@
 
 /// What a desktop tells of its look. Without `Dark` it is light, without `Font` the font stays.
 struct DesktopLook {
-    std::optional<bool> Dark;
-    std::optional<QFont> Font;
+    std::optional<bool> Dark;  ///< Light letters on dark ground.
+    std::optional<QFont> Font; ///< Of texts in dialogs and menus.
 };
 
 /// The font of a name such as "Noto Sans Bold 11": family, style, size in points from 1 to 200.

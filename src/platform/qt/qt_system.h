@@ -7,6 +7,7 @@
 
 class QWidget;
 
+/// The machine that the program runs on.
 class QtSystem : public System {
 public:
     /// `commandLine` is what `CommandLine` gives. `playSound` plays the file of a path, returns as

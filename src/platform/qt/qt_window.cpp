@@ -84,7 +84,7 @@ void QtWindow::ShowFirst() {
 }
 
 void QtWindow::Present() {
-    m_accessibility.Forget();
+    Accessibility().Forget();
     if (!m_isUp) return;
     // Dialogs open where the handle is.
     PlaceHandle();
@@ -97,7 +97,7 @@ void QtWindow::Present() {
 }
 
 void QtWindow::ShowChanges() {
-    m_accessibility.Forget();
+    Accessibility().Forget();
     if (!m_isUp) return;
     if (m_form->State == WindowState::Minimised && m_shown.State == WindowState::Minimised) {
         // Nothing but the caption is visible; the rest is compared when the window comes back.
@@ -111,7 +111,7 @@ void QtWindow::ShowChanges() {
     const QRegion damage = TakeDamage(now);
     m_shown = std::move(now);
     if (!damage.isEmpty()) update(damage);
-    m_accessibility.AnnounceChanges();
+    Accessibility().AnnounceChanges();
 }
 
 QRegion QtWindow::TakeDamage(const Scene& now) {
@@ -295,7 +295,7 @@ bool QtWindow::FollowPointer(const QMouseEvent& event) {
 }
 
 std::size_t QtWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {
-    m_accessibility.Forget();
+    Accessibility().Forget();
     FollowDesktop();
     QMenu popup;
     // A press beside the menu only closes it.

@@ -16,7 +16,7 @@ class QHelpEvent;
 
 /// The client area of frmMain on a real display. The controls are no widgets: all of them are
 /// painted on this one.
-class QtWindow : public QWidget, public Window {
+class QtWindow : public AccessibleWindow, public Window {
 public:
     explicit QtWindow(QtLoop& loop);
 
@@ -25,9 +25,6 @@ public:
     /// visible or invisible; a minimised window is invisible.
     void Attach(Form& form, FormEvents& events,
                 std::function<void(bool isWindowVisible, bool isScopeVisible)> tellVisibility);
-
-    /// What screen readers are told of this window.
-    [[nodiscard]] QtAccessibility& Accessibility() { return m_accessibility; }
 
     void Present() override;
     void ShowFirst() override;
@@ -78,7 +75,6 @@ private:
     QtLoop& m_loop;
     QtFonts m_fonts;
     QtLook m_look;
-    QtAccessibility m_accessibility{*this};
     Form* m_form = nullptr;
     FormEvents* m_events = nullptr;
     std::function<void(bool, bool)> m_tellVisibility;
