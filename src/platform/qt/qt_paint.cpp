@@ -90,7 +90,7 @@ void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) 
     painter.fillRect(ToQRect(figure.Place), Qt::black);
     // 64 bits: a skin may give any width, and it is multiplied below.
     const std::int64_t widthPx = figure.Place.Right - figure.Place.Left;
-    const int heightPx = figure.Place.Bottom - figure.Place.Top;
+    const auto heightPx = static_cast<float>(figure.Place.Bottom - figure.Place.Top);
     const int bars =
         static_cast<int>(std::clamp<std::int64_t>(widthPx / kBarPitchPx, 1, ScopeBars::kCount));
     for (int bar = 0; bar < bars; ++bar) {
