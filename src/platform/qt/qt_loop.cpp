@@ -7,6 +7,7 @@
 #include <QEventLoop>
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -44,7 +45,7 @@ void QtLoop::Wait(double seconds) {
         return;
     }
     QEventLoop waiting;
-    const std::chrono::milliseconds length(static_cast<std::int64_t>(seconds * 1000 + 0.5));
+    const std::chrono::milliseconds length(std::llround(seconds * 1000));
     QTimer::singleShot(length, Qt::PreciseTimer, &waiting, &QEventLoop::quit);
     waiting.exec();
 }

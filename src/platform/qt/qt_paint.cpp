@@ -94,9 +94,10 @@ void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) 
     const int bars =
         static_cast<int>(std::clamp<std::int64_t>(widthPx / kBarPitchPx, 1, ScopeBars::kCount));
     for (int bar = 0; bar < bars; ++bar) {
-        const auto left = static_cast<double>(figure.Place.Left + bar * widthPx / bars);
-        const auto right = static_cast<double>(figure.Place.Left + (bar + 1) * widthPx / bars);
-        const double barWidth = std::max(right - left - 1, 1.0);
+        const std::int64_t leftPx = figure.Place.Left + bar * widthPx / bars;
+        const std::int64_t rightPx = figure.Place.Left + (bar + 1) * widthPx / bars;
+        const auto left = static_cast<double>(leftPx);
+        const auto barWidth = static_cast<double>(std::max<std::int64_t>(rightPx - leftPx - 1, 1));
         const double level = HighestOf(shown.Level, bar, bars) * heightPx;
         const double peak = HighestOf(shown.Peak, bar, bars) * heightPx;
         painter.fillRect(QRectF(left, figure.Place.Bottom - level, barWidth, level), Qt::yellow);
