@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "display/characters.h"
-
 namespace {
 
 constexpr TextView kHead = u" ..:: velora is currently playing ::.. ";

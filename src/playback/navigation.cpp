@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "display/characters.h"
 #include "display/progress.h"
 #include "platform/paths.h"
 #include "playlist/media_list.h"

@@ -1,7 +1,6 @@
 // The order of the steps matters: the skins need the filters, the command line needs the lists.
 #include "shell/startup.h"
 
-#include "display/characters.h"
 #include "platform/file_dialogs.h"
 #include "platform/paths.h"
 #include "playback/navigation.h"
