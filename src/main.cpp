@@ -10,7 +10,7 @@
 #include "platform/audio/audio_player.h"
 #include "platform/audio/audio_scope.h"
 #include "platform/audio/click_sound.h"
-#include "platform/machine.h"
+#include "platform/program_places.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_loop.h"
