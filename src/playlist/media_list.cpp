@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/file_dialogs.h"
 #include "platform/paths.h"
+#include "state/file_dialogs.h"
 #include "state/messages.h"
 
 namespace {
@@ -42,9 +42,7 @@ void CatchUp(Velora& velora) {
 // The path of the file meant by the two texts; asks the user if there is no name.
 Text ChosenPath(Velora& velora, const Text& directory, const Text& fileName) {
     if (!fileName.empty()) return directory + fileName;
-    ForgetCapture(velora.Capture);
-    return OpenFileDialog(velora.Dialogs, velora.System, velora.MediaFilter, u"Select Media ...",
-                          directory);
+    return OpenFileDialog(velora, velora.MediaFilter, u"Select Media ...", directory);
 }
 
 } // namespace

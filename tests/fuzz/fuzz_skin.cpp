@@ -8,8 +8,8 @@
 #include "../support/null_platform.h"
 #include "platform/paths.h"
 #include "skin/apply_skin.h"
-#include "skin/catalogue.h"
 #include "skin/load_skin.h"
+#include "skin/skin_catalogue.h"
 
 namespace {
 

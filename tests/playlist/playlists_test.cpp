@@ -1,7 +1,7 @@
 // Playlists from their bytes to the media list, the list itself, and the catalogue in its file.
 #include "platform/directory_lock.h"
-#include "playlist/catalogue.h"
 #include "playlist/media_list.h"
+#include "playlist/playlist_catalogue.h"
 #include "playlist/playlist_file.h"
 #include "support/temp_directory.h"
 #include "support/velora_fixture.h"

@@ -1,6 +1,6 @@
 // One lock is held over the reading of the count and all writes, so that two runs never take one
 // number.
-#include "playlist/catalogue.h"
+#include "playlist/playlist_catalogue.h"
 
 #include <algorithm>
 #include <utility>
