@@ -21,7 +21,7 @@
 #include "playback/player_events.h"
 #include "shell/handlers.h"
 #include "shell/startup.h"
-#include "state/spoken.h"
+#include "state/accessible.h"
 #include "state/velora.h"
 
 namespace {
@@ -106,7 +106,7 @@ int main(int count, char** arguments) {
                   [&](bool seen, bool scopeSeen) { player.SetSight(seen, scopeSeen); });
     loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
     window.LetSpeak(
-        {[&] { return SpokenControls(velora); },
+        {[&] { return AccessibleControls(velora); },
          [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(formHandlers, xPx, yPx); }); }});
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 

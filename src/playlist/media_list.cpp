@@ -34,8 +34,7 @@ void CatchUp(Velora& velora) {
     MediaIndex& index = velora.MediaNames;
     for (; index.Indexed < velora.Count; ++index.Indexed) {
         const auto next = static_cast<Integer>(index.Indexed + 1);
-        index.Places.emplace(
-            HashIgnoringCase(velora.MediaList[static_cast<std::size_t>(next)].File), next);
+        index.Places.emplace(HashIgnoringCase(velora.MediaList[next].File), next);
     }
 }
 
@@ -67,16 +66,14 @@ Integer FindMedia(Velora& velora, TextView FileName) {
     CatchUp(velora);
     const auto [begin, end] = velora.MediaNames.Places.equal_range(HashIgnoringCase(FileName));
     for (auto place = begin; place != end; ++place)
-        if (EqualIgnoringCase(velora.MediaList[static_cast<std::size_t>(place->second)].File,
-                              FileName))
-            return place->second;
+        if (EqualIgnoringCase(velora.MediaList[place->second].File, FileName)) return place->second;
     return 0;
 }
 
 Integer AppendMedia(Velora& velora, Text path, Text file, Integer flag) {
-    if (velora.Count + 1 >= static_cast<int>(velora.MediaList.size())) return 0;
+    if (!velora.MediaList.Has(velora.Count + 1)) return 0;
     ++velora.Count;
-    MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(velora.Count)];
+    MediaEntry& entry = velora.MediaList[velora.Count];
     entry.Type = MediaTypeOf(MediaExtension(file));
     entry.Enabled = true;
     entry.File = std::move(file);

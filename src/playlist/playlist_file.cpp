@@ -106,7 +106,7 @@ std::optional<std::string_view> PlaylistLines::Next() {
 }
 
 void LoadPlaylistFile(Velora& velora, Integer Index) {
-    const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(Index)];
+    const PlaylistRecord& record = velora.Playlists[Index];
     const Text path = record.Path + record.File;
     if (!FileExists(path)) return;
     const std::string bytes = ReadWholeFile(path);

@@ -46,7 +46,7 @@ void LoadDefaultSkin(Velora& velora) {
 Integer LatestSlotOf(const Velora& velora, const Text& path) {
     const std::optional<std::string> file = FindPath(path);
     for (Integer slot = velora.SkinCount; file && slot > 0; --slot) {
-        const SkinRecord& skin = velora.Skins[static_cast<std::size_t>(slot)];
+        const SkinRecord& skin = velora.Skins[slot];
         if (FindPath(skin.Directory + skin.FileName) == file) return slot;
     }
     return 0;
@@ -68,7 +68,7 @@ void LoadSkinCatalogue(Velora& velora) {
 }
 
 void ShowCompanionSkin(Velora& velora) {
-    const Text companion = velora.Skins[static_cast<std::size_t>(velora.CurrentSkin)].Playlist;
+    const Text companion = velora.Skins[velora.CurrentSkin].Playlist;
     if (!FileExists(companion)) return;
     Integer slot = LoadSkinFile(velora, companion);
     if (slot == 0) slot = LatestSlotOf(velora, companion);

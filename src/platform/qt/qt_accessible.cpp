@@ -12,15 +12,15 @@
 
 namespace {
 
-QAccessible::Role RoleOf(SpokenRole role) {
+QAccessible::Role RoleOf(AccessibleRole role) {
     switch (role) {
-    case SpokenRole::Button:
+    case AccessibleRole::Button:
         return QAccessible::Button;
-    case SpokenRole::Slider:
+    case AccessibleRole::Slider:
         return QAccessible::Slider;
-    case SpokenRole::ProgressBar:
+    case AccessibleRole::ProgressBar:
         return QAccessible::ProgressBar;
-    case SpokenRole::Words:
+    case AccessibleRole::StaticText:
         return QAccessible::StaticText;
     }
     return QAccessible::NoRole;
@@ -32,7 +32,7 @@ class ControlInterface : public QAccessibleInterface,
                          public QAccessibleActionInterface,
                          public QAccessibleValueInterface {
 public:
-    ControlInterface(QtWindow& window, std::string_view name, SpokenRole role)
+    ControlInterface(QtWindow& window, std::string_view name, AccessibleRole role)
         : m_window(window), m_name(name), m_role(role) {}
 
     bool isValid() const override { return true; }
@@ -48,7 +48,7 @@ public:
     QAccessible::Role role() const override { return RoleOf(m_role); }
 
     QString text(QAccessible::Text kind) const override {
-        const std::optional<SpokenControl> spoken = Spoken();
+        const std::optional<AccessibleControl> spoken = Spoken();
         if (!spoken) return {};
         if (kind == QAccessible::Name) return ToQString(spoken->Name);
         if (kind == QAccessible::Help || kind == QAccessible::Description)
@@ -57,7 +57,7 @@ public:
     }
 
     QRect rect() const override {
-        const std::optional<SpokenControl> spoken = Spoken();
+        const std::optional<AccessibleControl> spoken = Spoken();
         if (!spoken) return {};
         const Rect& place = spoken->Place;
         return QRect(m_window.mapToGlobal(QPoint(place.Left, place.Top)),
@@ -67,14 +67,15 @@ public:
     QAccessible::State state() const override {
         QAccessible::State state;
         state.invisible = !Spoken();
-        state.readOnly = m_role != SpokenRole::Button;
+        state.readOnly = m_role != AccessibleRole::Button;
         return state;
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override {
-        if (type == QAccessible::ActionInterface && m_role == SpokenRole::Button)
+        if (type == QAccessible::ActionInterface && m_role == AccessibleRole::Button)
             return static_cast<QAccessibleActionInterface*>(this);
-        const bool hasValue = m_role == SpokenRole::Slider || m_role == SpokenRole::ProgressBar;
+        const bool hasValue =
+            m_role == AccessibleRole::Slider || m_role == AccessibleRole::ProgressBar;
         if (type == QAccessible::ValueInterface && hasValue)
             return static_cast<QAccessibleValueInterface*>(this);
         return nullptr;
@@ -83,28 +84,28 @@ public:
     QStringList actionNames() const override { return {pressAction()}; }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& action) override {
-        const std::optional<SpokenControl> spoken = Spoken();
+        const std::optional<AccessibleControl> spoken = Spoken();
         if (action != pressAction() || !spoken) return;
         m_window.SpokenBy().Press((spoken->Place.Left + spoken->Place.Right) / 2,
                                   (spoken->Place.Top + spoken->Place.Bottom) / 2);
     }
 
-    QVariant currentValue() const override { return Spoken().value_or(SpokenControl{}).Value; }
+    QVariant currentValue() const override { return Spoken().value_or(AccessibleControl{}).Value; }
     void setCurrentValue(const QVariant&) override {}
-    QVariant maximumValue() const override { return Spoken().value_or(SpokenControl{}).Most; }
+    QVariant maximumValue() const override { return Spoken().value_or(AccessibleControl{}).Most; }
     QVariant minimumValue() const override { return 0; }
     QVariant minimumStepSize() const override { return 1; }
 
 private:
-    std::optional<SpokenControl> Spoken() const {
-        for (SpokenControl& spoken : m_window.SpokenBy().Controls())
+    std::optional<AccessibleControl> Spoken() const {
+        for (AccessibleControl& spoken : m_window.SpokenBy().Controls())
             if (spoken.ControlName == m_name) return std::move(spoken);
         return std::nullopt;
     }
 
     QtWindow& m_window;
     std::string_view m_name;
-    SpokenRole m_role;
+    AccessibleRole m_role;
 };
 
 // The window itself; its children are what the records show now.
@@ -121,13 +122,13 @@ public:
     }
 
     QAccessibleInterface* child(int index) const override {
-        const std::vector<SpokenControl> controls = m_window.SpokenBy().Controls();
+        const std::vector<AccessibleControl> controls = m_window.SpokenBy().Controls();
         if (index < 0 || static_cast<std::size_t>(index) >= controls.size()) return nullptr;
         return InterfaceOf(controls[static_cast<std::size_t>(index)]);
     }
 
     int indexOfChild(const QAccessibleInterface* child) const override {
-        const std::vector<SpokenControl> controls = m_window.SpokenBy().Controls();
+        const std::vector<AccessibleControl> controls = m_window.SpokenBy().Controls();
         for (std::size_t index = 0; index < controls.size(); ++index)
             if (InterfaceOf(controls[index]) == child) return static_cast<int>(index);
         return -1;
@@ -135,12 +136,12 @@ public:
 
     QAccessibleInterface* childAt(int x, int y) const override {
         const QPoint point = m_window.mapFromGlobal(QPoint(x, y));
-        for (const SpokenControl& spoken : m_window.SpokenBy().Controls())
+        for (const AccessibleControl& spoken : m_window.SpokenBy().Controls())
             if (spoken.Place.Holds(point.x(), point.y())) return InterfaceOf(spoken);
         return nullptr;
     }
 
-    QAccessibleInterface* InterfaceOf(const SpokenControl& spoken) const {
+    QAccessibleInterface* InterfaceOf(const AccessibleControl& spoken) const {
         ControlInterface*& known = m_children[spoken.ControlName];
         if (!known) {
             known = new ControlInterface(m_window, spoken.ControlName, spoken.Role);
@@ -166,14 +167,15 @@ void InstallAccessibility() {
     QAccessible::installFactory(MakeInterface);
 }
 
-void AnnounceChanges(QtWindow& window, const std::vector<SpokenControl>& before,
-                     const std::vector<SpokenControl>& now) {
+void AnnounceChanges(QtWindow& window, const std::vector<AccessibleControl>& before,
+                     const std::vector<AccessibleControl>& now) {
     auto* itself = dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&window));
     if (!itself) return;
-    for (const SpokenControl& spoken : now) {
-        const auto old = std::find_if(before.begin(), before.end(), [&](const SpokenControl& each) {
-            return each.ControlName == spoken.ControlName;
-        });
+    for (const AccessibleControl& spoken : now) {
+        const auto old =
+            std::find_if(before.begin(), before.end(), [&](const AccessibleControl& each) {
+                return each.ControlName == spoken.ControlName;
+            });
         QAccessibleInterface* control = itself->InterfaceOf(spoken);
         if (old == before.end() || old->Name != spoken.Name) {
             QAccessibleEvent event(control, QAccessible::NameChanged);

@@ -5,13 +5,13 @@
 #include <functional>
 #include <vector>
 
-#include "state/spoken.h"
+#include "state/accessible.h"
 
 class QtWindow;
 
 /// What the bridge asks of the program.
 struct SpokenSource {
-    std::function<std::vector<SpokenControl>()> Controls;
+    std::function<std::vector<AccessibleControl>()> Controls;
     /// Has the left button pressed and released at a point of the client area, as a hand would,
     /// later.
     std::function<void(int xPx, int yPx)> Press;
@@ -22,5 +22,5 @@ struct SpokenSource {
 void InstallAccessibility();
 
 /// Tells a screen reader, if one listens, how `now` differs from `before`.
-void AnnounceChanges(QtWindow& window, const std::vector<SpokenControl>& before,
-                     const std::vector<SpokenControl>& now);
+void AnnounceChanges(QtWindow& window, const std::vector<AccessibleControl>& before,
+                     const std::vector<AccessibleControl>& now);

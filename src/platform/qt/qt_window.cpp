@@ -76,7 +76,7 @@ void QtWindow::LetSpeak(SpokenSource source) {
 
 void QtWindow::Speak() {
     if (!QAccessible::isActive() || !m_spokenBy.Controls) return;
-    std::vector<SpokenControl> now = m_spokenBy.Controls();
+    std::vector<AccessibleControl> now = m_spokenBy.Controls();
     if (now == m_spoken) return;
     AnnounceChanges(*this, m_spoken, now);
     m_spoken = std::move(now);

@@ -78,7 +78,8 @@ private:
     FormEvents* m_events = nullptr;
     std::function<void(bool, bool)> m_tellSight;
     SpokenSource m_spokenBy;
-    std::vector<SpokenControl> m_spoken; ///< As told last; empty while no screen reader listens.
+    std::vector<AccessibleControl>
+        m_spoken; ///< As told last; empty while no screen reader listens.
     bool m_wasWindowSeen = false;
     bool m_wasScopeSeen = false;
     Scene m_shown;
