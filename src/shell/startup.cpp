@@ -30,7 +30,7 @@ CommandLineFile FileOfCommandLine(TextView commandLine) {
 }
 
 void Form_Load(Velora& velora) {
-    ResetObjects(velora);
+    ResetObjects(velora.frmMain);
     InitialiseApplication(velora);
     StartFromCommandLine(velora);
     SetPicture(velora.frmMain.picPlay, velora.frmMain.picPlay1.Picture);
