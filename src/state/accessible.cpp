@@ -52,10 +52,8 @@ void AddLight(std::vector<AccessibleControl>& controls, AccessibleControl&& cont
         return;
     }
     row->Value += control.Value;
-    row->Place = {std::min(row->Place.Left, control.Place.Left),
-                  std::min(row->Place.Top, control.Place.Top),
-                  std::max(row->Place.Right, control.Place.Right),
-                  std::max(row->Place.Bottom, control.Place.Bottom)};
+    // A light without a width, or outside the surface, is nowhere.
+    row->Place = Enclosing(row->Place, control.Place);
 }
 
 } // namespace
