@@ -73,6 +73,12 @@ void PressAt(FormHandlers& handlers, int xPx, int yPx) {
     handlers.OnPointer({PointerKind::Release, xPx, yPx, kLeftButton, kNoButton, 0});
 }
 
+void LetScreenReadersIn(QtWindow& window, QtLoop& loop, Velora& velora, FormHandlers& handlers) {
+    window.LetSpeak(
+        {[&] { return AccessibleControls(velora); },
+         [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(handlers, xPx, yPx); }); }});
+}
+
 } // namespace
 
 int main(int count, char** arguments) {
@@ -105,9 +111,7 @@ int main(int count, char** arguments) {
     window.Attach(velora.frmMain, formHandlers,
                   [&](bool seen, bool scopeSeen) { player.SetSight(seen, scopeSeen); });
     loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
-    window.LetSpeak(
-        {[&] { return AccessibleControls(velora); },
-         [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(formHandlers, xPx, yPx); }); }});
+    LetScreenReadersIn(window, loop, velora, formHandlers);
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 
     Form_Load(velora);
