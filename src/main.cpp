@@ -10,7 +10,7 @@
 #include "platform/audio/audio_player.h"
 #include "platform/audio/audio_scope.h"
 #include "platform/audio/click_sound.h"
-#include "platform/machine.h"
+#include "platform/program_places.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_loop.h"
@@ -21,7 +21,7 @@
 #include "playback/player_events.h"
 #include "shell/handlers.h"
 #include "shell/startup.h"
-#include "state/spoken.h"
+#include "state/accessible.h"
 #include "state/velora.h"
 
 namespace {
@@ -73,6 +73,12 @@ void PressAt(FormHandlers& handlers, int xPx, int yPx) {
     handlers.OnPointer({PointerKind::Release, xPx, yPx, kLeftButton, kNoButton, 0});
 }
 
+void LetScreenReadersIn(QtWindow& window, QtLoop& loop, Velora& velora, FormHandlers& handlers) {
+    window.Accessibility().Attach(
+        {[&] { return AccessibleControls(velora); },
+         [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(handlers, xPx, yPx); }); }});
+}
+
 } // namespace
 
 int main(int count, char** arguments) {
@@ -105,9 +111,7 @@ int main(int count, char** arguments) {
     window.Attach(velora.frmMain, formHandlers,
                   [&](bool seen, bool scopeSeen) { player.SetSight(seen, scopeSeen); });
     loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
-    window.Accessibility().Attach(
-        {[&] { return SpokenControls(velora); },
-         [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(formHandlers, xPx, yPx); }); }});
+    LetScreenReadersIn(window, loop, velora, formHandlers);
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 
     Form_Load(velora);

@@ -1,6 +1,8 @@
 // Lights only ever go on here during a track; a seek backward leaves the lit ones lit.
 #include "display/progress.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr Long kResetColour = 0x0000FF;
@@ -26,19 +28,19 @@ Text CaptionAt(TextView title, TextView artist, TextView file, Integer percent) 
 void UpdateProgress(Velora& velora, Long Position, Long Length) {
     if (Length == 0 || Position == 0 || velora.PlayerState != PlayerState::Playing) return;
     const auto [Segments, Percent] = ProgressAt(Position, Length);
-    FillProgress(velora, Segments);
-    const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(velora.CurrentTrack)];
+    FillProgress(velora.frmMain, Segments);
+    const MediaEntry& entry = velora.MediaList[velora.CurrentTrack];
     velora.frmMain.Caption = CaptionAt(velora.TrackTitle, velora.TrackArtist, entry.File, Percent);
     velora.frmMain.lblStatusLabel.Caption = u"Playing " + Decimal(Percent) + u"%";
     if (Segments == kLights) ResetDisplay(velora);
 }
 
-void FillProgress(Velora& velora, Integer Segments) {
-    for (int light = 1; light <= Segments; ++light) {
-        if (light > kLights) return;
-        Shape& shape = velora.frmMain.shpPercent[static_cast<std::size_t>(light)];
-        if (!shape.Exists) return;
-        shape.FillColour = kPassedColour;
+void FillProgress(Form& form, Integer Segments) {
+    const Integer last = std::min(Segments, kLights);
+    for (Integer number = 1; number <= last; ++number) {
+        Shape& light = form.shpPercent[number];
+        if (!light.Exists) return;
+        light.FillColour = kPassedColour;
     }
 }
 
@@ -49,8 +51,9 @@ void ResetDisplay(Velora& velora) {
     form.lblStatusLabel.Caption = u"Ready";
     SetPicture(form.picPlay, form.picPlay1.Picture);
     form.lblFilescroll.Caption.clear();
-    for (std::size_t light = 1; light <= kLights; ++light) {
-        if (form.shpPercent[light].Exists) form.shpPercent[light].FillColour = kResetColour;
+    for (Integer number = 1; number <= kLights; ++number) {
+        Shape& light = form.shpPercent[number];
+        if (light.Exists) light.FillColour = kResetColour;
         Delay(velora.Loop, kSecondsPerLight);
     }
     form.VFmp3scope1.Visible = false;

@@ -26,7 +26,7 @@ void UpdateProgress(Velora& velora, Long Position, Long Length);
 
 /// Turns the lights 1 to `Segments` yellow and leaves the others; ends at the first that the skin
 /// hasn't.
-void FillProgress(Velora& velora, Integer Segments);
+void FillProgress(Form& form, Integer Segments);
 
 /// Stops the display, not the player: `PlayerState` becomes `Stopped`, the lights go out one after
 /// the other in 0.26 seconds with events running, and the visualisation hides.

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "display/characters.h"
-
 namespace {
 
 constexpr TextView kHead = u" ..:: velora is currently playing ::.. ";
@@ -12,30 +10,30 @@ constexpr TextView kWebBlock =
     u" ..:: visit team quillo on the web: http://www.quillo.example ::.. ";
 constexpr std::size_t kGapLength = 10;
 
-Text TaggedLine(const TickerFacts& facts) {
+Text TaggedLine(const PlayingTrack& track) {
     const Text gap(kGapLength, u' ');
-    const Text rateBlock = u" ..:: bitrate: " + Decimal(facts.Bitrate) + u" ::.. ";
-    const Text sampleBlock = u" ..:: sample: " + Decimal(facts.SampleRate) + u" ::.. ";
+    const Text rateBlock = u" ..:: bitrate: " + Decimal(track.Bitrate) + u" ::.. ";
+    const Text sampleBlock = u" ..:: sample: " + Decimal(track.SampleRate) + u" ::.. ";
     Text line(kHead);
-    line.append(facts.Title).append(u" by ").append(facts.Artist).append(u" ::.. ").append(gap);
+    line.append(track.Title).append(u" by ").append(track.Artist).append(u" ::.. ").append(gap);
     line.append(rateBlock).append(gap).append(sampleBlock).append(gap);
     return line.append(kWebBlock).append(gap);
 }
 
-Text UntaggedLine(const TickerFacts& facts) {
-    return Text(kHead).append(facts.File).append(u"::.. ").append(kGapLength, u' ');
+Text UntaggedLine(const PlayingTrack& track) {
+    return Text(kHead).append(track.File).append(u"::.. ").append(kGapLength, u' ');
 }
 
 } // namespace
 
-Text TickerLine(const TickerFacts& facts) {
-    if (facts.State != PlayerState::Playing) return {};
-    const bool tagged = !facts.Artist.empty() && !facts.Title.empty();
-    return tagged ? TaggedLine(facts) : UntaggedLine(facts);
+Text TickerLine(const PlayingTrack& track) {
+    if (track.State != PlayerState::Playing) return {};
+    const bool tagged = !track.Artist.empty() && !track.Title.empty();
+    return tagged ? TaggedLine(track) : UntaggedLine(track);
 }
 
 void UpdateTicker(Velora& velora) {
-    const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(velora.CurrentTrack)];
+    const MediaEntry& entry = velora.MediaList[velora.CurrentTrack];
     velora.frmMain.lblFilescroll.Caption =
         TickerLine({velora.PlayerState, velora.TrackTitle, velora.TrackArtist, entry.File,
                     velora.TrackBitrate, velora.TrackSampleRate});

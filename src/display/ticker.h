@@ -4,8 +4,8 @@
 
 #include "state/velora.h"
 
-/// What the line is made of.
-struct TickerFacts {
+/// What the line tells of the track that plays.
+struct PlayingTrack {
     ::PlayerState State = ::PlayerState::Stopped;
     TextView Title, Artist; ///< Used only if neither is empty.
     TextView File;          ///< The name of the file that plays.
@@ -14,7 +14,7 @@ struct TickerFacts {
 };
 
 /// The line for the track that plays; empty in every state but `Playing`.
-[[nodiscard]] Text TickerLine(const TickerFacts& facts);
+[[nodiscard]] Text TickerLine(const PlayingTrack& track);
 
 /// Puts the line of the current track on the label, from its beginning.
 void UpdateTicker(Velora& velora);

@@ -30,9 +30,9 @@ public:
     /// Asks for one line of text; empty if the user cancels.
     [[nodiscard]] virtual Text InputBox(const Text& prompt, const Text& title) = 0;
 
-    /// Lets the user choose one existing file. `rows` begin at their first; `*.*` means all files,
-    /// patterns match without regard to case; an empty `directory` leaves the place to the
-    /// platform. The full path, or empty if the user cancels or the dialog fails.
+    /// Lets the user choose one existing file. The first of `rows` counts at the start; `*.*` means
+    /// all files, patterns match without regard to case; an empty `directory` leaves the place to
+    /// the platform. The full path, or empty if the user cancels or the dialog fails.
     [[nodiscard]] virtual Text ChooseFile(const Text& title, const Text& directory,
                                           const std::vector<FilterRow>& rows) = 0;
 };

@@ -25,8 +25,8 @@ int FileHandle::Release() {
 
 FileHandle OpenForReading(const std::string& pathBytes) {
     FileHandle file(open(pathBytes.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
-    struct stat facts {};
-    if (fstat(file.Descriptor(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
+    struct stat status {};
+    if (fstat(file.Descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return {};
     return file;
 }
 
@@ -42,10 +42,10 @@ void MakeDirectory(TextView directory) {
 }
 
 std::optional<std::string> ReadFileBytes(const FileHandle& file, std::size_t limit) {
-    struct stat facts {};
-    if (fstat(file.Descriptor(), &facts) != 0) return std::nullopt;
-    if (static_cast<std::size_t>(facts.st_size) > limit) return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(facts.st_size) + 1, '\0');
+    struct stat status {};
+    if (fstat(file.Descriptor(), &status) != 0) return std::nullopt;
+    if (static_cast<std::size_t>(status.st_size) > limit) return std::nullopt;
+    std::string bytes(static_cast<std::size_t>(status.st_size) + 1, '\0');
     std::size_t filled = 0;
     for (;;) {
         const ssize_t count = read(file.Descriptor(), bytes.data() + filled, bytes.size() - filled);

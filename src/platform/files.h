@@ -1,4 +1,4 @@
-// The one opener for all that is read, and the reading of a whole file.
+// Opening a file to read it, reading all of it, making a directory.
 #pragma once
 
 #include <cstddef>

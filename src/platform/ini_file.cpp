@@ -1,4 +1,4 @@
-// The facts come from the open file, so that they are those of the bytes.
+// The status is asked of the open file, so that it belongs to the bytes that are read.
 #include "platform/ini_file.h"
 
 namespace {
@@ -12,7 +12,7 @@ bool SameTime(const timespec& left, const timespec& right) {
 std::optional<IniFile> OpenIniFile(const std::string& pathBytes) {
     IniFile file;
     file.Handle = OpenForReading(pathBytes);
-    if (fstat(file.Handle.Descriptor(), &file.Facts) != 0) return std::nullopt;
+    if (fstat(file.Handle.Descriptor(), &file.Status) != 0) return std::nullopt;
     std::optional<std::string> bytes = ReadFileBytes(file.Handle, kMostIniBytes);
     if (!bytes) return std::nullopt;
     file.Content = IniText(std::move(*bytes));
@@ -22,7 +22,7 @@ std::optional<IniFile> OpenIniFile(const std::string& pathBytes) {
 bool IsUnchanged(const IniFile& file, const std::string& pathBytes) {
     struct stat now {};
     if (stat(pathBytes.c_str(), &now) != 0) return false;
-    const struct stat& then = file.Facts;
+    const struct stat& then = file.Status;
     return now.st_dev == then.st_dev && now.st_ino == then.st_ino && now.st_size == then.st_size &&
            SameTime(now.st_mtim, then.st_mtim) && SameTime(now.st_ctim, then.st_ctim);
 }

@@ -14,7 +14,7 @@ constexpr std::size_t kMostIniBytes = 4 * 1024 * 1024;
 /// The file stays open, or another file could come to have its identity.
 struct IniFile {
     FileHandle Handle;
-    struct stat Facts {};
+    struct stat Status {};
     IniText Content;
 };
 

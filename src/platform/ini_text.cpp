@@ -4,9 +4,10 @@
 
 #include <algorithm>
 
+#include "platform/text.h"
+
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kWhite = " \t\v\f";
 
 struct Line {
@@ -14,11 +15,6 @@ struct Line {
     std::size_t End = 0;  // Without the line end.
     std::size_t Next = 0; // Behind the line end.
 };
-
-// Where the first line begins.
-std::size_t StartOf(std::string_view bytes) {
-    return bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-}
 
 Line LineAt(std::string_view bytes, std::size_t start) {
     const std::size_t end = std::min(bytes.find_first_of("\r\n", start), bytes.size());
@@ -28,9 +24,7 @@ Line LineAt(std::string_view bytes, std::size_t start) {
 }
 
 std::string_view Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kWhite);
-    if (first == std::string_view::npos) return text.substr(0, 0);
-    return text.substr(first, text.find_last_not_of(kWhite) - first + 1);
+    return Trimmed(text, kWhite);
 }
 
 bool IsQuoted(std::string_view text) {
@@ -77,7 +71,7 @@ IniText::IniText(std::string bytes) : m_bytes(std::move(bytes)) {
 
 void IniText::CollectSections() {
     const std::string_view bytes = m_bytes;
-    std::size_t at = StartOf(bytes);
+    std::size_t at = ByteOrderMarkLength(bytes);
     while (at < bytes.size()) {
         const Line line = LineAt(bytes, at);
         at = line.Next;
@@ -147,8 +141,8 @@ std::optional<std::string> IniText::With(std::string_view section, std::string_v
     if (place.From == place.To) {
         added += lineEnd;
         const std::string_view before = bytes.substr(0, place.From);
-        const bool behindOpenLine =
-            before.size() > StartOf(bytes) && before.find_last_of("\r\n") + 1 != before.size();
+        const bool behindOpenLine = before.size() > ByteOrderMarkLength(bytes) &&
+                                    before.find_last_of("\r\n") + 1 != before.size();
         if (behindOpenLine) added = lineEnd + added;
     }
     IniText result(std::string(bytes.substr(0, place.From)) + added +

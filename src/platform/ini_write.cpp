@@ -18,9 +18,10 @@ constexpr int kMostAttempts = 10, kMostNames = 100;
 
 enum class Outcome { Written, Failed, ChangedMeanwhile };
 
-bool IsThere(const std::string& path) {
-    struct stat facts {};
-    return lstat(path.c_str(), &facts) == 0;
+// Whether something has that name, be it a link that leads nowhere.
+bool IsNameTaken(const std::string& path) {
+    struct stat status {};
+    return lstat(path.c_str(), &status) == 0;
 }
 
 // The path with all links followed; the path itself if nothing is there. Nothing for a link that
@@ -29,13 +30,13 @@ std::optional<std::string> FollowLinks(const std::string& path) {
     const std::unique_ptr<char, decltype(&std::free)> real(realpath(path.c_str(), nullptr),
                                                            std::free);
     if (real) return std::string(real.get());
-    return IsThere(path) ? std::nullopt : std::optional(path);
+    return IsNameTaken(path) ? std::nullopt : std::optional(path);
 }
 
 // Whether the file may be changed where it is. A file that nobody may write is left alone by the
 // superuser, too.
-bool IsWritableAsItStands(const std::string& path, const struct stat& facts) {
-    if ((facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return false;
+bool IsWritableAsItStands(const std::string& path, const struct stat& status) {
+    if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return false;
     return static_cast<bool>(
         FileHandle(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)));
 }
@@ -84,10 +85,11 @@ private:
 
     // Owner before mode: a change of owner takes bits of the mode away.
     bool TakeOver(const struct stat* likeThis) {
-        struct stat facts {};
+        struct stat status {};
         if (!likeThis) return true;
-        if (fstat(m_descriptor, &facts) != 0) return false;
-        const bool sameOwner = facts.st_uid == likeThis->st_uid && facts.st_gid == likeThis->st_gid;
+        if (fstat(m_descriptor, &status) != 0) return false;
+        const bool sameOwner =
+            status.st_uid == likeThis->st_uid && status.st_gid == likeThis->st_gid;
         if (!sameOwner &&
             m_calls.ChangeOwner(m_descriptor, likeThis->st_uid, likeThis->st_gid) != 0)
             return false;
@@ -118,9 +120,9 @@ Outcome WriteOnce(const std::string& target, std::string_view section, std::stri
                   std::string_view value, const FileCalls& calls, const std::string& seed) {
     std::optional<IniFile> old;
     IniText text;
-    if (IsThere(target)) {
+    if (IsNameTaken(target)) {
         old = OpenIniFile(target);
-        if (!old || !IsWritableAsItStands(target, old->Facts)) return Outcome::Failed;
+        if (!old || !IsWritableAsItStands(target, old->Status)) return Outcome::Failed;
         text = old->Content;
     } else if (const std::optional<IniFile> first =
                    seed.empty() ? std::nullopt : OpenIniFile(seed)) {
@@ -132,8 +134,8 @@ Outcome WriteOnce(const std::string& target, std::string_view section, std::stri
     // Nobody else may read it before it has the old one's mode.
     constexpr mode_t kPrivate = 0600, kByUmask = 0666;
     NewFile fresh(target, old ? kPrivate : kByUmask, calls);
-    if (!fresh.Fill(*content, old ? &old->Facts : nullptr)) return Outcome::Failed;
-    if (old ? !IsUnchanged(*old, target) : IsThere(target)) return Outcome::ChangedMeanwhile;
+    if (!fresh.Fill(*content, old ? &old->Status : nullptr)) return Outcome::Failed;
+    if (old ? !IsUnchanged(*old, target) : IsNameTaken(target)) return Outcome::ChangedMeanwhile;
     if (!fresh.MoveTo(target)) return Outcome::Failed;
     FlushDirectoryOf(target, calls);
     return Outcome::Written;

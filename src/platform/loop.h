@@ -9,9 +9,6 @@ class Loop {
 public:
     virtual ~Loop() = default;
 
-    /// Runs until the process ends. Called once, by main.
-    virtual void Run() = 0;
-
     /// Waits `seconds` with all events going on: mouse, timers, player events. Waits may nest; an
     /// inner one that is longer holds up the outer one. 0 or less deals with what is pending and
     /// returns.

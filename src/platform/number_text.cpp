@@ -17,15 +17,7 @@ std::string TrimmedAscii(TextView text) {
         if (letter >= 0x80) return {};
         ascii.push_back(static_cast<char>(letter));
     }
-    const std::size_t first = ascii.find_first_not_of(kBlanks);
-    if (first == std::string::npos) return {};
-    return ascii.substr(first, ascii.find_last_not_of(kBlanks) - first + 1);
-}
-
-TextView TrimBlanks(TextView text) {
-    const std::size_t first = text.find_first_not_of(u' ');
-    if (first == TextView::npos) return {};
-    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+    return std::string(Trimmed(std::string_view(ascii), kBlanks));
 }
 
 // An exponent below 0 makes a number that is out of range a very small one.
@@ -67,7 +59,7 @@ std::optional<std::int64_t> HexadecimalNumber(TextView text, int bitCount) {
 }
 
 std::optional<bool> TruthValue(TextView text) {
-    const TextView word = TrimBlanks(text);
+    const TextView word = Trimmed(text, TextView(u" "));
     if (EqualIgnoringCase(word, u"True")) return true;
     if (EqualIgnoringCase(word, u"False")) return false;
     if (const auto bits = HexadecimalNumber(text, 32)) return *bits != 0;

@@ -4,7 +4,6 @@
 #include <dirent.h>
 #include <filesystem>
 #include <memory>
-#include <unicode/utf8.h>
 #include <vector>
 
 namespace {
@@ -15,7 +14,7 @@ constexpr char16_t kBackslashInName = 0xF05C;
 constexpr char16_t kFirstRawByte = 0xF700;
 constexpr char16_t kLastRawByte = 0xF7FF;
 
-bool StandsForSomething(UChar32 letter) {
+bool StandsForSomething(std::int32_t letter) {
     return letter == kBackslashInName || (letter >= kFirstRawByte && letter <= kLastRawByte);
 }
 
@@ -34,7 +33,7 @@ std::vector<std::string> NamesIn(const std::string& directory) {
     return names;
 }
 
-bool IsThere(const fs::path& path) {
+bool Exists(const fs::path& path) {
     std::error_code ignored;
     return fs::exists(path, ignored);
 }
@@ -63,7 +62,7 @@ std::optional<std::string> Walk(const std::string& path) {
     fs::path found;
     for (const fs::path& component : fs::path(path)) {
         if (component.empty()) continue;
-        if (IsThere(found / component)) {
+        if (Exists(found / component)) {
             found /= component;
             continue;
         }
@@ -71,12 +70,12 @@ std::optional<std::string> Walk(const std::string& path) {
         if (!other) return std::nullopt;
         found /= *other;
     }
-    return IsThere(found) ? std::optional<std::string>(found) : std::nullopt;
+    return Exists(found) ? std::optional<std::string>(found) : std::nullopt;
 }
 
 std::optional<std::string> FindBytes(const std::string& path) {
     if (path.empty() || path.find('\0') != std::string::npos) return std::nullopt;
-    if (IsThere(path)) return path;
+    if (Exists(path)) return path;
     return Walk(path);
 }
 
@@ -138,20 +137,16 @@ std::string PathBytes(TextView path) {
 
 Text PathText(std::string_view bytes) {
     Text path;
-    const auto length = static_cast<std::int64_t>(bytes.size());
-    std::int64_t at = 0;
-    while (at < length) {
-        const std::int64_t start = at;
-        UChar32 letter = 0;
-        U8_NEXT(bytes.data(), at, length, letter);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t start = at;
+        const std::int32_t letter = NextUtf8(bytes, at);
         // A letter that would read as one of the stand-ins on the way back travels byte by byte,
         // too.
         if (letter < 0 || StandsForSomething(letter)) {
             if (letter < 0) at = start + 1;
-            for (std::int64_t raw = start; raw < at; ++raw)
-                path.push_back(static_cast<char16_t>(
-                    kFirstRawByte +
-                    static_cast<unsigned char>(bytes[static_cast<std::size_t>(raw)])));
+            for (const char raw : bytes.substr(start, at - start))
+                path.push_back(
+                    static_cast<char16_t>(kFirstRawByte + static_cast<unsigned char>(raw)));
         } else if (letter == '/') {
             path.push_back(u'\\');
         } else if (letter == '\\') {

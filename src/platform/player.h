@@ -9,7 +9,7 @@
 /// What a player reports. Each call comes on the loop's thread, from the loop, never from inside
 /// one of the player's operations. For a track the order is: `OnTagInfo`, `OnStreamInfo`,
 /// `OnTrackLength`, each once, then `OnPosition` about five times a second, or once while the
-/// window can't be seen; a file that can't be played raises nothing. Events of a track that has
+/// window isn't visible; a file that can't be played raises nothing. Events of a track that has
 /// been stopped don't arrive any more.
 class PlayerEvents {
 public:
@@ -27,7 +27,7 @@ public:
     virtual void OnTrackLength(Long Length) = 0;
 
     /// `VisData` names a frame of samples in the ring that player and scope share. About 30 times a
-    /// second, and only while the scope can be seen.
+    /// second, and only while the scope is visible.
     virtual void OnVisData(Long VisData) = 0;
 
     /// The place that is heard, in milliseconds. `Length` itself comes last, when a track has
@@ -42,7 +42,7 @@ public:
     virtual ~Player() = default;
 
     /// The directories in which the player looks for a file whose path is relative, in this order.
-    /// Asked for before `TrackFile`.
+    /// Called before `TrackFile`.
     virtual void LookIn(const std::vector<Text>& directories) = 0;
 
     /// The path of the next file to play, as the media list holds it. Written after `Stop`, before

@@ -12,11 +12,8 @@ constexpr std::size_t kMostValueBytes = 254;
 std::string_view CutToLimit(std::string_view value) {
     if (value.size() <= kMostValueBytes) return value;
     std::size_t length = kMostValueBytes;
-    const auto goesOn = [&](std::size_t at) {
-        return (static_cast<unsigned char>(value[at]) & 0xC0) == 0x80;
-    };
     if (IsUtf8(value))
-        while (goesOn(length))
+        while (ContinuesUtf8(value[length]))
             --length;
     return value.substr(0, length);
 }

@@ -17,6 +17,14 @@ struct Rect {
     }
 };
 
+/// The smallest rectangle around both; an empty one adds nothing to it.
+[[nodiscard]] constexpr Rect Enclosing(const Rect& first, const Rect& second) {
+    if (first.IsEmpty()) return second;
+    if (second.IsEmpty()) return first;
+    return {std::min(first.Left, second.Left), std::min(first.Top, second.Top),
+            std::max(first.Right, second.Right), std::max(first.Bottom, second.Bottom)};
+}
+
 /// What both rectangles cover; an empty rectangle if that is nothing.
 [[nodiscard]] constexpr Rect Intersection(const Rect& first, const Rect& second) {
     const Rect common{std::max(first.Left, second.Left), std::max(first.Top, second.Top),

@@ -148,21 +148,6 @@ std::span<const RowSpan> Region::SpansOf(const Band& band) const {
     return std::span(m_spans).subspan(band.FirstSpan, band.SpanCount);
 }
 
-std::span<const RowSpan> Region::SpansAt(std::int32_t y) const {
-    const auto band =
-        std::partition_point(m_bands.begin(), m_bands.end(),
-                             [y](const Band& candidate) { return candidate.Bottom <= y; });
-    if (band == m_bands.end() || y < band->Top) return {};
-    return SpansOf(*band);
-}
-
-bool Region::Holds(std::int32_t x, std::int32_t y) const {
-    const std::span<const RowSpan> spans = SpansAt(y);
-    const auto span = std::partition_point(
-        spans.begin(), spans.end(), [x](const RowSpan& candidate) { return candidate.Right <= x; });
-    return span != spans.end() && x >= span->Left;
-}
-
 std::vector<Rect> Region::Rectangles(const Rect& view) const {
     std::vector<Rect> rectangles;
     for (const Band& band : m_bands)
@@ -201,15 +186,14 @@ Long CreateRoundRectRgn(RegionTable& table, const Rect& outer, const Rect& sides
     return CreateRounded(table, outer, InOrder(sides, cornerWidth, cornerHeight));
 }
 
-bool CombineRgn(RegionTable& table, Long dest, Long source1, Long source2, Long mode) {
+void CombineRgn(RegionTable& table, Long dest, Long source1, Long source2, Long mode) {
     const std::shared_ptr<const Region> first = FindRegion(table, source1);
     const std::shared_ptr<const Region> second = FindRegion(table, source2);
     const auto target = table.Regions.find(dest);
     if (mode < 1 || mode > Long{std::size(kModes)} || !first || !second ||
         target == table.Regions.end())
-        return false;
+        return;
     target->second = std::make_shared<const Region>(Combine(*first, *second, kModes[mode - 1]));
-    return true;
 }
 
 std::shared_ptr<const Region> FindRegion(const RegionTable& table, Long handle) {

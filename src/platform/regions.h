@@ -23,19 +23,13 @@ struct RowSpan {
 /// shared. Equal sets are equal regions, however they came about.
 class Region {
 public:
-    [[nodiscard]] bool Holds(std::int32_t x, std::int32_t y) const;
-    [[nodiscard]] bool IsEmpty() const { return m_bands.empty(); }
-
     /// The part of the region inside `view`, as rectangles that don't overlap, from top to bottom
     /// and left to right, counted from the corner of `view`. With the place of the client area as
     /// `view` they are what a window layer cuts its surface to.
     [[nodiscard]] std::vector<Rect> Rectangles(const Rect& view) const;
 
-    /// The spans of row `y` from left to right, with a gap between any two.
-    [[nodiscard]] std::span<const RowSpan> SpansAt(std::int32_t y) const;
-
     /// Adds the rows from `top` up to and not including `bottom` beneath all that the region has.
-    /// `spans` are as `SpansAt` gives them; no spans add nothing.
+    /// `spans` go from left to right, with a gap between any two; no spans add nothing.
     void Append(std::int32_t top, std::int32_t bottom, std::span<const RowSpan> spans);
 
     bool operator==(const Region&) const = default;
@@ -49,7 +43,9 @@ public:
 
         bool operator==(const Band&) const = default;
     };
+    /// From top to bottom; none if the region is empty.
     [[nodiscard]] std::span<const Band> Bands() const { return m_bands; }
+    /// The spans of each row of a band, from left to right, with a gap between any two.
     [[nodiscard]] std::span<const RowSpan> SpansOf(const Band& band) const;
 
 private:
@@ -81,9 +77,9 @@ struct RegionTable {
 
 /// Puts the combination of two regions in the place of the region `dest`, which may be one of them.
 /// `mode` is 1 for what both have, 2 for what any has, 3 for what one of them has, 4 for the first
-/// without the second, 5 for the first. False, and nothing has changed, for a handle that isn't in
-/// `table` (also one that the mode doesn't look at) and for any other mode.
-bool CombineRgn(RegionTable& table, Long dest, Long source1, Long source2, Long mode);
+/// without the second, 5 for the first. Nothing changes for a handle that isn't in `table` (also
+/// one that the mode doesn't look at) and for any other mode.
+void CombineRgn(RegionTable& table, Long dest, Long source1, Long source2, Long mode);
 
 /// The region as it is now; it stays as it is when the object is combined anew or released. The
 /// null pointer for a handle that isn't in `table`.

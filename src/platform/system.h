@@ -1,5 +1,5 @@
-// What the system asks of the machine beside its files: where it is, other programs, the click, the
-// end.
+// What the system asks of the machine, apart from reading and writing files: directories, the
+// command line, other programs, the click, the end of the process.
 #pragma once
 
 #include "platform/text.h"
@@ -11,13 +11,13 @@ public:
     /// The directory of the program's file, links resolved, without a trailing backslash.
     [[nodiscard]] virtual Text ApplicationDirectory() const = 0;
 
-    /// Where the three ini files are: `ApplicationDirectory`, or the user's own directory if that
-    /// one can't be written. `name` begins with a backslash. The file with that name that a read
-    /// should go to.
+    /// The path at which an ini file is to be read; `name` begins with a backslash. It is
+    /// `OwnIniFile`, unless there is no such file and one beside the program.
     [[nodiscard]] virtual Text IniFile(const Text& name) const = 0;
 
-    /// The file that a write should go to: the same, unless that one is installed for all users.
-    /// Then it is the user's own, which needn't be there.
+    /// The path at which it is to be written: beside the program or, where that directory can't be
+    /// written (an installation for all users), in the user's own data directory. The file needn't
+    /// be there.
     [[nodiscard]] virtual Text OwnIniFile(const Text& name) const = 0;
 
     /// What follows the program's name on the command line: every argument made absolute and put in

@@ -23,14 +23,22 @@ char32_t NextLetter(TextView text, std::size_t& at) {
     return letter;
 }
 
-// Decodes one letter of UTF-8 at `at` and moves `at` behind it; below 0 for bytes that are none.
-UChar32 NextUtf8(std::string_view bytes, std::size_t& at) {
+bool IsPair(char16_t first, char16_t second) {
+    return U16_IS_LEAD(first) && U16_IS_TRAIL(second);
+}
+
+} // namespace
+
+std::int32_t NextUtf8(std::string_view bytes, std::size_t& at) {
     UChar32 letter = 0;
     U8_NEXT(bytes.data(), at, bytes.size(), letter);
     return letter;
 }
 
-} // namespace
+std::size_t ByteOrderMarkLength(std::string_view bytes) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    return bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+}
 
 bool IsUtf8(std::string_view bytes) {
     for (std::size_t at = 0; at < bytes.size();)
@@ -42,7 +50,7 @@ Text TextFromBytes(std::string_view bytes) {
     Text text;
     text.reserve(bytes.size());
     for (std::size_t at = 0; at < bytes.size();) {
-        const UChar32 letter = NextUtf8(bytes, at);
+        const std::int32_t letter = NextUtf8(bytes, at);
         if (letter < 0) {
             text.clear();
             break;
@@ -77,6 +85,27 @@ void AppendUtf16(Text& text, char32_t letter) {
     }
     text.push_back(U16_LEAD(letter));
     text.push_back(U16_TRAIL(letter));
+}
+
+std::size_t FirstCharacterLength(TextView text) {
+    if (text.empty()) return 0;
+    return text.size() > 1 && IsPair(text[0], text[1]) ? 2 : 1;
+}
+
+TextView WithoutFirstCharacter(TextView text) {
+    return text.substr(FirstCharacterLength(text));
+}
+
+TextView WithoutLastCharacter(TextView text) {
+    if (text.empty()) return text;
+    const bool pair = text.size() > 1 && IsPair(text[text.size() - 2], text.back());
+    return text.substr(0, text.size() - (pair ? 2 : 1));
+}
+
+TextView StartOf(TextView text, std::size_t most) {
+    if (text.size() <= most) return text;
+    const bool cutsPair = most > 0 && IsPair(text[most - 1], text[most]);
+    return text.substr(0, most - (cutsPair ? 1 : 0));
 }
 
 char32_t NextLowerLetter(TextView text, std::size_t& at) {

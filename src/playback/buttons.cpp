@@ -11,7 +11,7 @@ void ButtonUp(Velora& velora, Integer Button, PictureBox& control, const Picture
     SetPicture(control, normal.Picture);
     // The click holds everything up: what the user sees has to be right before it.
     velora.Window.Present();
-    PlaySoundFile(velora, velora.System.ApplicationDirectory() + u"\\click.wav");
+    PlaySoundFile(velora.System, velora.System.ApplicationDirectory() + u"\\click.wav");
 }
 
 void ButtonMove(const MouseEvent& event, PictureBox& control, const PictureBox& normal,
@@ -27,18 +27,18 @@ void ButtonMove(const MouseEvent& event, PictureBox& control, const PictureBox& 
     }
 }
 
-void PlaySoundFile(Velora& velora, const Text& FileName) {
-    velora.System.PlaySoundAndWait(FileName);
+void PlaySoundFile(System& system, const Text& FileName) {
+    system.PlaySoundAndWait(FileName);
 }
 
-ButtonChange DecideButtonMove(const ButtonMoveFacts& facts) {
-    if (facts.Button != kLeftButton) return ButtonChange::Keep;
-    const auto width = static_cast<Single>(facts.WidthPx),
-               height = static_cast<Single>(facts.HeightPx);
-    const bool outside = facts.X > width || facts.X < -1 || facts.Y > height || facts.Y < -1;
-    const bool inside = facts.X < width && facts.X > -1 && facts.Y < height && facts.Y > -1;
-    if (facts.ShowsPressed) return outside ? ButtonChange::ShowNormal : ButtonChange::Keep;
-    return facts.ShowsNormal && inside ? ButtonChange::ShowPressed : ButtonChange::Keep;
+ButtonChange DecideButtonMove(const MoveOnControl& move) {
+    if (move.Button != kLeftButton) return ButtonChange::Keep;
+    const auto width = static_cast<Single>(move.WidthPx),
+               height = static_cast<Single>(move.HeightPx);
+    const bool outside = move.X > width || move.X < -1 || move.Y > height || move.Y < -1;
+    const bool inside = move.X < width && move.X > -1 && move.Y < height && move.Y > -1;
+    if (move.ShowsPressed) return outside ? ButtonChange::ShowNormal : ButtonChange::Keep;
+    return move.ShowsNormal && inside ? ButtonChange::ShowPressed : ButtonChange::Keep;
 }
 
 bool ShowsPictureOf(const PictureBox& control, const PictureBox& other) {
@@ -53,47 +53,10 @@ void picPlay_MouseDown(Velora& velora, const MouseEvent& event) {
         ButtonDown(event.Button, form.picPlay, form.picStop2);
 }
 
-void picPause_MouseDown(Velora& velora, const MouseEvent& event) {
-    ButtonDown(event.Button, velora.frmMain.picPause, velora.frmMain.picPause2);
-}
-
-void picPlaylist_MouseDown(Velora& velora, const MouseEvent& event) {
-    ButtonDown(event.Button, velora.frmMain.picPlaylist, velora.frmMain.picPlaylist2);
-}
-
-void picEject_MouseDown(Velora& velora, const MouseEvent& event) {
-    ButtonDown(event.Button, velora.frmMain.picEject, velora.frmMain.picEject2);
-}
-
 void picPlay_MouseMove(Velora& velora, const MouseEvent& event) {
     Form& form = velora.frmMain;
     if (ShowsPictureOf(form.picPlay, form.picPlay2))
         ButtonMove(event, form.picPlay, form.picPlay1, form.picPlay2);
     else if (ShowsPictureOf(form.picPlay, form.picStop2))
         ButtonMove(event, form.picPlay, form.picStop1, form.picStop2);
-}
-
-void picPause_MouseMove(Velora& velora, const MouseEvent& event) {
-    Form& form = velora.frmMain;
-    ButtonMove(event, form.picPause, form.picPause1, form.picPause2);
-}
-
-void picBackward_MouseMove(Velora& velora, const MouseEvent& event) {
-    Form& form = velora.frmMain;
-    ButtonMove(event, form.picBackward, form.picBackward1, form.picBackward2);
-}
-
-void picForward_MouseMove(Velora& velora, const MouseEvent& event) {
-    Form& form = velora.frmMain;
-    ButtonMove(event, form.picForward, form.picForeward1, form.picForeward2);
-}
-
-void picPlaylist_MouseMove(Velora& velora, const MouseEvent& event) {
-    Form& form = velora.frmMain;
-    ButtonMove(event, form.picPlaylist, form.picPlaylist1, form.picPlaylist2);
-}
-
-void picEject_MouseMove(Velora& velora, const MouseEvent& event) {
-    Form& form = velora.frmMain;
-    ButtonMove(event, form.picEject, form.picEject1, form.picEject2);
 }

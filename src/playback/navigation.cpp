@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "display/characters.h"
 #include "display/progress.h"
 #include "platform/paths.h"
 #include "playlist/media_list.h"
@@ -13,10 +12,7 @@ namespace {
 constexpr double kSecondsBetweenTracks = 0.2;
 constexpr int kSuffixCharacters = 4;
 
-// Whether the entry may be started.
-bool IsPlayable(const Velora& velora, Integer Index) {
-    if (Index < 1 || Index > velora.Count) return false;
-    const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(Index)];
+bool IsPlayable(const MediaEntry& entry) {
     if (entry.Type != kMp1Media && entry.Type != kMp2Media && entry.Type != kMp3Media) return false;
     return entry.Enabled && !(entry.Path.empty() && entry.File.empty());
 }
@@ -54,9 +50,9 @@ std::vector<Text> LookInDirectories(const Velora& velora) {
 }
 
 void StartTrack(Velora& velora, Integer Index) {
-    if (!IsPlayable(velora, Index)) return;
+    const MediaEntry& entry = velora.MediaList[Index];
+    if (Index < 1 || Index > velora.Count || !IsPlayable(entry)) return;
     Form& form = velora.frmMain;
-    const MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(Index)];
     const Text path = entry.Path + entry.File;
     velora.VFmp3player1.Stop();
     velora.VFmp3player1.LookIn(LookInDirectories(velora));

@@ -15,12 +15,12 @@
 /// or isn't of a kind that is played. Whether the player can play the file isn't known here.
 void StartTrack(Velora& velora, Integer Index);
 
-/// The entry behind `current` in a list of `count`, nothing if a step makes no sense with fewer
-/// than 2. From 0, which is before the first track, it leads to the first.
+/// The entry behind `current` in a list of `count`; nothing in a list of 0 or 1 entries. Behind the
+/// last, and behind 0, which is before the first track, comes the first.
 [[nodiscard]] std::optional<Integer> IndexAfter(Integer current, Integer count);
 
-/// The entry before `current`, nothing in an empty list. From 0 it leads to the last. 0, which
-/// starts nothing, in a list of one entry that has been started.
+/// The entry before `current`; nothing in an empty list. Before the first, and before 0, comes the
+/// last. In a list of one entry that has been started it is 0, which starts nothing.
 [[nodiscard]] std::optional<Integer> IndexBefore(Integer current, Integer count);
 
 /// Stop, reset, wait, and start the next entry; with fewer than 2 entries nothing happens. Takes

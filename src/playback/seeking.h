@@ -15,8 +15,9 @@ void StartSeekForward(Velora& velora);
 void EndSeekBackward(Velora& velora);
 void EndSeekForward(Velora& velora);
 
-/// Ends the blinking of a seek whose state is gone: a step that was under way when it began has
-/// started its track in the middle of it. Nothing happens while none is left behind.
+/// Ends the blinking that a seek has left behind. A step that was under way when the seek began has
+/// started its track meanwhile, so `PlayerState` no longer tells of the seek. Nothing happens while
+/// `timer` is off.
 void EndBlinking(PictureBox& button, Timer& timer);
 
 /// A tick hides the button, the next one shows it and adds a step of 10 seconds. One that would

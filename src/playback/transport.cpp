@@ -2,13 +2,14 @@
 #include "playback/transport.h"
 
 #include "display/progress.h"
-#include "platform/file_dialogs.h"
 #include "playback/buttons.h"
 #include "playback/navigation.h"
 #include "playback/seeking.h"
-#include "playlist/catalogue.h"
 #include "playlist/media_list.h"
-#include "skin/catalogue.h"
+#include "playlist/playlist_catalogue.h"
+#include "skin/skin_catalogue.h"
+#include "state/file_dialogs.h"
+#include "state/messages.h"
 
 namespace {
 
@@ -61,12 +62,10 @@ void SelectMediaFile(Velora& velora) {
 }
 
 void SelectPlaylist(Velora& velora) {
-    ForgetCapture(velora.Capture);
-    const Text directory = velora.System.CurrentDirectory();
-    const Text file = OpenFileDialog(velora.Dialogs, velora.System, velora.PlaylistFilter,
-                                     u"Select Playlist ...", directory);
+    const Text file = OpenFileDialog(velora, velora.PlaylistFilter, u"Select Playlist ...",
+                                     velora.System.CurrentDirectory());
     if (file.empty()) return;
-    AddPlaylist(velora, velora.Dialogs.InputBox(u"Name of playlist:", u"Velora"), file);
+    AddPlaylist(velora, AskForText(velora, u"Name of playlist:", u"Velora"), file);
 }
 
 void picBackward_MouseDown(Velora& velora, const MouseEvent& event) {

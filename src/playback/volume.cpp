@@ -5,9 +5,9 @@
 
 #include "platform/profile_strings.h"
 
-std::optional<Integer> VolumeStepAt(Single y, std::span<const Integer, 10> volumeY) {
+std::optional<Integer> VolumeStepAt(Single y, const SkinRecord& skin) {
     for (Integer step = 1; step <= kVolumeSteps; ++step)
-        if (static_cast<Single>(volumeY[static_cast<std::size_t>(step)]) == y) return step;
+        if (static_cast<Single>(skin.VolumeY[step]) == y) return step;
     return std::nullopt;
 }
 
@@ -20,31 +20,29 @@ void picVolume_MouseMove(Velora& velora, const MouseEvent& event) {
 }
 
 void PickVolumeStep(Velora& velora, Single, Single Y) {
-    const SkinRecord& skin = velora.Skins[static_cast<std::size_t>(velora.CurrentSkin)];
-    const std::optional<Integer> hit = VolumeStepAt(Y, skin.VolumeY);
+    const std::optional<Integer> hit = VolumeStepAt(Y, velora.Skins[velora.CurrentSkin]);
     if (!hit || std::abs(*hit - velora.frmMain.lCurVol) != 1) return;
-    ShowVolumeStep(velora, *hit);
+    ShowVolumeStep(velora.frmMain, *hit);
     velora.Window.Present();
     Integer value = VolumeValue(*hit);
-    SendVolume(velora, value);
+    SendVolume(velora.VFmp3player1, value);
 }
 
-void ShowVolumeStep(Velora& velora, Integer step) {
-    Form& form = velora.frmMain;
-    SetPicture(form.picVolume, form.picVolumeArray[static_cast<std::size_t>(step)].Picture);
+void ShowVolumeStep(Form& form, Integer step) {
+    SetPicture(form.picVolume, form.picVolumeArray[step].Picture);
     form.lCurVol = step;
 }
 
-void SendVolume(Velora& velora, Integer& Value) {
+void SendVolume(Player& player, Integer& Value) {
     Value = Value == 1 ? Integer{0} : FitInto<Integer>(Value * 10).value_or(Value);
-    velora.VFmp3player1.SetVolume(Value);
+    player.SetVolume(Value);
 }
 
 void RestoreVolume(Velora& velora) {
     const std::optional<Integer> step =
         FlooredNumber<Integer>(ReadProfileString(velora.SettingsIni, u"Settings", u"Volume", {}));
     if (!step || *step < 1 || *step > kVolumeSteps) return;
-    if (velora.frmMain.lCurVol != 0) ShowVolumeStep(velora, *step);
+    if (velora.frmMain.lCurVol != 0) ShowVolumeStep(velora.frmMain, *step);
     Integer value = VolumeValue(*step);
-    SendVolume(velora, value);
+    SendVolume(velora.VFmp3player1, value);
 }

@@ -3,14 +3,13 @@
 #pragma once
 
 #include <optional>
-#include <span>
 
 #include "state/mouse_event.h"
 #include "state/velora.h"
 
 /// The step that a mouse position means, nothing between the steps. The first step whose `VolumeY`
-/// is exactly `y` wins, whatever the other coordinate is. Elements 1 to 7 count, in twips.
-[[nodiscard]] std::optional<Integer> VolumeStepAt(Single y, std::span<const Integer, 10> volumeY);
+/// is exactly `y` wins, whatever the other coordinate is. Both in twips.
+[[nodiscard]] std::optional<Integer> VolumeStepAt(Single y, const SkinRecord& skin);
 
 /// The number that `SendVolume` takes for a step: 1 to 10.
 [[nodiscard]] Integer VolumeValue(Integer step);
@@ -23,11 +22,11 @@ void picVolume_MouseMove(Velora& velora, const MouseEvent& event);
 void PickVolumeStep(Velora& velora, Single X, Single Y);
 
 /// Shows `step`, 1 to 7, on the indicator. A missing picture leaves it empty.
-void ShowVolumeStep(Velora& velora, Integer step);
+void ShowVolumeStep(Form& form, Integer step);
 
-/// Makes a percentage of `Value`, 0 of 1 and ten times as much of any other, and sends it to the
-/// player.
-void SendVolume(Velora& velora, Integer& Value);
+/// Makes a percentage of `Value` and sends it to the player: 0 of 1, ten times as much of any
+/// other, and `Value` itself where that doesn't fit.
+void SendVolume(Player& player, Integer& Value);
 
 /// Applies the volume that the settings file holds, a number from 1 to 7, as if the user had
 /// dragged to that step; without one nothing is sent. It shows only on a skin that has a volume

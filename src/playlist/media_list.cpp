@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/file_dialogs.h"
 #include "platform/paths.h"
+#include "state/file_dialogs.h"
 #include "state/messages.h"
 
 namespace {
@@ -34,17 +34,14 @@ void CatchUp(Velora& velora) {
     MediaIndex& index = velora.MediaNames;
     for (; index.Indexed < velora.Count; ++index.Indexed) {
         const auto next = static_cast<Integer>(index.Indexed + 1);
-        index.Places.emplace(
-            HashIgnoringCase(velora.MediaList[static_cast<std::size_t>(next)].File), next);
+        index.Places.emplace(HashIgnoringCase(velora.MediaList[next].File), next);
     }
 }
 
 // The path of the file meant by the two texts; asks the user if there is no name.
 Text ChosenPath(Velora& velora, const Text& directory, const Text& fileName) {
     if (!fileName.empty()) return directory + fileName;
-    ForgetCapture(velora.Capture);
-    return OpenFileDialog(velora.Dialogs, velora.System, velora.MediaFilter, u"Select Media ...",
-                          directory);
+    return OpenFileDialog(velora, velora.MediaFilter, u"Select Media ...", directory);
 }
 
 } // namespace
@@ -69,16 +66,14 @@ Integer FindMedia(Velora& velora, TextView FileName) {
     CatchUp(velora);
     const auto [begin, end] = velora.MediaNames.Places.equal_range(HashIgnoringCase(FileName));
     for (auto place = begin; place != end; ++place)
-        if (EqualIgnoringCase(velora.MediaList[static_cast<std::size_t>(place->second)].File,
-                              FileName))
-            return place->second;
+        if (EqualIgnoringCase(velora.MediaList[place->second].File, FileName)) return place->second;
     return 0;
 }
 
 Integer AppendMedia(Velora& velora, Text path, Text file, Integer flag) {
-    if (velora.Count + 1 >= static_cast<int>(velora.MediaList.size())) return 0;
+    if (!velora.MediaList.Has(velora.Count + 1)) return 0;
     ++velora.Count;
-    MediaEntry& entry = velora.MediaList[static_cast<std::size_t>(velora.Count)];
+    MediaEntry& entry = velora.MediaList[velora.Count];
     entry.Type = MediaTypeOf(MediaExtension(file));
     entry.Enabled = true;
     entry.File = std::move(file);

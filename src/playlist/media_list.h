@@ -29,8 +29,9 @@ enum MediaType : Long {
 /// is full.
 Integer AppendMedia(Velora& velora, Text path, Text file, Integer flag);
 
-/// Adds the file to the list and gives its index, or that of the entry with the same name. With
-/// both texts empty the user is asked for a file. 0 if the list is full, the user cancels or the
-/// kind isn't known; the first and the last of these are told by a message. Whether the file exists
-/// isn't asked. Both texts become what it settled on.
+/// Adds the file to the list and gives its index, or that of the entry with the same name. Without
+/// a `FileName` the user is asked for a file; the dialog opens in `Directory`. 0 if the list is
+/// full, the user cancels or the kind isn't known; the first and the last of these are told by a
+/// message. Whether the file exists isn't asked. `FileName` becomes the name of the file that is
+/// meant, and `Directory` its directory unless the name is in the list already.
 [[nodiscard]] Integer AddMedia(Velora& velora, Integer Flag, Text& Directory, Text& FileName);

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr char kLineFeed = '\n', kReturn = '\r';
 
 bool EndsLine(char byte) {
@@ -18,29 +17,23 @@ bool EndsLine(char byte) {
 }
 
 std::string_view TrimByteBlanks(std::string_view bytes) {
-    const std::size_t first = bytes.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return bytes.substr(first, bytes.find_last_not_of(' ') - first + 1);
+    return Trimmed(bytes, std::string_view(" "));
 }
 
 std::string_view TrimLineEnds(std::string_view line) {
-    while (!line.empty() && EndsLine(line.front()))
-        line.remove_prefix(1);
-    while (!line.empty() && EndsLine(line.back()))
-        line.remove_suffix(1);
-    return line;
+    return Trimmed(line, std::string_view("\r\n"));
 }
 
 // How many bytes the last character takes, in a line that is UTF-8 or isn't.
 std::size_t LastCharacterBytes(std::string_view bytes, bool utf8) {
     std::size_t length = 1;
     if (utf8)
-        while (length < bytes.size() && (bytes[bytes.size() - length] & 0xC0) == 0x80)
+        while (length < bytes.size() && ContinuesUtf8(bytes[bytes.size() - length]))
             ++length;
     return std::min(length, bytes.size());
 }
 
-// The text of `path`'s file, or nothing of it.
+// All bytes of the file at `Path`; no bytes if it can't be read or is too large.
 std::string ReadWholeFile(TextView Path) {
     return ReadFileBytes(Path, kMostPlaylistBytes).value_or(std::string());
 }
@@ -57,7 +50,7 @@ bool AddLine(Velora& velora, std::string_view bytes, Integer Index) {
 } // namespace
 
 std::string_view PlaylistContent(std::string_view bytes) {
-    if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+    bytes.remove_prefix(ByteOrderMarkLength(bytes));
     // The two characters can belong to two lines, each with an encoding of its own.
     for (int cut = 0; cut < 2; ++cut) {
         const std::size_t lineStart = bytes.rfind(kLineFeed) + 1;
@@ -113,7 +106,7 @@ std::optional<std::string_view> PlaylistLines::Next() {
 }
 
 void LoadPlaylistFile(Velora& velora, Integer Index) {
-    const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(Index)];
+    const PlaylistRecord& record = velora.Playlists[Index];
     const Text path = record.Path + record.File;
     if (!FileExists(path)) return;
     const std::string bytes = ReadWholeFile(path);

@@ -8,19 +8,19 @@
 /// No larger playlist is read.
 constexpr std::size_t kMostPlaylistBytes = 128 * 1024 * 1024;
 
-/// `bytes` without a byte order mark at their start and without their last two characters, which
-/// are the line end of a well-formed file and go whatever they are. Fewer than two characters give
-/// nothing.
+/// The bytes of a playlist file without a byte order mark at the start and without the last two
+/// characters. In a file as it should be these are the line end; in any other they are lost all the
+/// same. Nothing is left of fewer than two characters.
 [[nodiscard]] std::string_view PlaylistContent(std::string_view bytes);
 
-/// The part of `text` between the first `start` and the first `stop`, one byte each. Nothing if one
-/// isn't there or `stop` comes first.
+/// What stands between the first byte `start` of `text` and the first byte `stop`. Nothing if one
+/// of them isn't there or `stop` doesn't stand behind `start`.
 [[nodiscard]] std::optional<std::string_view> TextBetween(std::string_view text, char start,
                                                           char stop);
 
-/// The lines of a playlist's content, one after the other. Empty lines vanish, a line of blanks
-/// doesn't; the blanks at the content's two ends and a last line of one byte go. What is read costs
-/// time once.
+/// The lines of a playlist's content, one after the other. Empty lines are left out, a line of
+/// blanks isn't; blanks at the two ends of the content and a last line of one byte are left out,
+/// too. No byte is read twice, so the time grows with the size of the file alone.
 class PlaylistLines {
 public:
     /// `content` has to outlive the object.

@@ -18,26 +18,28 @@ namespace {
 using Handler = void (*)(Velora&, const MouseEvent&);
 
 struct MouseRow {
-    std::string_view Control;
+    ControlId Control;
     Handler MouseDown;
-    Handler MouseUp;
-    Handler MouseMove;
+    Handler MouseUp = nullptr;
+    Handler MouseMove = nullptr;
 };
 
-// Who hears of what. The visualisation takes the mouse and does nothing with it.
+// Who hears of what. A control without a row, as the visualisation, takes the mouse and does
+// nothing with it.
 constexpr MouseRow kHandlers[] = {
-    {"frmMain", Form_MouseDown, nullptr, nullptr},
-    {"picBackground", picBackground_MouseDown, nullptr, nullptr},
-    {"lblFilescroll", lblFilescroll_MouseDown, nullptr, nullptr},
-    {"lblStatusLabel", lblStatusLabel_MouseDown, nullptr, nullptr},
-    {"picPlay", picPlay_MouseDown, picPlay_MouseUp, picPlay_MouseMove},
-    {"picPause", picPause_MouseDown, picPause_MouseUp, picPause_MouseMove},
-    {"picBackward", picBackward_MouseDown, picBackward_MouseUp, picBackward_MouseMove},
-    {"picForward", picForward_MouseDown, picForward_MouseUp, picForward_MouseMove},
-    {"picPlaylist", picPlaylist_MouseDown, picPlaylist_MouseUp, picPlaylist_MouseMove},
-    {"picEject", picEject_MouseDown, picEject_MouseUp, picEject_MouseMove},
-    {"picVolume", nullptr, nullptr, picVolume_MouseMove},
-    {"VFmp3scope1", nullptr, nullptr, nullptr},
+    {ControlId::frmMain, Form_MouseDown},
+    {ControlId::picBackground, picBackground_MouseDown},
+    {ControlId::lblFilescroll, lblFilescroll_MouseDown},
+    {ControlId::lblStatusLabel, lblStatusLabel_MouseDown},
+    {ControlId::picPlay, picPlay_MouseDown, picPlay_MouseUp, picPlay_MouseMove},
+    {ControlId::picPause, PressButton<kPauseButton>, picPause_MouseUp, MoveOnButton<kPauseButton>},
+    {ControlId::picBackward, picBackward_MouseDown, picBackward_MouseUp,
+     MoveOnButton<kBackwardButton>},
+    {ControlId::picForward, picForward_MouseDown, picForward_MouseUp, MoveOnButton<kForwardButton>},
+    {ControlId::picPlaylist, PressButton<kPlaylistButton>, picPlaylist_MouseUp,
+     MoveOnButton<kPlaylistButton>},
+    {ControlId::picEject, PressButton<kEjectButton>, picEject_MouseUp, MoveOnButton<kEjectButton>},
+    {ControlId::picVolume, nullptr, nullptr, picVolume_MouseMove},
 };
 
 constexpr Integer kAllButtons = kLeftButton | kRightButton | kMiddleButton;
@@ -53,7 +55,7 @@ bool IsMouseButton(Integer button) {
 void Call(Velora& velora, const Control* holder, Handler MouseRow::*kind, Integer button,
           const PointerEvent& event) {
     const Form& form = velora.frmMain;
-    const std::string_view name = holder ? holder->Name : std::string_view("frmMain");
+    const ControlId id = holder ? holder->Id : ControlId::frmMain;
     std::int64_t x = event.XPx;
     std::int64_t y = event.YPx;
     for (const Control* inside = holder; inside;
@@ -63,7 +65,7 @@ void Call(Velora& velora, const Control* holder, Handler MouseRow::*kind, Intege
     }
     const int unit = holder == &form.picVolume ? kTwipsPerPixel : 1;
     for (const MouseRow& row : kHandlers)
-        if (row.Control == name && row.*kind)
+        if (row.Control == id && row.*kind)
             (row.*kind)(velora, {button, event.Shift, static_cast<Single>(x * unit),
                                  static_cast<Single>(y * unit)});
 }

@@ -1,15 +1,14 @@
 // The order of the steps matters: the skins need the filters, the command line needs the lists.
 #include "shell/startup.h"
 
-#include "display/characters.h"
-#include "platform/file_dialogs.h"
 #include "platform/paths.h"
 #include "playback/navigation.h"
 #include "playback/volume.h"
-#include "playlist/catalogue.h"
 #include "playlist/media_list.h"
+#include "playlist/playlist_catalogue.h"
 #include "shell/window_behaviour.h"
-#include "skin/catalogue.h"
+#include "skin/skin_catalogue.h"
+#include "state/file_dialogs.h"
 
 namespace {
 
@@ -31,7 +30,7 @@ CommandLineFile FileOfCommandLine(TextView commandLine) {
 }
 
 void Form_Load(Velora& velora) {
-    ResetObjects(velora);
+    ResetObjects(velora.frmMain);
     InitialiseApplication(velora);
     StartFromCommandLine(velora);
     SetPicture(velora.frmMain.picPlay, velora.frmMain.picPlay1.Picture);

@@ -29,8 +29,7 @@ void PopUpMenu(Velora& velora) {
 
 } // namespace
 
-void ResetObjects(Velora& velora) {
-    Form& form = velora.frmMain;
+void ResetObjects(Form& form) {
     form.lblFilescroll.Caption.clear();
     form.lblFilescroll.Visible = false;
     form.lblStatusLabel.Visible = false;

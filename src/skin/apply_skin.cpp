@@ -6,6 +6,7 @@
 
 #include "platform/paths.h"
 #include "skin/layout.h"
+#include "skin/picture_object.h"
 #include "state/stack.h"
 
 namespace {
@@ -24,8 +25,8 @@ Rect OuterRectangle(const Form& form) {
 }
 
 // The rectangle of a region in the window; nothing if a sum doesn't fit.
-std::optional<Rect> MovedSides(const Velora& velora, const SkinRegionRecord& region) {
-    const std::int64_t offsetX = velora.RegionOffsetX, offsetY = velora.RegionOffsetY;
+std::optional<Rect> MovedSides(const SkinRegionRecord& region, std::int64_t offsetX,
+                               std::int64_t offsetY) {
     const auto left = FitInto<Long>(offsetX + region.X1),
                right = FitInto<Long>(offsetX + region.X2);
     const auto top = FitInto<Long>(offsetY + region.Y1),
@@ -35,7 +36,8 @@ std::optional<Rect> MovedSides(const Velora& velora, const SkinRegionRecord& reg
 }
 
 void BuildRegion(Velora& velora, SkinRegionRecord& region) {
-    const std::optional<Rect> sides = MovedSides(velora, region);
+    const std::optional<Rect> sides =
+        MovedSides(region, velora.RegionOffsetX, velora.RegionOffsetY);
     if (!sides || region.Type < kRectangle || region.Type > kRoundedRectangle) return;
     const Rect outer = OuterRectangle(velora.frmMain);
     ReleaseRegion(velora.Regions, region.Handle);
@@ -47,24 +49,17 @@ void BuildRegion(Velora& velora, SkinRegionRecord& region) {
         region.Handle = CreateRoundRectRgn(velora.Regions, outer, *sides, region.X3, region.Y3);
 }
 
-// The handle of a numbered element; 0, with which nothing is combined, if it has no region or isn't
-// there.
-Long HandleOf(const SkinRecord& skin, Integer number) {
-    const auto index = static_cast<std::size_t>(number);
-    return index < skin.Regions.size() ? skin.Regions[index].Handle : 0;
-}
-
-void CombineRegions(Velora& velora, const SkinRecord& skin, const SkinRegionRecord& region) {
-    CombineRgn(velora.Regions, HandleOf(skin, region.DestRgn), HandleOf(skin, region.SrcRgn1),
-               HandleOf(skin, region.SrcRgn2), region.CombineMode);
+// A number that is no element's has the handle of element 0, with which nothing is combined.
+void CombineRegions(RegionTable& table, const SkinRecord& skin, const SkinRegionRecord& region) {
+    const auto handle = [&](Integer number) { return skin.Regions[number].Handle; };
+    CombineRgn(table, handle(region.DestRgn), handle(region.SrcRgn1), handle(region.SrcRgn2),
+               region.CombineMode);
 }
 
 } // namespace
 
 void ApplySkin(Velora& velora, Integer Slot) {
-    const auto index = static_cast<std::size_t>(Slot);
-    if (index >= velora.Skins.size()) return;
-    const SkinRecord& skin = velora.Skins[index];
+    const SkinRecord& skin = velora.Skins[Slot];
     if (skin.Type != 1) return;
     velora.CurrentSkin = Slot;
     SetOuterSize(velora.frmMain.Width, skin.Width);
@@ -73,21 +68,24 @@ void ApplySkin(Velora& velora, Integer Slot) {
     BuildWindowRegion(velora, Slot);
     PictureBox& background = velora.frmMain.picBackground;
     if (FileExists(skin.Graphic))
-        PlacePictureObject(velora, background, background, background, skin.Graphic, skin.Graphic,
-                           0, 0);
+        PlacePictureObject(velora.Pictures, {.Control = background,
+                                             .NormalHolder = background,
+                                             .PressedHolder = background,
+                                             .FileName = skin.Graphic,
+                                             .FileName2 = skin.Graphic});
 }
 
 void BuildWindowRegion(Velora& velora, Integer Slot) {
     MeasureWindowFrame(velora);
-    SkinRecord& skin = velora.Skins[static_cast<std::size_t>(Slot)];
-    const Integer last = std::min(skin.ShapeCount, static_cast<Integer>(skin.Regions.size() - 1));
+    SkinRecord& skin = velora.Skins[Slot];
+    const Integer last = std::min(skin.ShapeCount, skin.Regions.kLast);
     for (Integer number = 1; number <= last; ++number) {
-        SkinRegionRecord& region = skin.Regions[static_cast<std::size_t>(number)];
+        SkinRegionRecord& region = skin.Regions[number];
         if (region.Enabled) BuildRegion(velora, region);
     }
     for (Integer number = 1; number <= last; ++number) {
-        const SkinRegionRecord& region = skin.Regions[static_cast<std::size_t>(number)];
-        if (region.Enabled) CombineRegions(velora, skin, region);
+        const SkinRegionRecord& region = skin.Regions[number];
+        if (region.Enabled) CombineRegions(velora.Regions, skin, region);
     }
     velora.frmMain.Region = FindRegion(velora.Regions, skin.Regions[1].Handle);
 }

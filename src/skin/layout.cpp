@@ -2,10 +2,12 @@
 // and who places them.
 #include "skin/layout.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "platform/paths.h"
 #include "skin/lights.h"
+#include "skin/picture_object.h"
 #include "skin/volume_object.h"
 
 namespace {
@@ -34,9 +36,10 @@ struct ObjectType {
 
 void PlacePictures(Velora& velora, const PlacedObject& object) {
     Form& form = velora.frmMain;
-    PlacePictureObject(velora, form.*object.Type.Box, form.*object.Type.NormalHolder,
-                       form.*object.Type.PressedHolder, object.Record.FileName,
-                       object.Record.FileName2, object.Record.Left, object.Record.Top);
+    PlacePictureObject(velora.Pictures,
+                       {form.*object.Type.Box, form.*object.Type.NormalHolder,
+                        form.*object.Type.PressedHolder, object.Record.FileName,
+                        object.Record.FileName2, object.Record.Left, object.Record.Top});
 }
 
 void PlaceScope(Velora& velora, const PlacedObject& object) {
@@ -87,27 +90,15 @@ bool Counts(const SkinObjectRecord& object, Rule rule) {
 } // namespace
 
 void LayoutSkinObjects(Velora& velora, Integer Slot) {
-    const SkinRecord& skin = velora.Skins[static_cast<std::size_t>(Slot)];
-    for (Integer index = 1; index <= skin.ObjectCount; ++index) {
-        if (static_cast<std::size_t>(index) >= skin.Objects.size()) return;
-        const SkinObjectRecord& object = skin.Objects[static_cast<std::size_t>(index)];
+    const SkinRecord& skin = velora.Skins[Slot];
+    const Integer last = std::min(skin.ObjectCount, skin.Objects.kLast);
+    for (Integer index = 1; index <= last; ++index) {
+        const SkinObjectRecord& object = skin.Objects[index];
         if (object.Type < 0 || object.Type >= Long{std::size(kObjectTypes)}) continue;
         const ObjectType& type = kObjectTypes[object.Type];
         if (type.Place && Counts(object, type.Counts))
             type.Place(velora, {Slot, index, object, type});
     }
-}
-
-void PlacePictureObject(Velora& velora, PictureBox& Control, PictureBox& NormalHolder,
-                        PictureBox& PressedHolder, const Text& FileName, const Text& FileName2,
-                        Long Left, Long Top) {
-    if (FileName.size() <= 1) return;
-    Control.Left = Left;
-    Control.Top = Top;
-    LoadPictureInto(velora, Control, FileName);
-    LoadPictureInto(velora, NormalHolder, FileName);
-    LoadPictureInto(velora, PressedHolder, FileName2);
-    Control.Visible = true;
 }
 
 void PlaceLabelObject(Label& Label, Long Left, Long Top, Long Width, Long Height) {
@@ -116,8 +107,4 @@ void PlaceLabelObject(Label& Label, Long Left, Long Top, Long Width, Long Height
     Label.Width = Width;
     Label.Height = Height;
     Label.Visible = true;
-}
-
-void LoadPictureInto(Velora& velora, PictureBox& box, const Text& path) {
-    if (const PicturePtr picture = velora.Pictures.LoadPicture(path)) SetPicture(box, picture);
 }

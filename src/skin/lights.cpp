@@ -46,11 +46,10 @@ bool ReadPlaceAndForm(ProfileReader& file, const Text& section, Shape& light) {
     return true;
 }
 
-bool MakeLight(ProfileReader& file, std::array<Shape, kLights + 1>& lights, std::size_t number) {
-    Shape& light = lights[number];
+bool MakeLight(ProfileReader& file, Shape& light, Integer number) {
     if (light.Exists) return false;
     light.Exists = true;
-    const Text section = Decimal(static_cast<Long>(number));
+    const Text section = Decimal(number);
     if (!ReadPlaceAndForm(file, section, light)) return false;
     light.Visible = true;
     // The defaults are numbers and no names: a missing colour stays that of the pattern.
@@ -69,13 +68,11 @@ void SetNamedColour(const Text& name, Long& colour) {
 } // namespace
 
 void LoadShapeObject(Velora& velora, Integer Slot, Integer ObjectIndex) {
-    const SkinObjectRecord& object =
-        velora.Skins[static_cast<std::size_t>(Slot)].Objects[static_cast<std::size_t>(ObjectIndex)];
+    const SkinObjectRecord& object = velora.Skins[Slot].Objects[ObjectIndex];
     if (!FileExists(object.FileName)) return;
     ProfileReader file(object.FileName);
-    std::array<Shape, kLights + 1>& lights = velora.frmMain.shpPercent;
-    for (std::size_t number = 1; number < lights.size(); ++number)
-        if (!MakeLight(file, lights, number)) return;
+    for (Integer number = 1; number <= kLights; ++number)
+        if (!MakeLight(file, velora.frmMain.shpPercent[number], number)) return;
 }
 
 void SetShapeColours(Shape& Shape, const Text& BackColour, const Text& BorderColour) {

@@ -5,9 +5,9 @@
 
 /// Makes the lights 1 to 13 from the shape file that object `ObjectIndex` of slot `Slot` names.
 /// Does nothing if that file isn't there. A light that exists already, a missing `top` or `height`,
-/// a text that is no number (a fraction is cut downward) and a form outside 0 to 5 end it, with the
-/// lights before that one ready, it existing but hidden (unless it was there already), and those
-/// behind it not made. So the lights are made once in a run.
+/// a text that is no number (a fraction is cut downward) and a form outside 0 to 5 end it. Then the
+/// lights before that one are ready, that one exists but is hidden (unless it was there already),
+/// and the lights behind it aren't made. So the lights are made once in a run.
 void LoadShapeObject(Velora& velora, Integer Slot, Integer ObjectIndex);
 
 /// Gives a shape the colours of those names, in any case. A name that isn't known leaves that

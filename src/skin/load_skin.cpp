@@ -75,11 +75,6 @@ void ReadObject(SkinSection section, const Text& directory, SkinObjectRecord& ob
     section.Number(u"type", u"0", object.Type);
 }
 
-// The last element that a count reaches, in an array whose element 0 is never filled.
-std::size_t LastElement(Integer count, std::size_t arraySize) {
-    return std::min(static_cast<std::size_t>(std::max(count, Integer{0})), arraySize - 1);
-}
-
 } // namespace
 
 Integer LoadSkinFile(Velora& velora, const Text& Path) {
@@ -87,9 +82,9 @@ Integer LoadSkinFile(Velora& velora, const Text& Path) {
         ShowMessage(velora, u"Skin " + Path + u" not found");
         return 0;
     }
-    if (static_cast<std::size_t>(velora.SkinCount) + 1 >= velora.Skins.size()) return 0;
+    if (!velora.Skins.Has(velora.SkinCount + 1)) return 0;
     const Integer slot = ++velora.SkinCount;
-    SkinRecord& skin = velora.Skins[static_cast<std::size_t>(slot)];
+    SkinRecord& skin = velora.Skins[slot];
     skin.Loaded = true;
     skin.FileName = GetFileName(Path);
     skin.Directory = Path.substr(0, Path.size() - skin.FileName.size());
@@ -97,13 +92,10 @@ Integer LoadSkinFile(Velora& velora, const Text& Path) {
 
     ProfileReader file(Path);
     ReadSettings(file, skin);
-    for (std::size_t number = 1; number <= LastElement(skin.ShapeCount, skin.Regions.size());
-         ++number)
-        ReadRegion(SkinSection(file, u"rgn" + Decimal(static_cast<Long>(number))),
-                   skin.Regions[number]);
-    for (std::size_t number = 1; number <= LastElement(skin.ObjectCount, skin.Objects.size());
-         ++number)
-        ReadObject(SkinSection(file, u"object" + Decimal(static_cast<Long>(number))),
-                   skin.Directory, skin.Objects[number]);
+    for (Integer number = 1; number <= std::min(skin.ShapeCount, skin.Regions.kLast); ++number)
+        ReadRegion(SkinSection(file, u"rgn" + Decimal(number)), skin.Regions[number]);
+    for (Integer number = 1; number <= std::min(skin.ObjectCount, skin.Objects.kLast); ++number)
+        ReadObject(SkinSection(file, u"object" + Decimal(number)), skin.Directory,
+                   skin.Objects[number]);
     return slot;
 }

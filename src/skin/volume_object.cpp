@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "platform/profile_strings.h"
-#include "skin/layout.h"
+#include "skin/picture_object.h"
 
 namespace {
 
@@ -13,8 +13,8 @@ constexpr std::size_t kSuffixLength = 4;
 void ReadMousePositions(SkinRecord& skin, Integer objectIndex) {
     ProfileReader file(skin.Directory + skin.FileName);
     const Text section = u"object" + Decimal(objectIndex);
-    for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
-        const Text number = Decimal(static_cast<Long>(step));
+    for (Integer step = 1; step <= kVolumeSteps; ++step) {
+        const Text number = Decimal(step);
         ReadProfileNumber(file, section, u"x" + number, u"", skin.VolumeX[step]);
         ReadProfileNumber(file, section, u"y" + number, u"", skin.VolumeY[step]);
     }
@@ -24,15 +24,14 @@ void ReadMousePositions(SkinRecord& skin, Integer objectIndex) {
 
 void LoadVolumeObject(Velora& velora, Integer ObjectIndex, Long Left, Long Top,
                       const Text& FileName, const Text& FileName2) {
-    if (FileName.empty() || FileName2.empty()) return;
     Form& form = velora.frmMain;
-    SkinRecord& skin = velora.Skins[static_cast<std::size_t>(velora.CurrentSkin)];
+    SkinRecord& skin = velora.Skins[velora.CurrentSkin];
     const Text base =
         FileName2.substr(0, FileName2.size() - std::min(FileName2.size(), kSuffixLength));
-    LoadPictureInto(velora, form.picVolume, FileName);
-    for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
-        const Text path = base + Decimal(static_cast<Long>(step)) + u".gif";
-        LoadPictureInto(velora, form.picVolumeArray[step], path);
+    LoadPictureInto(velora.Pictures, form.picVolume, FileName);
+    for (Integer step = 1; step <= kVolumeSteps; ++step) {
+        const Text path = base + Decimal(step) + u".gif";
+        LoadPictureInto(velora.Pictures, form.picVolumeArray[step], path);
         skin.VolumeImages[step] = path;
     }
     ReadMousePositions(skin, ObjectIndex);

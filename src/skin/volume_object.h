@@ -8,7 +8,6 @@
 /// and reads the mouse positions of object `ObjectIndex` into the record of `CurrentSkin`; then
 /// puts `picVolume` in its place and starts from step 1. The steps' pictures are named by
 /// `FileName2` without its last four characters, the step, and ".gif". The player's volume isn't
-/// touched. Does nothing if one of the names is empty; any other step that fails is passed over.
-/// Places in pixels.
+/// touched. A step that fails is passed over. Both names are full paths. Places in pixels.
 void LoadVolumeObject(Velora& velora, Integer ObjectIndex, Long Left, Long Top,
                       const Text& FileName, const Text& FileName2);

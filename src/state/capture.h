@@ -12,7 +12,7 @@ struct MouseCapture {
     bool Active = false;
     const Control* Holder = nullptr; ///< While active, the null pointer stands for the form itself.
     Integer Button = 0;              ///< The button whose press began it.
-    int XPx = 0, YPx = 0;            ///< Where the pointer was last seen.
+    int XPx = 0, YPx = 0;            ///< The place of the pointer that was reported last.
 };
 
 /// Ends a capture without a word to its holder. Called by all that takes the mouse away: the move

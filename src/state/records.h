@@ -1,8 +1,7 @@
 // The five record types of the lists and the skins, field by field in their order and width.
 #pragma once
 
-#include <array>
-
+#include "platform/numbered.h"
 #include "platform/numbers.h"
 #include "platform/text.h"
 
@@ -45,23 +44,23 @@ struct SkinObjectRecord {
     Text FileName2; ///< Full path of the second file.
 };
 
-/// A loaded skin. Element 0 of `Regions` and `Objects` is never filled.
+/// A loaded skin.
 struct SkinRecord {
     Text Author;
     Boolean Loaded;
     Text Name;
-    std::array<SkinRegionRecord, 21> Regions;
-    std::array<SkinObjectRecord, 25> Objects;
-    Long Width = 0, Height = 0;        ///< The window's outer size in twips.
-    Long Left = 0, Top = 0;            ///< Nothing reads them.
-    Integer ShapeCount = 0;            ///< As the file states it, also above 20.
-    Integer ObjectCount = 0;           ///< As the file states it, also above 24.
-    Text FileName;                     ///< The skin file's name.
-    Text Directory;                    ///< Its directory, ending in a backslash.
-    Text Graphic;                      ///< Full path of the background picture.
-    Long Type = 0;                     ///< Only 1 can be applied.
-    std::array<Text, 10> VolumeImages; ///< Full paths of the pictures of the steps 1 to 7.
-    std::array<Integer, 10> VolumeX{},
-        VolumeY{}; ///< Mouse positions of the steps 1 to 7, in twips.
+    Numbered<SkinRegionRecord, 20> Regions;
+    Numbered<SkinObjectRecord, 24> Objects;
+    Long Width = 0, Height = 0;     ///< The window's outer size in twips.
+    Long Left = 0, Top = 0;         ///< Nothing reads them.
+    Integer ShapeCount = 0;         ///< As the file states it, also above 20.
+    Integer ObjectCount = 0;        ///< As the file states it, also above 24.
+    Text FileName;                  ///< The skin file's name.
+    Text Directory;                 ///< Its directory, ending in a backslash.
+    Text Graphic;                   ///< Full path of the background picture.
+    Long Type = 0;                  ///< Only 1 can be applied.
+    Numbered<Text, 9> VolumeImages; ///< Full paths of the pictures of the steps 1 to 7.
+    /// Mouse positions of the steps 1 to 7, in twips.
+    Numbered<Integer, 9> VolumeX, VolumeY;
     Text Playlist; ///< Full path of the companion skin, or empty.
 };

@@ -35,11 +35,11 @@ Scene SceneOf(const Form& form) {
     Scene scene{form.Caption, ClientArea(form), form.State, form.Region, {}, {}};
     for (const StackedControl& row : ControlStack(form)) {
         Figure figure{};
-        figure.Kind = row.Kind;
+        figure.Kind = row.Row->Kind;
         figure.Source = row.Source;
         figure.Place = row.Place;
         figure.Clip = row.Clip;
-        switch (row.Kind) {
+        switch (figure.Kind) {
         case ControlKind::PictureBox:
             FillFigure(figure, static_cast<const PictureBox&>(*row.Source), form);
             break;

@@ -2,14 +2,9 @@
 #include "state/stack.h"
 
 #include <algorithm>
-#include <iterator>
 #include <limits>
 
 namespace {
-
-constexpr PictureBox Form::*kSurfaceBoxes[] = {
-    &Form::picVolume,  &Form::picPlay,     &Form::picPause, &Form::picBackward,
-    &Form::picForward, &Form::picPlaylist, &Form::picEject};
 
 std::int32_t Clamp(std::int64_t number) {
     constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
@@ -22,6 +17,11 @@ Rect PlaceOf(const Control& control, std::int64_t left, std::int64_t top) {
     const std::int64_t right = left + control.Left + std::max(control.Width, Long{0});
     const std::int64_t bottom = top + control.Top + std::max(control.Height, Long{0});
     return {Clamp(left + control.Left), Clamp(top + control.Top), Clamp(right), Clamp(bottom)};
+}
+
+bool Shows(const Control& control, ControlKind kind) {
+    return control.Visible &&
+           (kind != ControlKind::Shape || static_cast<const Shape&>(control).Exists);
 }
 
 } // namespace
@@ -39,25 +39,24 @@ std::vector<StackedControl> ControlStack(const Form& form) {
     if (!surface.Visible) return stack;
     const Rect place = PlaceOf(surface, 0, 0);
     const Rect clip = Intersection(place, ClientArea(form));
-    stack.push_back({ControlKind::PictureBox, &surface, place, clip});
-    const auto add = [&](ControlKind kind, const Control& control) {
-        if (control.Visible)
-            stack.push_back({kind, &control, PlaceOf(control, surface.Left, surface.Top), clip});
-    };
-    add(ControlKind::Label, form.lblFilescroll);
-    add(ControlKind::Label, form.lblStatusLabel);
-    for (std::size_t index = form.shpPercent.size(); index-- > 0;)
-        if (form.shpPercent[index].Exists) add(ControlKind::Shape, form.shpPercent[index]);
-    add(ControlKind::Scope, form.VFmp3scope1);
-    for (std::size_t index = std::size(kSurfaceBoxes); index-- > 0;)
-        add(ControlKind::PictureBox, form.*kSurfaceBoxes[index]);
+    stack.push_back({&ControlTable().front(), &surface, place, clip});
+    const std::span<const ControlRow> table = ControlTable();
+    for (auto row = table.rbegin(); row != table.rend(); ++row) {
+        if (row->Parent != Container::picBackground) continue;
+        for (Integer number = row->Elements; number-- > 0;) {
+            const Control& control = row->Element(form, number);
+            if (Shows(control, row->Kind))
+                stack.push_back(
+                    {&*row, &control, PlaceOf(control, surface.Left, surface.Top), clip});
+        }
+    }
     return stack;
 }
 
 const Control* ControlAt(const Form& form, int xPx, int yPx) {
     const std::vector<StackedControl> stack = ControlStack(form);
     for (auto row = stack.rbegin(); row != stack.rend(); ++row)
-        if (row->Kind != ControlKind::Shape && row->Place.Holds(xPx, yPx) &&
+        if (row->Row->Kind != ControlKind::Shape && row->Place.Holds(xPx, yPx) &&
             row->Clip.Holds(xPx, yPx))
             return row->Source;
     return nullptr;

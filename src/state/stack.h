@@ -7,16 +7,10 @@
 #include "platform/rect.h"
 #include "state/form.h"
 
-/// The frame of the original platform, which a skin's numbers count in. The client area stands at
-/// (`kFrameLeftPx`, `kFrameTopPx`) of the outer rectangle.
-constexpr int kFrameLeftPx = 3, kFrameTopPx = 22, kFrameRightPx = 3, kFrameBottomPx = 3;
-
-enum class ControlKind { PictureBox, Label, Shape, Scope };
-
 /// A visible control with its place on the client area. Points outside `Clip` belong to it neither
 /// for the eye nor for the mouse.
 struct StackedControl {
-    ControlKind Kind;
+    const ControlRow* Row;
     const Control* Source;
     Rect Place;
     Rect Clip;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/deadline.h"
+
 std::array<const Timer*, 3> TimersOf(const Form& form) {
     return {&form.tmrSeekBackward, &form.tmrSeekForward, &form.tmrScrollFiletitle};
 }
@@ -25,11 +27,8 @@ void TimerSchedule::Follow(const Form& form, std::int64_t nowMs) {
 
 std::optional<std::int64_t> TimerSchedule::NextDue(const Form& form, std::int64_t nowMs) {
     Follow(form, nowMs);
-    std::optional<std::int64_t> next;
-    for (const auto& dueMs : m_dueMs)
-        if (dueMs) next = std::min(next.value_or(*dueMs), *dueMs);
-    if (next) next = std::max(*next, nowMs);
-    return next;
+    const auto next = Earliest({m_dueMs[0], m_dueMs[1], m_dueMs[2]});
+    return next ? std::optional(std::max(*next, nowMs)) : std::nullopt;
 }
 
 const Timer* TimerSchedule::TakeDue(const Form& form, std::int64_t nowMs) {

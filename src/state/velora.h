@@ -1,8 +1,8 @@
 // Everything that the system knows, on one page: the form, the shared variables, the lists, and the
-// parts of the platform that it works with. Procedures take `Velora&` first.
+// parts of the platform that it works with. A procedure takes `Velora&` first, or only the part
+// that it needs.
 #pragma once
 
-#include <array>
 #include <vector>
 
 #include "platform/dialogs.h"
@@ -28,22 +28,12 @@ struct PlatformParts {
     ::Loop& Loop;
     ::Pictures& Pictures;
     ::System& System;
-    ::Player& Player;
-    ::Scope& Scope;
-};
-
-struct Velora {
-    explicit Velora(const PlatformParts& parts)
-        : Window(parts.Window), Dialogs(parts.Dialogs), Loop(parts.Loop), Pictures(parts.Pictures),
-          System(parts.System), VFmp3player1(parts.Player), VFmp3scope(parts.Scope) {}
-
-    ::Window& Window;
-    ::Dialogs& Dialogs;
-    ::Loop& Loop;
-    ::Pictures& Pictures;
-    ::System& System;
     ::Player& VFmp3player1;
     ::Scope& VFmp3scope;
+};
+
+struct Velora : PlatformParts {
+    explicit Velora(const PlatformParts& parts) : PlatformParts(parts) {}
 
     Form frmMain;
     MouseCapture Capture; ///< Which control has the mouse.
@@ -69,17 +59,14 @@ struct Velora {
     Integer CurrentTrack = 0; ///< The entry started last, 0 before the first.
     Integer SeekOffset = 0;   ///< Seconds to seek by, collected while a seek button is held.
 
-    // The media list: element 0 is never filled, `Count` is the last entry.
-    std::array<MediaEntry, 2501> MediaList;
+    Numbered<MediaEntry, 2500> MediaList; ///< What can be played; `Count` is the last entry.
     Integer Count = 0;
     MediaIndex MediaNames; ///< Only `FindMedia` uses it.
 
-    // The catalogue of playlists: element 0 is never filled.
-    std::array<PlaylistRecord, 501> Playlists;
+    Numbered<PlaylistRecord, 500> Playlists; ///< The catalogue of playlists.
     Integer PlaylistCount = 0;
 
-    // The skins: slot 0 is never filled, a slot is filled once.
-    std::array<SkinRecord, 16> Skins;
+    Numbered<SkinRecord, 15> Skins; ///< Each slot is filled once.
     Integer SkinCount = 0;
     Integer CurrentSkin = 0;   ///< The slot now shown, 0 for none.
     Integer LastSkin = 0;      ///< The slot that start-up has to show.

@@ -1,7 +1,6 @@
 // The running text: what it says in which case, and how it turns.
 #include "display/ticker.h"
 
-#include "display/characters.h"
 #include "support/velora_fixture.h"
 
 namespace {

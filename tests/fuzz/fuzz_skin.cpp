@@ -8,8 +8,8 @@
 #include "../support/null_platform.h"
 #include "platform/paths.h"
 #include "skin/apply_skin.h"
-#include "skin/catalogue.h"
 #include "skin/load_skin.h"
+#include "skin/skin_catalogue.h"
 
 namespace {
 
@@ -33,7 +33,7 @@ void CheckWindow(const Velora& velora) {
     const Form& form = velora.frmMain;
     Require(!SceneOf(form).Client.IsEmpty());
     Require(velora.CurrentSkin >= 0 && velora.CurrentSkin <= velora.SkinCount);
-    for (std::size_t number = 2; number <= kLights; ++number)
+    for (Integer number = 2; number <= kLights; ++number)
         Require(form.shpPercent[number - 1].Visible || !form.shpPercent[number].Exists);
     if (!form.Region) return;
     for (const Region::Band& band : form.Region->Bands()) {

@@ -9,8 +9,8 @@
 #include <unistd.h>
 
 #include "platform/files.h"
-#include "platform/machine.h"
 #include "platform/paths.h"
+#include "platform/program_places.h"
 #include "support/temp_directory.h"
 
 namespace {

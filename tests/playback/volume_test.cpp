@@ -38,7 +38,7 @@ TEST(Volume, OfOddSkinsAndNumbers) {
         << "a missing picture leaves the indicator empty";
     EXPECT_FALSE(use.window.Damage.empty()) << "and that is on the screen before the event ends";
     Integer value = 3277;
-    SendVolume(use.velora, value);
+    SendVolume(use.player, value);
     EXPECT_EQ(use.journal.Take().back(), "Player.SetVolume 3277")
         << "what doesn't fit is sent as it was";
 }

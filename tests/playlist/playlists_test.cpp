@@ -1,7 +1,7 @@
 // Playlists from their bytes to the media list, the list itself, and the catalogue in its file.
 #include "platform/directory_lock.h"
-#include "playlist/catalogue.h"
 #include "playlist/media_list.h"
+#include "playlist/playlist_catalogue.h"
 #include "playlist/playlist_file.h"
 #include "support/temp_directory.h"
 #include "support/velora_fixture.h"
@@ -103,7 +103,7 @@ protected:
         LoadPlaylistFile(velora, 500);
         std::string added;
         for (int entry = 1; entry <= velora.Count; ++entry) {
-            const MediaEntry& now = velora.MediaList[static_cast<std::size_t>(entry)];
+            const MediaEntry& now = velora.MediaList[entry];
             EXPECT_EQ(now.Flag, 500);
             added += Utf8(now.Path + u"|" + now.File + u",");
         }
@@ -118,9 +118,9 @@ protected:
         std::string found = Utf8(Decimal(next.PlaylistCount));
         for (const PlaylistRecord& record : next.Playlists)
             if (record.Enabled || !record.Path.empty())
-                found += "; " + std::to_string(&record - next.Playlists.data()) + " " +
+                found += "; " + std::to_string(&record - &next.Playlists[0]) + " " +
                          Utf8(record.Name + u"|" + record.Path + u"|" + record.File);
-        for (std::size_t entry = 1; !next.MediaList[entry].File.empty(); ++entry)
+        for (Integer entry = 1; !next.MediaList[entry].File.empty(); ++entry)
             found += ", " + Utf8(next.MediaList[entry].File);
         return found;
     }

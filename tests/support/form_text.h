@@ -55,16 +55,11 @@ inline Lines FormText(const Form& form) {
                                control.Width, "x", control.Height, control.Visible ? "" : " hidden",
                                more));
     };
-    using F = Form;
-    for (const auto box :
-         {&F::picBackground, &F::picMemoryGFX, &F::picActiveX,     &F::picVolume,
-          &F::picPlay,       &F::picPause,     &F::picBackward,    &F::picForward,
-          &F::picPlaylist,   &F::picEject,     &F::picBackground1, &F::picBackground2,
-          &F::picPlay1,      &F::picPlay2,     &F::picPause1,      &F::picPause2,
-          &F::picStop1,      &F::picStop2,     &F::picBackward1,   &F::picBackward2,
-          &F::picForeward1,  &F::picForeward2, &F::picPlaylist1,   &F::picPlaylist2,
-          &F::picEject1,     &F::picEject2,    &F::picStop})
-        add(form.*box, " " + NameOf((form.*box).Picture));
+    for (const ControlRow& row : ControlTable())
+        if (row.Kind == ControlKind::PictureBox && row.Elements == 1) {
+            const Control& box = row.Element(form, 0);
+            add(box, " " + NameOf(static_cast<const PictureBox&>(box).Picture));
+        }
     std::string steps;
     for (const PictureBox& box : form.picVolumeArray)
         steps += " " + NameOf(box.Picture);

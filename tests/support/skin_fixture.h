@@ -67,12 +67,12 @@ struct SkinMachine : NullPlatform {
         lines.push_back(RegionText());
         for (const SkinRecord& skin : velora.Skins) {
             lines.push_back(Joined(
-                "skin ", &skin - velora.Skins.data(), skin.Loaded ? " " : " empty ", skin.Directory,
+                "skin ", &skin - &velora.Skins[0], skin.Loaded ? " " : " empty ", skin.Directory,
                 "|", skin.FileName, "|", skin.Name, "|", skin.Author, "|", skin.Graphic, "|",
                 skin.Playlist, " type ", skin.Type, " ", skin.Width, "x", skin.Height, " at ",
                 skin.Left, ",", skin.Top, " with ", skin.ShapeCount, " and ", skin.ObjectCount));
             lines.push_back("steps");
-            for (std::size_t at = 1; at <= kVolumeSteps; ++at)
+            for (Integer at = 1; at <= kVolumeSteps; ++at)
                 lines.back() += Joined(" ", skin.VolumeX[at], ",", skin.VolumeY[at], " ",
                                        skin.VolumeImages[at]);
         }

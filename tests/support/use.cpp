@@ -24,7 +24,7 @@ Use::Use(int tracks) {
     for (int track = 1; track <= tracks; ++track)
         AddEntry(u"", Decimal(track) + u"_x.mp3");
     velora.CurrentSkin = 2;
-    for (std::size_t step = 1; step <= kVolumeSteps; ++step) {
+    for (Integer step = 1; step <= kVolumeSteps; ++step) {
         velora.Skins[2].VolumeY[step] = static_cast<Integer>(kTwipsPerPixel * (90 - 10 * step));
         SetPicture(form.picVolumeArray[step], std::make_shared<LoadedPicture>(20, 100));
     }
@@ -40,14 +40,12 @@ Use::Use(int tracks) {
     };
 
     using Value = const std::string&;
+    for (const ControlRow& row : ControlTable())
+        Words[std::string(row.Name)] = [this, &row](Value) { Point(&row.Element(form, 0), 2, 2); };
     for (const auto& row : kButtons) {
         PictureBox& box = form.*row.first;
         Words[std::string(box.Name)] = [this, &box](Value) { Point(m_box = &box, 5, 5); };
     }
-    for (const Control* control : std::initializer_list<const Control*>{
-             &form.VFmp3scope1, &form.lblFilescroll, &form.lblStatusLabel, &form.picBackground,
-             &form.picVolume, &form.shpPercent[0]})
-        Words[std::string(control->Name)] = [this, control](Value) { Point(control, 2, 2); };
     const auto number = [](Value text) { return static_cast<Integer>(std::stoi(text)); };
     Words.merge(decltype(Words){
         {"fresh", [this](Value) { SetPicture(*m_box, NewPicture()); }},
@@ -89,7 +87,7 @@ std::string Use::NameOf(const PicturePtr& picture) const {
     if (!picture) return "empty";
     for (const auto holder : kHolders)
         if ((form.*holder).Picture == picture) return std::string((form.*holder).Name);
-    for (std::size_t step = 1; step <= kVolumeSteps; ++step)
+    for (Integer step = 1; step <= kVolumeSteps; ++step)
         if (form.picVolumeArray[step].Picture == picture) return "step " + std::to_string(step);
     return "fresh";
 }
@@ -154,7 +152,7 @@ std::string Use::Outcome() {
 std::vector<std::string> Use::Facts() const {
     const auto onOff = [](bool on) { return on ? "on" : "off"; };
     const MouseCapture& capture = velora.Capture;
-    const MediaEntry& last = velora.MediaList[static_cast<std::size_t>(velora.Count)];
+    const MediaEntry& last = velora.MediaList[velora.Count];
     std::stringstream facts;
     const auto add = [&](const PictureBox& box) {
         facts << box.Name << (box.Visible ? " " : " hidden ") << NameOf(box.Picture) << "\n";

@@ -39,7 +39,7 @@ struct Stage : NullPlatform {
     /// An entry of the media list, as a playlist would add it.
     Integer AddEntry(const Text& path, const Text& file, Long type = 3) {
         ++velora.Count;
-        velora.MediaList[static_cast<std::size_t>(velora.Count)] = {true, path, file, type, 1};
+        velora.MediaList[velora.Count] = {true, path, file, type, 1};
         return velora.Count;
     }
 
@@ -95,7 +95,7 @@ private:
             Place(form.*button, left, 10, 30, 20);
             left += 40;
         }
-        for (std::size_t light = 1; light <= kLights; ++light)
+        for (Integer light = 1; light <= kLights; ++light)
             form.shpPercent[light].Exists = true;
     }
 };

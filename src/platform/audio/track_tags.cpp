@@ -17,10 +17,7 @@ constexpr int kNoGenre = 255;
 Text TextOf(const mpg123_string& string) {
     const std::string_view bytes(string.p, string.fill);
     Text text = TextFromBytes(bytes.substr(0, bytes.find('\0')));
-    if (text.size() > kTextLimit) {
-        const bool splitsPair = text[kTextLimit - 1] >= 0xD800 && text[kTextLimit - 1] < 0xDC00;
-        text.resize(kTextLimit - (splitsPair ? 1 : 0));
-    }
+    text.resize(StartOf(text, kTextLimit).size());
     return text;
 }
 

@@ -21,7 +21,6 @@ public:
     /// The form whose timers tick and who is told; without one no timer runs.
     void Attach(const Form& form, FormEvents& events);
 
-    void Run() override { Turn(); }
     void Wait(double seconds) override;
     void Turn() override;
     [[nodiscard]] std::int64_t NowMs() const override { return m_nowMs; }

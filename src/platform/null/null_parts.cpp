@@ -36,7 +36,6 @@ Text NullDialogs::ChooseFile(const Text& title, const Text& directory,
 }
 
 PicturePtr NullPictures::LoadPicture(const Text& path) {
-    ++Loads;
     const auto known = Known.find(path);
     if (known == Known.end()) return nullptr;
     return std::make_shared<LoadedPicture>(known->second.WidthPx, known->second.HeightPx);

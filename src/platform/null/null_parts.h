@@ -13,8 +13,9 @@
 #include "platform/scope.h"
 #include "platform/system.h"
 
-/// Notes "MessageBox TEXT", "InputBox PROMPT" and "ChooseFile TITLE" and gives the next prepared
-/// answer; without one the user closes the dialog without a choice.
+/// Notes "MessageBox TEXT" or, of a question, "Question TEXT", "InputBox TITLE: PROMPT" and
+/// "ChooseFile TITLE", and gives the next prepared answer; without one the user closes the dialog
+/// without a choice.
 class NullDialogs : public Dialogs {
 public:
     explicit NullDialogs(Journal& journal) : m_journal(journal) {}
@@ -43,7 +44,6 @@ public:
         int WidthPx, HeightPx;
     };
     std::map<Text, Size> Known;
-    int Loads = 0;
 };
 
 /// Notes "PlaySound PATH", "StartProgram PATH" and "EndProcess"; the last throws `ProcessEnded`.
@@ -75,7 +75,7 @@ private:
 /// What `NullSystem::EndProcess` throws; only a test catches it.
 struct ProcessEnded {};
 
-/// Notes "Player.NAME ARGUMENT" for each operation.
+/// Notes "Player.NAME ARGUMENT" for each operation but `LookIn`, whose directories it keeps.
 class NullPlayer : public Player {
 public:
     explicit NullPlayer(Journal& journal) : m_journal(journal) {}
@@ -87,7 +87,7 @@ public:
     void Seek(Long seconds) override;
     void SetVolume(Integer& percent) override;
 
-    std::vector<Text> Directories;
+    std::vector<Text> Directories; ///< What the last `LookIn` was given.
 
 private:
     Journal& m_journal;

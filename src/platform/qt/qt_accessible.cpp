@@ -10,15 +10,15 @@
 
 namespace {
 
-QAccessible::Role RoleOf(SpokenRole role) {
+QAccessible::Role RoleOf(AccessibleRole role) {
     switch (role) {
-    case SpokenRole::Button:
+    case AccessibleRole::Button:
         return QAccessible::Button;
-    case SpokenRole::Slider:
+    case AccessibleRole::Slider:
         return QAccessible::Slider;
-    case SpokenRole::ProgressBar:
+    case AccessibleRole::ProgressBar:
         return QAccessible::ProgressBar;
-    case SpokenRole::Words:
+    case AccessibleRole::StaticText:
         return QAccessible::StaticText;
     }
     return QAccessible::NoRole;
@@ -30,7 +30,7 @@ class ControlInterface : public QAccessibleInterface,
                          public QAccessibleActionInterface,
                          public QAccessibleValueInterface {
 public:
-    ControlInterface(AccessibleWindow& window, std::string_view name, SpokenRole role)
+    ControlInterface(AccessibleWindow& window, std::string_view name, AccessibleRole role)
         : m_window(window), m_name(name), m_role(role) {}
 
     bool isValid() const override { return true; }
@@ -46,7 +46,7 @@ public:
     QAccessible::Role role() const override { return RoleOf(m_role); }
 
     QString text(QAccessible::Text kind) const override {
-        const SpokenControl* spoken = Spoken();
+        const AccessibleControl* spoken = Found();
         if (!spoken) return {};
         if (kind == QAccessible::Name) return ToQString(spoken->Name);
         if (kind == QAccessible::Help || kind == QAccessible::Description)
@@ -55,7 +55,7 @@ public:
     }
 
     QRect rect() const override {
-        const SpokenControl* spoken = Spoken();
+        const AccessibleControl* spoken = Found();
         if (!spoken) return {};
         const Rect& place = spoken->Place;
         return QRect(m_window.mapToGlobal(QPoint(place.Left, place.Top)),
@@ -64,15 +64,16 @@ public:
 
     QAccessible::State state() const override {
         QAccessible::State state;
-        state.invisible = !Spoken();
-        state.readOnly = m_role != SpokenRole::Button;
+        state.invisible = !Found();
+        state.readOnly = m_role != AccessibleRole::Button;
         return state;
     }
 
     void* interface_cast(QAccessible::InterfaceType type) override {
-        if (type == QAccessible::ActionInterface && m_role == SpokenRole::Button)
+        if (type == QAccessible::ActionInterface && m_role == AccessibleRole::Button)
             return static_cast<QAccessibleActionInterface*>(this);
-        const bool hasValue = m_role == SpokenRole::Slider || m_role == SpokenRole::ProgressBar;
+        const bool hasValue =
+            m_role == AccessibleRole::Slider || m_role == AccessibleRole::ProgressBar;
         if (type == QAccessible::ValueInterface && hasValue)
             return static_cast<QAccessibleValueInterface*>(this);
         return nullptr;
@@ -81,28 +82,28 @@ public:
     QStringList actionNames() const override { return {pressAction()}; }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
     void doAction(const QString& action) override {
-        const SpokenControl* spoken = Spoken();
+        const AccessibleControl* spoken = Found();
         if (action != pressAction() || !spoken) return;
         m_window.Accessibility().Press(*spoken);
     }
 
-    QVariant currentValue() const override { return Spoken() ? Spoken()->Value : 0; }
+    QVariant currentValue() const override { return Found() ? Found()->Value : 0; }
     void setCurrentValue(const QVariant&) override {}
-    QVariant maximumValue() const override { return Spoken() ? Spoken()->Most : 0; }
+    QVariant maximumValue() const override { return Found() ? Found()->Most : 0; }
     QVariant minimumValue() const override { return 0; }
     QVariant minimumStepSize() const override { return 1; }
 
 private:
     // Null while the control is invisible.
-    const SpokenControl* Spoken() const {
-        for (const SpokenControl& spoken : m_window.Accessibility().Controls())
+    const AccessibleControl* Found() const {
+        for (const AccessibleControl& spoken : m_window.Accessibility().Controls())
             if (spoken.ControlName == m_name) return &spoken;
         return nullptr;
     }
 
     AccessibleWindow& m_window;
     std::string_view m_name;
-    SpokenRole m_role;
+    AccessibleRole m_role;
 };
 
 // The window itself; its children are the visible controls.
@@ -117,13 +118,13 @@ public:
     int childCount() const override { return static_cast<int>(Controls().size()); }
 
     QAccessibleInterface* child(int index) const override {
-        const std::vector<SpokenControl>& controls = Controls();
+        const std::vector<AccessibleControl>& controls = Controls();
         if (index < 0 || static_cast<std::size_t>(index) >= controls.size()) return nullptr;
         return InterfaceOf(controls[static_cast<std::size_t>(index)]);
     }
 
     int indexOfChild(const QAccessibleInterface* child) const override {
-        const std::vector<SpokenControl>& controls = Controls();
+        const std::vector<AccessibleControl>& controls = Controls();
         for (std::size_t index = 0; index < controls.size(); ++index)
             if (InterfaceOf(controls[index]) == child) return static_cast<int>(index);
         return -1;
@@ -131,12 +132,12 @@ public:
 
     QAccessibleInterface* childAt(int x, int y) const override {
         const QPoint point = m_window.mapFromGlobal(QPoint(x, y));
-        for (const SpokenControl& spoken : Controls())
+        for (const AccessibleControl& spoken : Controls())
             if (spoken.Place.Holds(point.x(), point.y())) return InterfaceOf(spoken);
         return nullptr;
     }
 
-    QAccessibleInterface* InterfaceOf(const SpokenControl& spoken) const {
+    QAccessibleInterface* InterfaceOf(const AccessibleControl& spoken) const {
         ControlInterface*& known = m_children[spoken.ControlName];
         if (!known) {
             known = new ControlInterface(m_window, spoken.ControlName, spoken.Role);
@@ -147,7 +148,7 @@ public:
     }
 
 private:
-    const std::vector<SpokenControl>& Controls() const {
+    const std::vector<AccessibleControl>& Controls() const {
         return m_window.Accessibility().Controls();
     }
 
@@ -162,30 +163,30 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 
 } // namespace
 
-void QtAccessibility::Attach(SpokenSource source) {
+void QtAccessibility::Attach(AccessibleSource source) {
     m_source = std::move(source);
     Forget();
     QAccessible::installFactory(MakeInterface);
 }
 
-const std::vector<SpokenControl>& QtAccessibility::Controls() {
+const std::vector<AccessibleControl>& QtAccessibility::Controls() {
     if (!m_isBuilt && m_source.Controls) m_controls = m_source.Controls();
     m_isBuilt = true;
     return m_controls;
 }
 
-void QtAccessibility::Press(const SpokenControl& control) const {
+void QtAccessibility::Press(const AccessibleControl& control) const {
     m_source.Press((control.Place.Left + control.Place.Right) / 2,
                    (control.Place.Top + control.Place.Bottom) / 2);
 }
 
 void QtAccessibility::AnnounceChanges() {
     if (!QAccessible::isActive() || Controls() == m_told) return;
-    const std::vector<SpokenControl> before = std::exchange(m_told, Controls());
+    const std::vector<AccessibleControl> before = std::exchange(m_told, Controls());
     auto* itself = dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&m_window));
     if (!itself) return;
-    for (const SpokenControl& now : m_told) {
-        const auto old = std::find_if(before.begin(), before.end(), [&](const SpokenControl& each) {
+    for (const AccessibleControl& now : m_told) {
+        const auto old = std::find_if(before.begin(), before.end(), [&](const AccessibleControl& each) {
             return each.ControlName == now.ControlName;
         });
         QAccessibleInterface* control = itself->InterfaceOf(now);

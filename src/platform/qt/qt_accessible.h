@@ -6,12 +6,12 @@
 #include <functional>
 #include <vector>
 
-#include "state/spoken.h"
+#include "state/accessible.h"
 
 /// What accessibility needs of the rest of the program.
-struct SpokenSource {
+struct AccessibleSource {
     /// The visible controls as the records are now. Each call builds all of them.
-    std::function<std::vector<SpokenControl>()> Controls;
+    std::function<std::vector<AccessibleControl>()> Controls;
     /// Has the left button pressed and released at a point of the client area, as the mouse would
     /// do it. Returns first; the press comes later.
     std::function<void(int xPx, int yPx)> Press;
@@ -24,16 +24,16 @@ public:
     explicit QtAccessibility(QWidget& window) : m_window(window) {}
 
     /// From now on screen readers find the controls of `source`; before, a window without content.
-    void Attach(SpokenSource source);
+    void Attach(AccessibleSource source);
 
     /// The records may have changed: the next question builds the controls again.
     void Forget() { m_isBuilt = false; }
 
     /// The visible controls. The reference is valid until `Forget`.
-    [[nodiscard]] const std::vector<SpokenControl>& Controls();
+    [[nodiscard]] const std::vector<AccessibleControl>& Controls();
 
     /// Presses the left button in the middle of `control`.
-    void Press(const SpokenControl& control) const;
+    void Press(const AccessibleControl& control) const;
 
     /// Tells a screen reader which names and values differ from those told last. Costs nothing
     /// while no screen reader listens.
@@ -41,10 +41,10 @@ public:
 
 private:
     QWidget& m_window;
-    SpokenSource m_source;
-    std::vector<SpokenControl> m_controls;
+    AccessibleSource m_source;
+    std::vector<AccessibleControl> m_controls;
     bool m_isBuilt = false;
-    std::vector<SpokenControl> m_told; ///< Empty until a screen reader listens.
+    std::vector<AccessibleControl> m_told; ///< Empty until a screen reader listens.
 };
 
 /// A window whose controls are no widgets, and which has them found by screen readers all the same.

@@ -24,7 +24,8 @@ public:
     /// called after each task, tick and `Handle`, and before each wait.
     void Attach(const Form& form, FormEvents& events, std::function<void()> afterEvent);
 
-    void Run() override;
+    /// Runs until the process ends. Called once, by main.
+    void Run();
     void Wait(double seconds) override;
     void Turn() override;
     [[nodiscard]] std::int64_t NowMs() const override;

@@ -8,8 +8,8 @@
 #include <unistd.h>
 #include <utility>
 
-#include "platform/machine.h"
 #include "platform/paths.h"
+#include "platform/program_places.h"
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)

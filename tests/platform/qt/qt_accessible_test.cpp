@@ -33,11 +33,11 @@ protected:
         m_window.move(100, 200);
     }
 
-    std::vector<SpokenControl> m_spoken{
-        {"play", SpokenRole::Button, u"Play", u"a tip", 3, 4, {10, 21, 15, 28}},
-        {"volume", SpokenRole::Slider, u"Volume", u"", 2, 7, {20, 22, 30, 25}},
-        {"lights", SpokenRole::ProgressBar, u"Progress", u"", 5, 13, {0, 40, 50, 45}},
-        {"title", SpokenRole::Words, u"A song", u"", 0, 0, {0, 50, 51, 60}}};
+    std::vector<AccessibleControl> m_spoken{
+        {"play", AccessibleRole::Button, u"Play", u"a tip", 3, 4, {10, 21, 15, 28}},
+        {"volume", AccessibleRole::Slider, u"Volume", u"", 2, 7, {20, 22, 30, 25}},
+        {"lights", AccessibleRole::ProgressBar, u"Progress", u"", 5, 13, {0, 40, 50, 45}},
+        {"title", AccessibleRole::StaticText, u"A song", u"", 0, 0, {0, 50, 51, 60}}};
     int m_builds = 0;
 };
 

@@ -3,8 +3,7 @@
 
 #include <vector>
 
-#include "platform/dialogs.h"
-#include "platform/system.h"
+#include "state/velora.h"
 
 /// Fills the three filters. Called once, before anything asks for a file.
 void InitialiseFilters(std::vector<FilterRow>& MediaFilter, std::vector<FilterRow>& PlaylistFilter,
@@ -13,7 +12,6 @@ void InitialiseFilters(std::vector<FilterRow>& MediaFilter, std::vector<FilterRo
 /// Lets the user choose one existing file: its full path, or the empty text if the user cancels or
 /// the dialog fails. After a choice the directory of the file is the current one. An empty
 /// `Directory` is left to the dialogs, which open in the user's music folder and, once a file was
-/// chosen, in that file's directory.
-[[nodiscard]] Text OpenFileDialog(Dialogs& dialogs, System& system,
-                                  const std::vector<FilterRow>& Filter, const Text& Title,
-                                  const Text& Directory);
+/// chosen, in that file's directory. As with a message, no control has the mouse afterwards.
+[[nodiscard]] Text OpenFileDialog(Velora& velora, const std::vector<FilterRow>& Filter,
+                                  const Text& Title, const Text& Directory);

@@ -1,6 +1,6 @@
 // One lock is held over the reading of the count and all writes, so that two runs never take one
 // number.
-#include "playlist/catalogue.h"
+#include "playlist/playlist_catalogue.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,12 +22,8 @@ struct Entering {
     Integer Number = 0;
 };
 
-Integer LastRecord(const Velora& velora) {
-    return static_cast<Integer>(velora.Playlists.size() - 1);
-}
-
 void LoadRecord(Velora& velora, ProfileReader& reader, Integer number) {
-    PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(number)];
+    PlaylistRecord& record = velora.Playlists[number];
     const Text section = Decimal(number);
     ReadProfileBoolean(reader, section, u"Enabled", u"False", record.Enabled);
     if (!record.Enabled) return;
@@ -38,24 +34,23 @@ void LoadRecord(Velora& velora, ProfileReader& reader, Integer number) {
     LoadPlaylistFile(velora, number);
 }
 
-// Other runs may have added since the last look.
-void RaiseCount(Velora& velora) {
-    ProfileReader reader(velora.PlaylistsIni);
-    Integer inFile = 0;
-    ReadProfileNumber(reader, u"Settings", u"Count", u"0", inFile);
-    velora.PlaylistCount = std::max({velora.PlaylistCount, inFile, Integer{0}});
+Integer CountInFile(const Text& ini) {
+    ProfileReader reader(ini);
+    Integer count = 0;
+    ReadProfileNumber(reader, u"Settings", u"Count", u"0", count);
+    return count;
 }
 
 // The first write also takes over what is `installed` for all users, where the user has no
 // catalogue yet.
-void WriteRecord(const Velora& velora, Integer number, const Text& installed) {
-    const PlaylistRecord& record = velora.Playlists[static_cast<std::size_t>(number)];
+void WriteRecord(const Text& ini, const PlaylistRecord& record, Integer number,
+                 const Text& installed) {
     const Text section = Decimal(number);
-    WriteProfileString(velora.PlaylistsIni, section, u"Enabled", u"True", installed);
-    WriteProfileString(velora.PlaylistsIni, section, u"Name", record.Name);
-    WriteProfileString(velora.PlaylistsIni, section, u"File", record.File);
-    WriteProfileString(velora.PlaylistsIni, section, u"Path", record.Path);
-    WriteProfileString(velora.PlaylistsIni, u"Settings", u"Count", Decimal(number));
+    WriteProfileString(ini, section, u"Enabled", u"True", installed);
+    WriteProfileString(ini, section, u"Name", record.Name);
+    WriteProfileString(ini, section, u"File", record.File);
+    WriteProfileString(ini, section, u"Path", record.Path);
+    WriteProfileString(ini, u"Settings", u"Count", Decimal(number));
 }
 
 Entering Enter(Velora& velora, const PlaylistRecord& record) {
@@ -67,14 +62,15 @@ Entering Enter(Velora& velora, const PlaylistRecord& record) {
     // The user's own place for the file is made when something is to be written there, not before.
     MakeDirectory(directory);
     const DirectoryLock lock(velora.Loop, directory);
-    RaiseCount(velora);
-    if (velora.PlaylistCount >= LastRecord(velora)) return {Refusal::Full, 0};
+    // Other runs may have added since the last look.
+    velora.PlaylistCount = std::max({velora.PlaylistCount, CountInFile(ini), Integer{0}});
+    if (!velora.Playlists.Has(velora.PlaylistCount + 1)) return {Refusal::Full, 0};
     if (!ReadsBackWhole(record.Name) || !ReadsBackWhole(record.File) ||
         !ReadsBackWhole(record.Path))
         return {Refusal::TooLong, 0};
     ++velora.PlaylistCount;
-    velora.Playlists[static_cast<std::size_t>(velora.PlaylistCount)] = record;
-    WriteRecord(velora, velora.PlaylistCount, installed);
+    velora.Playlists[velora.PlaylistCount] = record;
+    WriteRecord(ini, record, velora.PlaylistCount, installed);
     return {Refusal::None, velora.PlaylistCount};
 }
 
@@ -83,7 +79,7 @@ Entering Enter(Velora& velora, const PlaylistRecord& record) {
 void LoadPlaylistCatalogue(Velora& velora) {
     ProfileReader reader(velora.PlaylistsIni);
     ReadProfileNumber(reader, u"Settings", u"Count", u"0", velora.PlaylistCount);
-    const Integer last = std::min(velora.PlaylistCount, LastRecord(velora));
+    const Integer last = std::min(velora.PlaylistCount, velora.Playlists.kLast);
     for (Integer number = 1; number <= last; ++number)
         LoadRecord(velora, reader, number);
 }

@@ -1,6 +1,6 @@
 // Asked of the kernel and the environment, without the toolkit, so that it works before a display
 // is there.
-#include "platform/machine.h"
+#include "platform/program_places.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,6 +1,6 @@
 // The original platform's dialog changed the process's directory; here the current directory is a
 // text that the system keeps.
-#include "platform/file_dialogs.h"
+#include "state/file_dialogs.h"
 
 #include "platform/paths.h"
 
@@ -20,13 +20,14 @@ void InitialiseFilters(std::vector<FilterRow>& MediaFilter, std::vector<FilterRo
     SkinFilter = {{u"Skin Files (*.vs4)", u"*.vs4"}, allFiles};
 }
 
-Text OpenFileDialog(Dialogs& dialogs, System& system, const std::vector<FilterRow>& Filter,
-                    const Text& Title, const Text& Directory) {
-    Text path = dialogs.ChooseFile(Title, Directory, Filter);
+Text OpenFileDialog(Velora& velora, const std::vector<FilterRow>& Filter, const Text& Title,
+                    const Text& Directory) {
+    ForgetCapture(velora.Capture);
+    Text path = velora.Dialogs.ChooseFile(Title, Directory, Filter);
     if (path.empty()) return path;
     const std::size_t directoryLength = path.size() - GetFileName(path).size();
     // Without the backslash at its end, but for the root.
-    system.SetCurrentDirectory(
+    velora.System.SetCurrentDirectory(
         path.substr(0, directoryLength > 1 ? directoryLength - 1 : directoryLength));
     return path;
 }

@@ -1,12 +1,12 @@
 // The catalogue is read and never written: a run always begins with the skin that its owner put
 // there.
-#include "skin/catalogue.h"
+#include "skin/skin_catalogue.h"
 
-#include "platform/file_dialogs.h"
 #include "platform/paths.h"
 #include "platform/profile_strings.h"
 #include "skin/apply_skin.h"
 #include "skin/load_skin.h"
+#include "state/file_dialogs.h"
 #include "state/messages.h"
 
 namespace {
@@ -37,19 +37,16 @@ void LoadDefaultSkin(Velora& velora) {
         LoadAndApply(velora, path);
         return;
     }
-    ForgetCapture(velora.Capture);
-    const MessageAnswer answer = velora.Dialogs.MessageBox(
-        u"Unable to locate skin, find yourself?", MessageButtons::YesNo, MessageIcon::Question);
-    if (answer != MessageAnswer::Yes) velora.System.EndProcess();
-    LoadAndApply(velora, OpenFileDialog(velora.Dialogs, velora.System, velora.SkinFilter,
-                                        u"Select skin ...", directory + Text(kSkinDirectory)));
+    if (!AskYesNo(velora, u"Unable to locate skin, find yourself?")) velora.System.EndProcess();
+    LoadAndApply(velora, OpenFileDialog(velora, velora.SkinFilter, u"Select skin ...",
+                                        directory + Text(kSkinDirectory)));
 }
 
 // The slot filled last from the file at `path`; 0 if there is none.
 Integer LatestSlotOf(const Velora& velora, const Text& path) {
     const std::optional<std::string> file = FindPath(path);
     for (Integer slot = velora.SkinCount; file && slot > 0; --slot) {
-        const SkinRecord& skin = velora.Skins[static_cast<std::size_t>(slot)];
+        const SkinRecord& skin = velora.Skins[slot];
         if (FindPath(skin.Directory + skin.FileName) == file) return slot;
     }
     return 0;
@@ -71,7 +68,7 @@ void LoadSkinCatalogue(Velora& velora) {
 }
 
 void ShowCompanionSkin(Velora& velora) {
-    const Text companion = velora.Skins[static_cast<std::size_t>(velora.CurrentSkin)].Playlist;
+    const Text companion = velora.Skins[velora.CurrentSkin].Playlist;
     if (!FileExists(companion)) return;
     Integer slot = LoadSkinFile(velora, companion);
     if (slot == 0) slot = LatestSlotOf(velora, companion);

@@ -1,5 +1,4 @@
-// The catalogue of playlists, kept in an ini file beside the program: the one file that the system
-// writes.
+// The catalogue of playlists, kept in an ini file: the one file that the system writes.
 #pragma once
 
 #include "state/velora.h"

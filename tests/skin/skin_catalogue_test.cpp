@@ -1,5 +1,5 @@
 // Which skin comes up at start, and which one the playlist button brings.
-#include "skin/catalogue.h"
+#include "skin/skin_catalogue.h"
 
 #include "support/skin_fixture.h"
 

@@ -1,7 +1,7 @@
 // The rows of the open-file dialogs; what a choice leaves behind the uses of the buttons show.
 #include <gtest/gtest.h>
 
-#include "platform/file_dialogs.h"
+#include "state/file_dialogs.h"
 
 TEST(FileDialogs, OfferTheKindsOfFiles) {
     std::vector<FilterRow> media, playlists, skins;

@@ -1,4 +1,5 @@
-// Where the process is and what it was started with, as the system's texts.
+// Where the program is, where it was started and with what, and where its ini files are, as the
+// system's texts.
 #pragma once
 
 #include <string>
