@@ -9,6 +9,7 @@
 #include "platform/audio/output/output_finder.h"
 #include "platform/audio/player/track_player.h"
 #include "platform/audio/player_fixture.h"
+#include "platform/deadline.h"
 
 namespace {
 
@@ -172,10 +173,8 @@ protected:
         }
     }
     std::optional<std::int64_t> DueUs() {
-        std::optional<std::int64_t> due = m_track->DueUs(m_pulse.NowUs);
-        for (const auto other : {m_server.DueUs(), m_outputs->RestDueUs(), m_loop.LaterUs})
-            if (other) due = std::min(due.value_or(*other), *other);
-        return due;
+        return Earliest({m_track->DueUs(m_pulse.NowUs), m_server.DueUs(), m_outputs->RestDueUs(),
+                         m_loop.LaterUs});
     }
     void NoteDue() {
         const std::optional<std::int64_t> due = m_track->DueUs(m_pulse.NowUs);
@@ -237,6 +236,16 @@ TEST_P(TrackPlayerTest, GoesAsItsRowSays) {
     EXPECT_EQ(m_pulse.Journal, GetParam().Journal + std::string(" "));
     m_outputs.reset();
     EXPECT_EQ(m_pulse.Operations, 0) << "let go by nobody";
+}
+
+TEST(TrackStateTest, EveryMomentHasOneState) {
+    // By stage and, the second four, held; of the output by its state. A letter is a state's first.
+    std::string states;
+    for (int at = 0; at < 40; ++at) {
+        const TrackState state = StateOf(TrackStage(at / 8), at % 8 > 3, OutputState(at % 4));
+        states += "-RLSsFfOoPpEe"[static_cast<int>(state)];
+    }
+    EXPECT_EQ(states, "--------RRRRRRRRFOPLfopLSSSLsssLEEELeeeL");
 }
 
 const Row kRows[] = {

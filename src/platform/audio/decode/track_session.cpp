@@ -91,7 +91,6 @@ void TrackSession::Push(int serial, Chunk chunk) {
         if (serial != m_seek.Serial) return;
         if (chunk.Samples.empty()) {
             m_end = true;
-            m_filling = false;
         } else {
             m_queuedSamples += chunk.Samples.size();
             m_chunks.push_back(std::move(chunk));

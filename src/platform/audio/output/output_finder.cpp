@@ -35,7 +35,3 @@ SoundOutput* OutputFinder::Choose(bool mustSound, std::int64_t nowUs) {
         return nullptr;
     }
 }
-
-std::optional<std::int64_t> OutputFinder::DueUs() const {
-    return m_retryAtUs;
-}

@@ -58,19 +58,3 @@ public:
     [[nodiscard]] virtual std::optional<std::int64_t> DueUs() const = 0;
     virtual void Poll(std::int64_t nowUs) = 0;
 };
-
-/// Finds the output for a track.
-class OutputChooser {
-public:
-    virtual ~OutputChooser() = default;
-
-    /// A track begins: forgets that a server couldn't be reached before.
-    virtual void Begin(std::int64_t nowUs) = 0;
-    /// The output to open, or the null pointer while that isn't decided. With `mustSound`, for a
-    /// track that was heard already, never the silent clock, however long the server stays away.
-    [[nodiscard]] virtual SoundOutput* Choose(bool mustSound, std::int64_t nowUs) = 0;
-    /// The output that was chosen last has been lost: it isn't chosen again for about a second.
-    virtual void NoteLost(std::int64_t nowUs) = 0;
-    /// When to ask again, if nothing else happens before.
-    [[nodiscard]] virtual std::optional<std::int64_t> DueUs() const = 0;
-};

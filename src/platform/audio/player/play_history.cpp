@@ -7,21 +7,20 @@ void PlayHistory::Restart(const SoundFormat& format, std::int64_t frame) {
     m_channels = format.Channels;
     m_capacity = static_cast<std::int64_t>(format.RateHz) * kSeconds;
     m_samples.resize(static_cast<std::size_t>(m_capacity * m_channels));
-    m_begin = m_end = frame;
+    m_first = m_end = frame;
 }
 
 void PlayHistory::Append(std::span<const std::int16_t> samples) {
-    while (!samples.empty()) {
+    std::int64_t left = static_cast<std::int64_t>(samples.size()) / m_channels;
+    while (left > 0) {
         const std::int64_t at = m_end % m_capacity;
-        const std::int64_t frames =
-            std::min(m_capacity - at, static_cast<std::int64_t>(samples.size()) / m_channels);
-        if (frames == 0) break;
+        const std::int64_t frames = std::min(m_capacity - at, left);
         const auto count = static_cast<std::size_t>(frames * m_channels);
         std::copy_n(samples.begin(), count, m_samples.begin() + at * m_channels);
         samples = samples.subspan(count);
+        left -= frames;
         m_end += frames;
     }
-    m_begin = std::max(m_begin, m_end - m_capacity);
 }
 
 std::span<const std::int16_t> PlayHistory::From(std::int64_t frame, std::int64_t frames) const {
