@@ -1,6 +1,6 @@
-// The stream lives on a loop of libpulse's own thread. It is filled while it is held (corked) and
-// let go for a click. It is held again only a while later: to hold it takes back what the sink
-// hasn't played yet.
+// The stream lives on a loop with a thread of libpulse's own. It is filled while it is held
+// (corked) and released for a click. It is held again only a while later, since holding takes back
+// what the sink hasn't played yet.
 #include "platform/audio/click/click_sound.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ constexpr pa_usec_t kRestUs = 500'000;
 
 } // namespace
 
-/// One attempt: a file, a connection and a stream, or the failure of one of them.
+/// A file, a connection and a stream, or one attempt that failed.
 struct ClickSound::Stream {
     enum class State { Preparing, Ready, Failed };
 
@@ -74,7 +74,7 @@ struct ClickSound::Stream {
         if (Loop) pa_threaded_mainloop_free(Loop);
     }
 
-    // From here to `Fill`: on libpulse's thread, or with its loop locked.
+    // From here to `OnTiming`: on libpulse's thread, or with its loop locked.
 
     static void OnContext(pa_context* context, void* self) {
         auto* stream = static_cast<Stream*>(self);
@@ -97,11 +97,11 @@ struct ClickSound::Stream {
         if (Playback) return;
         const pa_sample_spec format{PA_SAMPLE_S16NE, static_cast<std::uint32_t>(Clip.RateHz),
                                     static_cast<std::uint8_t>(Clip.Channels)};
-        pa_proplist* facts = pa_proplist_new();
-        pa_proplist_sets(facts, PA_PROP_MEDIA_ROLE, "event");
-        pa_proplist_sets(facts, PA_PROP_APPLICATION_ICON_NAME, "velora");
-        Playback = pa_stream_new_with_proplist(Context, "Button", &format, nullptr, facts);
-        pa_proplist_free(facts);
+        pa_proplist* properties = pa_proplist_new();
+        pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "event");
+        pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, "velora");
+        Playback = pa_stream_new_with_proplist(Context, "Button", &format, nullptr, properties);
+        pa_proplist_free(properties);
         if (!Playback) {
             Tell(State::Failed);
             return;
@@ -121,8 +121,8 @@ struct ClickSound::Stream {
                         nullptr, 0, PA_SEEK_RELATIVE_ON_READ);
     }
 
-    /// Holds the stream and fills it anew. What is written to a stream that runs can come too late
-    /// for the sink and lose its beginning.
+    /// Holds the stream and fills it anew. Samples that are written to a running stream can be too
+    /// late for the sink, and then their beginning isn't heard.
     void HoldFilled() {
         Forget(pa_stream_cork(Playback, 1, nullptr, nullptr));
         Forget(pa_stream_flush(Playback, nullptr, nullptr));
@@ -135,7 +135,7 @@ struct ClickSound::Stream {
         if (pa_stream_get_state(stream->Playback) == PA_STREAM_READY) stream->HoldFilled();
     }
 
-    void LetGo() {
+    void Release() {
         if (!IsHeld) HoldFilled();
         Forget(pa_stream_cork(Playback, 0, nullptr, nullptr));
         IsHeld = false;
@@ -181,7 +181,7 @@ struct ClickSound::Stream {
             Latency.reset();
         }
         pa_threaded_mainloop_lock(Loop);
-        LetGo();
+        Release();
         pa_threaded_mainloop_unlock(Loop);
 
         const auto failed = [this] { return Current == State::Failed; };
@@ -204,7 +204,7 @@ struct ClickSound::Stream {
     std::mutex Mutex;
     std::condition_variable Changed;
     State Current = State::Preparing;
-    std::optional<milliseconds> Latency; ///< Of the sink, as told since the last click began.
+    std::optional<milliseconds> Latency; ///< Of the sink; nothing until it is told for this click.
 };
 
 ClickSound::ClickSound(std::string server) : m_server(std::move(server)) {}

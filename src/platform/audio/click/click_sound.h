@@ -7,8 +7,8 @@
 #include "platform/text.h"
 
 /// Keeps the sound in memory and a stream ready, filled and held, so that a click costs little more
-/// than its own length. The stream is not the player's: neither its volume nor its pause touches
-/// the click.
+/// than its own length. The stream isn't the player's: the volume and the pause don't change the
+/// click.
 class ClickSound {
 public:
     /// Opens nothing. `server` is a sound server's address; empty for the user's own.
@@ -21,8 +21,8 @@ public:
     void Prepare(const Text& path);
 
     /// Plays the file and returns when it has been heard, at the latest after one second; a longer
-    /// sound goes on beyond that. False, at once, if it can't be played: no sound in the file, no
-    /// server, or a server that isn't ready within a tenth of a second. The next call tries anew.
+    /// sound goes on beyond that. False if it can't be played: no sound in the file, no server,
+    /// or a server that isn't ready within a tenth of a second. The next call tries anew.
     [[nodiscard]] bool PlayAndWait(const Text& path);
 
 private:

@@ -1,9 +1,10 @@
-// The file is opened by the one opener, so that a FIFO or a device can't hold up the caller.
+// The file is opened by `OpenForReading`, so that a FIFO or a device can't hold up the caller.
 #include "platform/audio/click/sound_file.h"
 
 #include <algorithm>
 #include <sndfile.h>
 
+#include "platform/audio/sound_format.h"
 #include "platform/files.h"
 
 namespace {
@@ -16,7 +17,7 @@ constexpr int kMostRateHz = 192'000;
 
 std::int64_t SoundClip::LengthMs() const {
     const auto frames = static_cast<std::int64_t>(Samples.size()) / Channels;
-    return (frames * 1000 + RateHz / 2) / RateHz;
+    return MsOfFrames(frames, RateHz);
 }
 
 std::optional<SoundClip> ReadSoundFile(const Text& path) {

@@ -1,5 +1,4 @@
-// The decoder keeps the number of bytes to itself, so the tag is looked up once more by its
-// letters.
+// The decoder doesn't tell the number of bytes, so the tag is looked up once more by its letters.
 #include "platform/audio/decode/info_tag.h"
 
 #include <algorithm>

@@ -14,9 +14,9 @@ struct InfoTag {
     std::int64_t Frames = 0; ///< MPEG frames.
     std::int64_t Bytes = 0;  ///< Of all of them.
     std::int64_t At = 0;     ///< Where in the file the tag's frame begins.
-    bool IsVbri = false;     ///< This kind the decoder doesn't know: it plays the frame as sound.
+    bool IsVbri = false; ///< A kind that the decoder doesn't know: it plays the tag's frame, too.
 };
 
-/// The tag beside the frame that begins at `framePosition`, the first that the decoder takes for
-/// sound.
+/// The tag in the frame that begins at `framePosition`, the first that the decoder takes for sound,
+/// or else in the nearest frame before it, at most `kLongestFrameBytes` away.
 [[nodiscard]] std::optional<InfoTag> FindInfoTag(MediaFile& file, std::int64_t framePosition);

@@ -51,9 +51,9 @@ void MediaFile::SkipGiantTags() {
 }
 
 std::int64_t MediaFile::Size() const {
-    struct stat facts {};
-    if (fstat(m_file.Descriptor(), &facts) != 0) return 0;
-    return std::max<std::int64_t>(0, facts.st_size - m_start);
+    struct stat status {};
+    if (fstat(m_file.Descriptor(), &status) != 0) return 0;
+    return std::max<std::int64_t>(0, status.st_size - m_start);
 }
 
 std::ptrdiff_t MediaFile::ReadAt(std::int64_t position, void* bytes, std::size_t count) {

@@ -1,5 +1,4 @@
-// libmpg123 with its reading replaced by ours, and its output pinned to the format of the first
-// frame.
+// libmpg123, which reads by our functions and puts out the format of the first frame only.
 #include "platform/audio/decode/mpeg_decoder.h"
 
 #include <algorithm>
@@ -65,8 +64,8 @@ bool MpegDecoder::CanBelieve(std::int64_t mpegFrames, std::int64_t bytes, std::i
     const std::int64_t there = m_file.Size() - fromByte;
     if (mpegFrames < 1 || mpegFrames > there / kShortestFrameBytes) return false;
     if (mpegFrames < there / kLongestFrameBytes / 2) return false;
-    // A tag's own count of bytes tells a file that was cut or added to; a tail of a few kB is other
-    // tags'.
+    // By the tag's count of bytes a file is known that was cut or added to. Other tags at its end
+    // may add a few kB.
     return bytes == 0 ||
            (bytes <= there + kLongestFrameBytes && there - bytes <= there / 8 + 65536);
 }

@@ -17,10 +17,10 @@ struct mpg123_handle_struct;
 /// What is known about a track once its first frame has been found.
 struct TrackFacts {
     SoundFormat Format;
-    int BitrateKbps = 0; ///< Of a variable rate the average that the file's tag gives.
+    int BitrateKbps = 0; ///< As `PlayerEvents::OnStreamInfo` tells it.
     TrackTags Tags;
-    /// In frames of samples, as the file's own tag has it; nothing if it has none or can't be
-    /// believed.
+    /// In frames of samples, as the file's own tag has it; nothing if the file has no such tag or
+    /// the tag can't be true.
     std::optional<std::int64_t> LengthFrames;
 };
 
@@ -37,11 +37,11 @@ struct LengthScan {
 };
 
 /// Layers I to III, all their versions. Every call may read the file and take as long as that
-/// takes; damage costs the damaged frames. A frame whose rate or channels differ from the first
-/// one's is converted.
+/// takes. Of a damaged file only the damaged frames are missing. A frame whose rate or channels
+/// differ from the first one's is converted.
 class MpegDecoder {
 public:
-    /// Takes `file` over. Nothing if no sound is found in it. When `*quit` becomes true, calls come
+    /// Takes `file` over. Null if no sound is found in it. When `*quit` becomes true, calls come
     /// back soon; it must stay as long as the decoder.
     [[nodiscard]] static std::unique_ptr<MpegDecoder> Open(FileHandle file,
                                                            const std::atomic<bool>* quit);
@@ -51,11 +51,11 @@ public:
 
     [[nodiscard]] const TrackFacts& Facts() const { return m_facts; }
 
-    /// Decodes up to `frames` frames into `samples`, which takes their size. Empty at the end.
+    /// Decodes up to `frames` frames into `samples` and gives it their size. Empty at the end.
     void Decode(std::size_t frames, std::vector<std::int16_t>& samples);
 
-    /// Goes to `frame`, counted from the first that is heard. The frame that `Decode` gives next;
-    /// behind the end `Decode` gives nothing.
+    /// Goes to `frame`, counted from the first that is heard, and returns the frame that `Decode`
+    /// gives next. Behind the end `Decode` gives nothing.
     std::int64_t SeekTo(std::int64_t frame);
 
     /// Lets later seeks find their place by another decoder's scan of the same file.

@@ -1,4 +1,4 @@
-// The threads own what they use, but for the session; so one that hangs can be left behind.
+// The threads share nothing but the session, so one that hangs can be left behind.
 #include "platform/audio/decode/track_reader.h"
 
 #include <utility>

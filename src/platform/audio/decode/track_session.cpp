@@ -1,5 +1,5 @@
-// The queue is filled up in one go and then left alone until it is half empty: each thread wakes
-// seldom.
+// The queue is filled up in one go and then left alone until it is half empty: so each thread
+// seldom wakes up.
 #include "platform/audio/decode/track_session.h"
 
 #include <utility>

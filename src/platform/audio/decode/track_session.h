@@ -25,15 +25,15 @@ struct SeekRequest {
     std::int64_t Frame = 0;
 };
 
-/// A reader may hang inside the file system for ever; so nobody waits for one, the lock is never
-/// held while a file is touched, and the bell outlives the player.
+/// A reader may hang inside the file system for ever. So nobody waits for one, the lock is never
+/// held while a file is touched, and session and bell stay until the last thread lets go.
 class TrackSession {
 public:
     explicit TrackSession(std::shared_ptr<Bell> bell) : m_bell(std::move(bell)) {}
 
     // The player's thread.
 
-    /// Tells the readers to end. What they still bring is dropped.
+    /// Tells the readers to end. Nobody takes what they still bring.
     void Quit();
     /// Has the reader go on at `frame`; forgets what is decoded.
     void RequestSeek(std::int64_t frame);
@@ -51,12 +51,16 @@ public:
 
     // The reading threads.
 
+    /// True from `Quit` on; stays as long as the session.
     [[nodiscard]] const std::atomic<bool>* QuitFlag() const { return &m_quit; }
+    /// What the file is, and how many frames the queue of chunks is to hold.
     void SetFacts(TrackFacts facts, std::size_t queueFrames);
+    /// The result of a scan; nothing if it failed.
     void SetScan(std::optional<LengthScan> scan);
     /// The index of the scan, given once.
     [[nodiscard]] std::optional<FrameIndex> TakeIndex();
-    /// Leaves `chunk`, decoded after the seek `serial`. An empty one is the end of the track.
+    /// Leaves `chunk`, decoded after the seek `serial`; after an older seek than the last it is
+    /// dropped. An empty one is the end of the track.
     void Push(int serial, Chunk chunk);
     /// Sleeps until there is room for a chunk, a seek newer than `serial`, or the end of the
     /// session. False at the end of the session; a newer seek is written to `seek`.
@@ -76,8 +80,8 @@ private:
     bool m_scanFailed = false;
     std::deque<Chunk> m_chunks;
     std::size_t m_queuedSamples = 0;
-    std::size_t m_queueLimit = 0; ///< In samples; full above it.
-    bool m_filling = true;        ///< From low to full the reader goes on by itself.
+    std::size_t m_queueLimit = 0; ///< In samples.
+    bool m_filling = true;        ///< From half empty until it is full.
     bool m_starving = true;       ///< The player found nothing when it last looked.
     bool m_end = false;
 };

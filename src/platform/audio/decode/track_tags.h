@@ -17,6 +17,6 @@ struct TrackTags {
     bool operator==(const TrackTags&) const = default;
 };
 
-/// The tags that the decoder has met so far: ID3v2 before ID3v1, field by field. Of two texts of
-/// one kind the decoder keeps the last.
+/// The tags that the decoder has met so far: ID3v2 before ID3v1, field by field. Of two ID3v2 texts
+/// of one kind it keeps the last.
 [[nodiscard]] TrackTags ReadTags(mpg123_handle_struct* decoder);

@@ -1,4 +1,5 @@
-// Only differences to the last change are computed, so that nothing adds up over a long track.
+// Each place is reckoned from the last change, so that rounding errors don't add up over a long
+// track.
 #include "platform/audio/output/clock_output.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ void ClockOutput::Drop(std::int64_t nowUs) {
 }
 
 std::int64_t ClockOutput::AheadFrames() const {
-    // At a high speed the queue is as long in real time as at the usual one, within reason.
+    // A fast clock empties its queue sooner, so it gets a longer one.
     const double seconds = kAheadMs / 1000.0 * std::clamp(m_speed, 1.0, 1.5);
     return static_cast<std::int64_t>(m_format.RateHz * seconds);
 }
@@ -45,7 +46,7 @@ std::int64_t ClockOutput::WritableFrames(std::int64_t nowUs) {
 }
 
 void ClockOutput::Write(std::span<const std::int16_t> samples, std::int64_t nowUs) {
-    // Where it ran dry the clock stood still until now.
+    // While there was nothing to be heard the clock stood still.
     if (HeardFrames(nowUs) == m_written) Settle(nowUs);
     m_written += static_cast<std::int64_t>(samples.size()) / m_format.Channels;
 }

@@ -1,4 +1,4 @@
-// The output of a machine without a sound server: time passes as if it were heard.
+// The output of a machine without a sound server: time passes as if the track were heard.
 #pragma once
 
 #include "platform/audio/output/sound_output.h"

@@ -1,4 +1,4 @@
-// A track that was heard waits for its server; one that wasn't doesn't.
+// The server is asked again a second after it was lost, and only for a track that needs it.
 #include "platform/audio/output/output_finder.h"
 
 namespace {

@@ -1,9 +1,9 @@
-// What libpulse is asked to do without waiting for its answer.
+// Requests to libpulse whose answer nobody waits for.
 #pragma once
 
 #include <pulse/operation.h>
 
-/// Lets the answer go; null, as of a request that failed, is taken, too.
+/// Frees what a request returned. Null, which a failed request returns, is fine.
 inline void Forget(pa_operation* operation) {
     if (operation) pa_operation_unref(operation);
 }

@@ -60,8 +60,8 @@ bool PulseOutput::Connect(pa_stream* stream) {
     pa_buffer_attr buffer{};
     buffer.maxlength = static_cast<std::uint32_t>(-1);
     buffer.tlength = static_cast<std::uint32_t>(BytesOfMs(m_format, kAheadMs));
-    // Not zero: the server's read place would then run on while the queue is empty, and what comes
-    // late be lost.
+    // Not zero: the server would then go on counting while the queue is empty, and drop samples
+    // that come late.
     buffer.prebuf = static_cast<std::uint32_t>(2 * m_format.Channels);
     buffer.minreq = static_cast<std::uint32_t>(BytesOfMs(m_format, kRequestMs));
     buffer.fragsize = static_cast<std::uint32_t>(-1);
@@ -136,7 +136,7 @@ std::int64_t PulseOutput::WritableFrames(std::int64_t) {
 void PulseOutput::Write(std::span<const std::int16_t> samples, std::int64_t nowUs) {
     const bool ranDry = HeardFrames(nowUs) == m_written;
     if (ranDry) {
-        // The sound stood still; our clock must not have gone on when it moves again.
+        // The sound stood still, so the place must not have moved when it goes on.
         m_timing.Running = false;
         m_timing.HeardFrame = m_base + m_written;
     }
@@ -153,7 +153,7 @@ void PulseOutput::Write(std::span<const std::int16_t> samples, std::int64_t nowU
 
 void PulseOutput::Rewrite(std::span<const std::int16_t> samples) {
     if (State() != OutputState::Running || samples.empty()) return;
-    // Relative to the end of what was written, which the server's accounting takes as nothing new.
+    // Backwards from the end of what was written: so the server doesn't count it as new.
     pa_stream_write(m_stream, samples.data(), samples.size_bytes(), nullptr,
                     -static_cast<std::int64_t>(samples.size_bytes()), PA_SEEK_RELATIVE);
 }
@@ -214,7 +214,7 @@ void PulseOutput::TakeTiming(bool afterDrop) {
         m_baseKnown = std::find(m_asked.begin(), m_asked.end(), true) == m_asked.end();
         return;
     }
-    // Between a drop and its answer numbers can't be told apart.
+    // Between a drop and its answer nobody knows which frames the numbers mean.
     if (!m_baseKnown) return;
     const auto framesOfUs = [this](std::uint64_t us) {
         return static_cast<std::int64_t>(us) * m_format.RateHz / 1'000'000;

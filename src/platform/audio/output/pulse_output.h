@@ -34,14 +34,14 @@ public:
     [[nodiscard]] std::optional<std::int64_t> DueUs() const override;
     void Poll(std::int64_t nowUs) override;
 
-    /// Ends a rest that has been long enough.
+    /// Disconnects a resting stream that nobody took in time, or that the server ended.
     void PollRest(std::int64_t nowUs);
     /// When that is; nothing if no stream rests.
     [[nodiscard]] std::optional<std::int64_t> RestDueUs() const { return m_restUntilUs; }
 
 private:
-    /// What the server last said about the place in the stream; frames are counted from its
-    /// creation.
+    /// What the server last said about the place in the stream; frames are counted from the
+    /// stream's creation.
     struct Timing {
         bool Known = false;
         bool Running = false; ///< The sound was moving then.
@@ -68,13 +68,13 @@ private:
     std::int64_t m_openLimitUs = 0;
     bool m_tooSlow = false;
     bool m_held = false;
-    bool m_uncorkAtWrite = false;
-    std::int64_t m_base = 0; ///< The stream's number of our frame 0.
-    bool m_baseKnown = true;
+    bool m_uncorkAtWrite = false; ///< After a drop: the first samples let the sound go on.
+    std::int64_t m_base = 0;      ///< Our frame 0 as the stream counts, from its creation on.
+    bool m_baseKnown = true;      ///< False until the server has told it after a drop.
     std::int64_t m_written = 0;
     std::int64_t m_heard = 0;
     Timing m_timing;
-    std::deque<bool>
-        m_asked; ///< For each answer that is due: whether it tells the base after a drop.
+    /// For each answer that is still to come: whether it tells `m_base`.
+    std::deque<bool> m_asked;
     std::int64_t m_askAtUs = 0;
 };

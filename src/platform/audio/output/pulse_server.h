@@ -14,7 +14,7 @@ class PulseServer {
 public:
     enum class State { Idle, Connecting, Ready, Failed };
 
-    /// `address` as libpulse takes it; empty for the user's own server. Connects nowhere yet.
+    /// `address` as libpulse takes it; empty for the user's own server. Doesn't connect yet.
     PulseServer(pa_mainloop* loop, std::string address);
     ~PulseServer();
     PulseServer(const PulseServer&) = delete;
@@ -22,7 +22,7 @@ public:
 
     /// Begins to connect, unless that is going on or done.
     void Connect(std::int64_t nowUs);
-    /// Gives a connection up that takes too long.
+    /// Gives up a connection that takes too long.
     void Poll(std::int64_t nowUs);
     [[nodiscard]] State Current() const;
     [[nodiscard]] pa_context* Context() const { return m_context; }

@@ -10,12 +10,12 @@
 
 enum class OutputState {
     Closed,
-    Opening, ///< Asked for; takes nothing yet.
+    Opening, ///< Asked for; takes no samples yet.
     Running,
-    Lost ///< Ended from outside, or never came about.
+    Lost ///< The server ended it, refused it or took too long. `Close` is still to be called.
 };
 
-/// How much is queued ahead of what is heard.
+/// How much of a track is queued ahead of what is heard.
 constexpr int kAheadMs = 3000;
 
 /// One stream of sound. All calls come from the player's thread, return at once, and are given the
@@ -31,7 +31,7 @@ public:
     virtual void Close(std::int64_t nowUs) = 0;
     [[nodiscard]] virtual OutputState State() const = 0;
 
-    /// Whether a person could hear it.
+    /// Whether it can be heard, which the clock can't.
     [[nodiscard]] virtual bool Sounds() const = 0;
 
     /// How many frames `Write` should be given now.
@@ -42,7 +42,7 @@ public:
     /// heard meanwhile stays so.
     virtual void Rewrite(std::span<const std::int16_t> samples) = 0;
 
-    /// Silence at once with everything kept, or on from the same place.
+    /// True: silence at once, and nothing is lost. False: goes on from the same place.
     virtual void Hold(bool held, std::int64_t nowUs) = 0;
     /// Forgets what is queued; the next frame written is heard next, and is frame 0.
     virtual void Drop(std::int64_t nowUs) = 0;
@@ -54,7 +54,8 @@ public:
     /// yet.
     [[nodiscard]] virtual double Pace() const = 0;
 
-    /// When the output wants the next call of any kind by itself, beside what the server sends.
+    /// When `Poll` is to be called, and the queue filled up, although the server has sent nothing.
     [[nodiscard]] virtual std::optional<std::int64_t> DueUs() const = 0;
+    /// Does what is due. May be called at any time.
     virtual void Poll(std::int64_t nowUs) = 0;
 };

@@ -5,20 +5,20 @@
 #include <cstdint>
 #include <span>
 
-/// Factors are 16 bits behind the point: `kFull` is the sample as it was.
+/// Factors are fixed-point numbers with 16 bits behind the point: `kFull` leaves a sample as it is.
 class VolumeRamp {
 public:
     static constexpr std::int32_t kFull = 65536;
 
-    /// The factor for an amplitude in percent; 0 to 100, others are clamped.
+    /// The factor for an amplitude in percent, 0 to 100; other values are clamped.
     [[nodiscard]] static std::int32_t FactorOf(int percent);
 
     /// `factor` everywhere.
     void Set(std::int32_t factor);
-    /// From `atFrame` on the factor goes over to `factor` within `overFrames`, beginning at what it
-    /// was there. What lies before stays.
+    /// From `atFrame` on the factor goes from what it was there to `factor`, within `overFrames`.
+    /// Frames before `atFrame` must not be asked for any more.
     void Change(std::int64_t atFrame, std::int32_t factor, std::int64_t overFrames);
-    /// As if the change had been made long ago.
+    /// The last change is over: its factor everywhere.
     void Settle() { Set(m_to); }
 
     [[nodiscard]] std::int32_t At(std::int64_t frame) const;

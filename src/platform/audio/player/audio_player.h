@@ -21,27 +21,27 @@ struct AudioSettings {
     double ClockSpeed = 1; ///< How much faster than real time the silent clock runs.
 };
 
-/// Every operation leaves a note for the player's own thread and returns; no file and no server is
-/// ever touched by the caller. Events come back through `Loop::Post`, one in each posted task.
+/// Every operation leaves a command for the player's own thread and returns; the caller never
+/// touches a file or a server. Events come back through the loop, one in each task.
 class AudioPlayer : public Player {
 public:
-    /// Starts no thread and opens nothing. `loop` and the ring that `Ring` gives outlive what is
-    /// told here.
+    /// Starts no thread and opens nothing. `loop` must stay as long as the player.
     explicit AudioPlayer(Loop& loop, AudioSettings settings = {});
-    /// Ends the sound. Waits for the player's own thread, which never waits itself, but for no
-    /// reader of a file; must not run while `loop` runs one of this player's tasks.
+    /// Ends the sound. Waits for the player's own thread, which ends within moments, and for no
+    /// thread that reads a file. Must not run inside one of this player's events.
     ~AudioPlayer() override;
     AudioPlayer(const AudioPlayer&) = delete;
     AudioPlayer& operator=(const AudioPlayer&) = delete;
 
-    /// Who is told; until then events are dropped. `events` must stay as long as the player.
+    /// Who is told of events; without anybody they are dropped. `events` must stay as long as the
+    /// player.
     void Attach(PlayerEvents& events);
 
     /// Begins the connection to the sound server, so that it stands when the first track comes.
     /// Optional; returns at once.
     void Prepare();
 
-    /// Where the player puts the samples for the scope.
+    /// Where the player puts the samples for the scope. Stays as long as the player.
     [[nodiscard]] SampleRing& Ring() { return *m_ring; }
 
     /// Whether the window and the scope in it can be seen. For a window that can't, positions come

@@ -69,7 +69,7 @@ std::optional<Long> EventRelay::TakeDueFrame(std::optional<std::int64_t>& nextUs
         return waiting.Stamp.Track != m_expected.Track ||
                waiting.Stamp.Command != m_expected.Command;
     });
-    // Of several that are due only the last can still be heard.
+    // Of several that are due only the last is still of use.
     std::optional<Long> due;
     const std::int64_t nowUs = NowUs();
     while (!m_frames.empty() && m_frames.front().AtUs <= nowUs + kEarlyUs) {

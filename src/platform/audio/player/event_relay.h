@@ -28,7 +28,7 @@ struct PositionEvent {
 };
 using PlayerEvent = std::variant<TagEvent, StreamEvent, LengthEvent, PositionEvent>;
 
-/// Which commands an event has seen: the number of its track, and of the last pause or seek.
+/// How old an event is: the number of its track, and of the last pause or seek before it.
 struct EventStamp {
     int Track = 0;
     int Command = 0;
@@ -43,18 +43,20 @@ public:
 
     // The player's thread.
 
-    /// A position that still waits to be delivered is replaced by a newer one.
+    /// Leaves an event for the loop and returns. A position that still waits is replaced by a newer
+    /// one.
     void Raise(const EventStamp& stamp, PlayerEvent event);
 
     /// Frame number `frame` of the scope, to be shown when the clock (`NowUs`) comes to `atUs`.
-    /// They are given some time ahead, in the order of their moments, so that showing one doesn't
-    /// take the player's thread.
+    /// Frames come some time ahead, in the order of their moments, so that the player's thread
+    /// needn't wake up for each.
     void RaiseFrame(const EventStamp& stamp, Long frame, std::int64_t atUs);
 
     // The loop's thread.
 
+    /// Who is told from now on; null: nobody.
     void Attach(PlayerEvents* events) { m_events = events; }
-    /// What is wanted from now on.
+    /// Which events are delivered from now on; others are dropped.
     void Expect(const EventStamp& stamp) { m_expected = stamp; }
     [[nodiscard]] const EventStamp& Expected() const { return m_expected; }
 
@@ -81,6 +83,6 @@ private:
     std::mutex m_mutex;
     std::deque<Waiting> m_waiting;
     std::deque<WaitingFrame> m_frames;
-    bool m_framesRun =
-        false; ///< A task is on its way that delivers frames and sees to the next one.
+    /// Whether a task is on its way that delivers frames, and leads to the next such task.
+    bool m_framesRun = false;
 };

@@ -8,8 +8,8 @@
 #include "platform/scope.h"
 
 /// Works out the spectrum of the frames that the player puts into the ring and keeps `bars` at what
-/// the window layer should draw. Bars rise at once and fall slowly; a peak stays for a moment and
-/// drops.
+/// the window layer should draw. Bars rise at once and fall slowly; a peak stays for a moment
+/// before it falls.
 class AudioScope : public Scope {
 public:
     /// Both outlive the scope. `bars` is written by `ShowVisData` alone.

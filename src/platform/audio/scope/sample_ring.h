@@ -1,4 +1,4 @@
-// What the player lets be heard, handed on to the scope: a few frames of samples, known by number.
+// How the samples that are heard come from the player to the scope: as frames with a number.
 #pragma once
 
 #include <array>
@@ -8,13 +8,13 @@
 
 #include "platform/numbers.h"
 
-/// A piece of the sound around the moment that is heard, mixed down to one channel, before the
-/// volume.
+/// The sound around one moment: mixed down to one channel, and as the file has it, whatever the
+/// volume is.
 struct SampleFrame {
     static constexpr int kCount = 2048;
-    std::array<float, kCount> Samples{}; ///< -1 to 1; the moment that is heard is in the middle.
+    std::array<float, kCount> Samples{}; ///< -1 to 1; the moment is in the middle.
     int RateHz = 44100;
-    std::int64_t AtMs = 0; ///< When it was heard, on a clock that never jumps.
+    std::int64_t AtMs = 0; ///< The moment when it is heard, by a clock that never jumps.
 };
 
 /// Shared by the player's thread, which puts frames in, and the scope on the loop's. Any thread may
@@ -26,7 +26,7 @@ public:
     void SetVisibility(bool visible) { m_visible.store(visible, std::memory_order_relaxed); }
     [[nodiscard]] bool IsVisible() const { return m_visible.load(std::memory_order_relaxed); }
 
-    /// Keeps a copy of `frame` in the place of the oldest one and gives its number, from 1 on.
+    /// Keeps a copy of `frame`, in the place of the oldest one, and returns its number, from 1 on.
     Long Put(const SampleFrame& frame);
 
     /// Copies frame `number` into `frame`. False, and `frame` as it was, if the ring doesn't hold
@@ -34,7 +34,8 @@ public:
     [[nodiscard]] bool Take(Long number, SampleFrame& frame) const;
 
 private:
-    /// Those that are given ahead, and some that are being drawn.
+    /// Twice as many as wait for their moment at a time, so that none is overwritten before it is
+    /// drawn.
     static constexpr std::size_t kSlots = 16;
 
     std::atomic<bool> m_visible{false};
