@@ -15,7 +15,7 @@ public:
     [[nodiscard]] bool IsAt(std::int64_t frame) const { return m_length && frame >= *m_length; }
 
     /// The end has come. Until `closeAtUs` the output may still play what it holds.
-    void Come(std::int64_t closeAtUs) {
+    void Reach(std::int64_t closeAtUs) {
         m_closeAtUs = closeAtUs;
         m_told = false;
     }

@@ -183,7 +183,7 @@ void TrackPlayer::NoticeEnd(std::int64_t nowUs) {
 
 void TrackPlayer::ReachEnd(std::int64_t closeAtUs) {
     m_track.Stage = TrackStage::Ended;
-    m_track.End.Come(closeAtUs);
+    m_track.End.Reach(closeAtUs);
 }
 
 void TrackPlayer::TellEnd() {

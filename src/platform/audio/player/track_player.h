@@ -15,8 +15,8 @@
 #include "platform/audio/player/track_state.h"
 
 /// Belongs to the player's thread; the time comes from outside, in microseconds. After each command
-/// and whenever anything happened `Pump` is called, and again when `DueUs` says. Commands without a
-/// track do nothing, but that the volume and the visibility stay.
+/// and whenever anything happened `Pump` is called, and again when `DueUs` says. Without a track,
+/// pause and seek do nothing; volume and visibility always stay for the next track.
 class TrackPlayer {
 public:
     /// All of them must stay as long as the player.
