@@ -13,8 +13,6 @@ struct TrackTags {
     Text Year;
     Text Comment;
     Text Genre; ///< The text of an ID3v2 tag, or the number of an ID3v1 tag in decimal.
-
-    bool operator==(const TrackTags&) const = default;
 };
 
 /// The tags that the decoder has met so far: ID3v2 before ID3v1, field by field. Of two ID3v2 texts

@@ -34,12 +34,14 @@ public:
     void Hold(bool held, std::int64_t nowUs);
     /// `Closed` if there is no output.
     [[nodiscard]] OutputState State() const;
-    /// Whether a person may have heard the track, so that only a real output can follow this one.
+    /// Whether samples of this track went to an output that can be heard: then only such an output
+    /// can follow.
     [[nodiscard]] bool WasAudible() const { return m_wasAudible; }
     /// When the output wants the next `Poll`.
     [[nodiscard]] std::optional<std::int64_t> DueUs() const;
 
     /// Sends what the output has room for, and takes samples out of `session` as they are needed.
+    /// Only while an output is open.
     void Feed(TrackSession& session, std::int64_t nowUs);
     /// In percent. What was sent and isn't heard yet is sent once more.
     void SetVolume(int percent, std::int64_t nowUs);
