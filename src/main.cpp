@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/audio/audio_player.h"
-#include "platform/audio/audio_scope.h"
-#include "platform/audio/click_sound.h"
+#include "platform/audio/click/click_sound.h"
+#include "platform/audio/player/audio_player.h"
+#include "platform/audio/scope/audio_scope.h"
 #include "platform/program_places.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_icon.h"
@@ -109,7 +109,7 @@ int main(int count, char** arguments) {
     system.Attach(window);
     player.Attach(playerHandlers);
     window.Attach(velora.frmMain, formHandlers,
-                  [&](bool seen, bool scopeSeen) { player.SetSight(seen, scopeSeen); });
+                  [&](bool visible, bool scope) { player.SetVisibility(visible, scope); });
     loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
     LetScreenReadersIn(window, loop, velora, formHandlers);
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;

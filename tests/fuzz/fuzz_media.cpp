@@ -5,7 +5,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "platform/audio/mpeg_decoder.h"
+#include "platform/audio/decode/mpeg_decoder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const FileHandle file(memfd_create("media", MFD_CLOEXEC));

@@ -1,4 +1,4 @@
-// An eventfd: cheaper than a pipe, and it never fills up.
+// An eventfd: cheaper than a pipe, and however often it is rung, it never fills up.
 #include "platform/audio/bell.h"
 
 #include <cstdint>

@@ -1,7 +1,8 @@
-// Wakes the player's thread out of its sleep.
+// What ends the sleep of the player's thread.
 #pragma once
 
-/// A counter in the kernel that a loop can poll. Rung before the sleep begins it isn't lost.
+/// A counter in the kernel that a loop polls. If it was rung before a sleep begins, that sleep ends
+/// at once.
 class Bell {
 public:
     Bell();
@@ -11,9 +12,9 @@ public:
 
     /// May be called by any thread.
     void Ring();
-    /// Takes back all rings so far.
+    /// Silent again, however often it was rung.
     void Clear();
-    /// Readable while it rings; -1 if the system gave none.
+    /// For the loop to poll: there is something to read while it rings. -1 if the system gave none.
     [[nodiscard]] int Descriptor() const { return m_descriptor; }
 
 private:

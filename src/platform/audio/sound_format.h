@@ -1,4 +1,4 @@
-// The one kind of sound that goes from the decoder to the output: 16 bits, interleaved.
+// The kind of sound that goes from the decoder to the output: 16 bits, interleaved.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// A thread inherits the signal mask of its starter, so the mask is closed just around the start.
+// A thread inherits the signal mask of the one that starts it, so all signals are blocked just
+// around the start.
 #include "platform/audio/worker_thread.h"
 
 #include <csignal>

@@ -7,8 +7,8 @@
 #include <sys/stat.h>
 #include <thread>
 
+#include "platform/audio/decode/track_session.h"
 #include "platform/audio/player_fixture.h"
-#include "platform/audio/track_session.h"
 #include "platform/paths.h"
 
 namespace {
@@ -55,7 +55,7 @@ TEST_F(AudioPlayerTest, WhatCanNotBePlayedTellsNothingAndTheNextOnePlays) {
 
 TEST_F(AudioPlayerTest, EachCommandReachesTheTrack) {
     Make(5);
-    m_player->SetSight(false, true);
+    m_player->SetVisibility(false, true);
     Start(Song("song.mp3", 40000, "-b 32"));
     // Unseen, the place is told once or twice a second, which is five of the track's here.
     ASSERT_TRUE(UntilPlace(5000));
@@ -63,7 +63,7 @@ TEST_F(AudioPlayerTest, EachCommandReachesTheTrack) {
     EXPECT_FALSE(m_log.Frames.empty());
     // The file itself isn't needed any more.
     std::filesystem::remove(m_media.Directory() + "/song.mp3");
-    m_player->SetSight(true, false);
+    m_player->SetVisibility(true, false);
     ASSERT_TRUE(Until([&] {
         const std::size_t count = m_log.Positions.size();
         return count > 2 && m_log.Positions[count - 1] - m_log.Positions[count - 2] < 3000;
@@ -85,7 +85,7 @@ TEST_F(AudioPlayerTest, EachCommandReachesTheTrack) {
 
 TEST_F(AudioPlayerTest, AStopDropsEventsThatAreAlreadyPosted) {
     Make(5);
-    m_player->SetSight(true, true);
+    m_player->SetVisibility(true, true);
     Start(Song("song.mp3", 2000));
     // The facts are told before the first sound.
     SampleFrame frame;

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "platform/audio/click_sound.h"
+#include "platform/audio/click/click_sound.h"
+#include "platform/audio/click/sound_file.h"
 #include "platform/audio/media_maker.h"
-#include "platform/audio/sound_file.h"
 #include "platform/paths.h"
 #include "support/pulse_server.h"
 

@@ -7,7 +7,7 @@
 #include <sndfile.h>
 #include <unistd.h>
 
-#include "platform/audio/mpeg_decoder.h"
+#include "platform/audio/decode/mpeg_decoder.h"
 
 void WriteWave(const std::string& path, int rateHz, int channels, const Samples16& samples) {
     SF_INFO info{};

@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
+#include "platform/audio/decode/track_reader.h"
 #include "platform/audio/media_maker.h"
-#include "platform/audio/track_reader.h"
 
 namespace {
 

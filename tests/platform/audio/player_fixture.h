@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "platform/audio/audio_player.h"
 #include "platform/audio/media_maker.h"
+#include "platform/audio/player/audio_player.h"
 #include "platform/null/null_loop.h"
 #include "platform/text.h"
 

@@ -1,8 +1,8 @@
 // The player on a real sound server, recorded behind the sink and compared with the decoded file.
 #include <algorithm>
 
+#include "platform/audio/output/volume_ramp.h"
 #include "platform/audio/player_fixture.h"
-#include "platform/audio/volume_ramp.h"
 #include "support/pulse_server.h"
 
 using RealSoundTest = PlayerTest;

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <numbers>
 
-#include "platform/audio/audio_scope.h"
+#include "platform/audio/scope/audio_scope.h"
 
 namespace {
 
