@@ -58,9 +58,9 @@ TEST(Buttons, PlayAndStop) {
         {"stopped: asks for a file without a click; cancelled, all is as it was", "",
          "picPlay +L -L", ask},
         {"stopped: starts that file, not the list", "", "picPlay file:\\music\\new.mp2 +L -L",
-         "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, Playing, "
-         "track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, title new ... , "
-         "scope on, scroll on"},
+         "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, "
+         "Playing, track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, "
+         "title new ... , scope on, scroll on"},
         {"playing: a drag-off is final", "track:1", "picPlay +L | off | in | -L",
          "picPlay picStop2, held by picPlay | picPlay picStop1 |  | free"},
         {"playing: stops without a click", "track:1", "picPlay +L -L", stops},
@@ -83,15 +83,15 @@ TEST(Buttons, OthersInOtherStates) {
         {"pause, stopped: only clicks", "", "picPause +L -L", "click, over picPause1"},
         {"forward, paused: shift is a plain step, which plays", "track:2 picPause +L -L",
          "picForward shift +R -R",
-         "Stop, Stop, TrackFile 3_x.mp3, Play, Playing, track 3, status Playing, title 3_x ... , scope on, "
-         "460 ms"},
+         "Stop, Stop, TrackFile 3_x.mp3, Play, Playing, track 3, status Playing, title 3_x ... , "
+         "scope on, 460 ms"},
         {"eject starts the file, here one that the list has", "track:1",
          "picEject file:\\music\\2_X.MP3 +L -L",
          ask + ", Stop, TrackFile 2_x.mp3, Play, track 2, in \\music, title 2_x ... "},
         {"eject with a key asks for a playlist and for its name", "",
          "picEject ctrl file:\\lists\\l.m3u +L -L",
-         "click, over picEject1, ChooseFile Select Playlist ..., InputBox Velora: Name of playlist:, in "
-         "\\lists"},
+         "click, over picEject1, ChooseFile Select Playlist ..., InputBox Velora: Name of "
+         "playlist:, in \\lists"},
         {"with shift, too; that dialog takes the mouse from a button that is still held", "",
          "picEject +L +R shift -L | -R",
          "click, over picEject1, ChooseFile Select Playlist ... | "},
@@ -112,9 +112,9 @@ TEST(Seeking, Gestures) {
          "picForward picForeward1, free, click, Seek 30, Playing, blink forward off | 2000 ms"},
         {"backward, by any mouse button; each gesture begins at zero", "track:1 untitled",
          "picBackward shift +R 1.8s | -R | +R 0.8s -R",
-         "picBackward hidden picBackward1, held by picBackward, SeekingBackward, seek -40, "
-         "blink backward on, 1800 ms | picBackward picBackward1, free, Seek -40, Playing, blink backward off | "
-         "Seek -20, seek -20, 800 ms"},
+         "picBackward hidden picBackward1, held by picBackward, SeekingBackward, seek -40, blink "
+         "backward on, 1800 ms | picBackward picBackward1, free, Seek -40, Playing, blink backward "
+         "off | Seek -20, seek -20, 800 ms"},
         {"too short, dragged off, shift let go: no click, but the seek", "track:1",
          "picForward shift +L off shift -L", "Seek 0"},
         {"a step that leaves the range of an Integer is skipped", "track:1 untitled",

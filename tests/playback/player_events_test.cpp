@@ -10,9 +10,10 @@ TEST(PlayerReports, InEachState) {
          "caption ..:: moon - tide 20% ::.. velora , status Playing 20% | "},
         {"the end, and the next track, which clears nothing of what was told",
          "track:1 tags length:900 at:450", "at:900 | track:1 at:450",
-         "picPlay picPlay1, Stopped, caption ..:: velora-pro.team qu><llo ::.., status Ready, title , "
-         "lights 0, scope off, 260 ms | picPlay picStop1, Stop, TrackFile 1_x.mp3, Play, Playing, "
-         "caption ..:: moon - tide 50% ::.. velora , status Playing 50%, title 1_x ... , lights 6, scope on"},
+         "picPlay picPlay1, Stopped, caption ..:: velora-pro.team qu><llo ::.., status Ready, "
+         "title , lights 0, scope off, 260 ms | picPlay picStop1, Stop, TrackFile 1_x.mp3, Play, "
+         "Playing, caption ..:: moon - tide 50% ::.. velora , status Playing 50%, title 1_x ... , "
+         "lights 6, scope on"},
         {"stopped: only the scope hears", "length:1000", "at:410 at:1000 bars:7",
          "Scope.ShowVisData 7"},
         {"seeking: only the scope hears, so an end goes unnoticed",
@@ -21,7 +22,7 @@ TEST(PlayerReports, InEachState) {
          "at:1000", "picPlay picPlay1, Stopped, status Ready, title , scope off, 260 ms"},
         {"a track can end while a dialog is open", "track:1 length:1000 picEject later:at:1000 +L",
          "-L",
-         "picPlay picPlay1, picEject picEject1, free, click, over picEject1, ChooseFile Select Media ..., "
-         "Stopped, status Ready, title , scope off, 260 ms"},
+         "picPlay picPlay1, picEject picEject1, free, click, over picEject1, ChooseFile Select "
+         "Media ..., Stopped, status Ready, title , scope off, 260 ms"},
     });
 }

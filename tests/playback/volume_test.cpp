@@ -9,9 +9,9 @@ TEST(Volume, Drags) {
     ExpectUses({
         {"each step sends its percentage and shows its picture", "",
          "picVolume 5,85 +L | 5,15 | 5,85",
-         "held by picVolume | picVolume step 7, SetVolume 30, SetVolume 40, SetVolume 60, SetVolume 70, "
-         "SetVolume 90, SetVolume 100, volume 7 | picVolume step 1, SetVolume 90, SetVolume 70, "
-         "SetVolume 60, SetVolume 40, SetVolume 30, SetVolume 0, volume 1"},
+         "held by picVolume | picVolume step 7, SetVolume 30, SetVolume 40, SetVolume 60, "
+         "SetVolume 70, SetVolume 90, SetVolume 100, volume 7 | picVolume step 1, SetVolume 90, "
+         "SetVolume 70, SetVolume 60, SetVolume 40, SetVolume 30, SetVolume 0, volume 1"},
         {"a pixel beside a step doesn't count", "picVolume 5,75 +L", "5,71", ""},
         {"a step that is no neighbour doesn't count", "picVolume 5,65 +L", "5,15", ""},
         {"only the left button alone counts", "",

@@ -14,14 +14,16 @@ namespace {
 // its handler.
 constexpr const char* kAlways =
     R"(0.02s 0.1s 0.3s 1s later later later tags stream bars:3 length:1000
-    length:30000 length:0 at:0 at:300 at:400 at:950 at:1000 lost restored file:\music\a.mp3 file:\music\b.mp1
-    file:\music\c.wav file:\music\d.txt file: input:Name menu: menu:mnuMinimize menu:mnuRunPressdeck)";
+    length:30000 length:0 at:0 at:300 at:400 at:950 at:1000 lost restored file:\music\a.mp3
+    file:\music\b.mp1 file:\music\c.wav file:\music\d.txt file: input:Name menu: menu:mnuMinimize
+    menu:mnuRunPressdeck)";
 
 // What the hand does, which a dialog, the menu or a move keeps away from the form.
 constexpr const char* kHand =
     R"(picPlay picPlay picPause picBackward picBackward picForward picForward
-    picPlaylist picPlaylist picEject picEject picVolume VFmp3scope1 lblFilescroll beside off in in =5,60 -7,3
-    5,70 5,1 =5,10 +L +L +L +L +L +L -L -L -L -L -L -L +R +R -R -R +M -M +S -S shift shift ctrl)";
+    picPlaylist picPlaylist picEject picEject picVolume VFmp3scope1 lblFilescroll beside off in in
+    =5,60 -7,3 5,70 5,1 =5,10 +L +L +L +L +L +L -L -L -L -L -L -L +R +R -R -R +M -M +S -S shift
+    shift ctrl)";
 
 std::vector<std::string> WordsOf(const std::string& text) {
     std::istringstream words(text);

@@ -55,9 +55,9 @@ struct Layers : VeloraTest {
 TEST_F(Layers, AreDrawnFromBackToFront) {
     EXPECT_EQ(
         Figures(),
-        "picBackground 5,7-325,207 ground  0 0 0 02; lblFilescroll 165,107-245,122 title 9 80ffff 0 "
-        "12; lblStatusLabel 105,107-185,122 Ready 11 80ffff 0 12; shpPercent 293,37-298,42  0 ff 0 "
-        "22; shpPercent 293,87-298,92  0 ffff 22 23; shpPercent 105,71-110,76  0 ffff 0 22; "
+        "picBackground 5,7-325,207 ground  0 0 0 02; lblFilescroll 165,107-245,122 title 9 80ffff "
+        "0 12; lblStatusLabel 105,107-185,122 Ready 11 80ffff 0 12; shpPercent 293,37-298,42  0 ff "
+        "0 22; shpPercent 293,87-298,92  0 ffff 22 23; shpPercent 105,71-110,76  0 ffff 0 22; "
         "shpPercent 293,71-298,76  0 ffff 0 22; shpPercent 293,71-298,76  0 0 0 22; VFmp3scope1 "
         "305,107-355,157  0 0 0 32; picPlaylist 175,17-205,37 picture  0 0 0 02; picForward "
         "135,17-165,37 picture  0 0 0 02; picBackward 95,17-125,37 picture  0 0 0 02; picPause "
@@ -79,10 +79,10 @@ TEST_F(Layers, TheFrontmostInsideTheSurfaceTakesTheMouse) {
         const Control* control = ControlAt(form, x, y);
         names += Joined(control ? control->Name : "form", " ");
     }
-    EXPECT_EQ(
-        names,
-        "form form form form picBackground picBackground picBackground picBackground picPlay picPlay "
-        "picPause picPause picEject picVolume VFmp3scope1 VFmp3scope1 lblStatusLabel lblFilescroll ");
+    EXPECT_EQ(names,
+              "form form form form picBackground picBackground picBackground picBackground picPlay "
+              "picPlay picPause picPause picEject picVolume VFmp3scope1 VFmp3scope1 lblStatusLabel "
+              "lblFilescroll ");
     form.picBackground.Visible = false;
     EXPECT_EQ(ControlAt(form, 15, 17), nullptr);
 }
@@ -125,9 +125,9 @@ TEST_F(Layers, AChangeDamagesItsOldAndItsNewPlace) {
          "293,71-298,76 305,107-325,157 "},
         {"bars that nobody sees", [](Form& f) { f.VFmp3scope1.Bars.Level[3] = 0.7F; }, ""},
         {"a smaller surface", [](Form& f) { f.picBackground.Width = 90; },
-         "5,7-325,207 5,7-95,207 165,107-245,122 105,107-185,122 293,37-298,42 293,87-298,92 105,71-110,76 "
-         "293,71-298,76 175,17-205,37 135,17-165,37 95,17-125,37 30,23-60,43 30,23-60,43 55,17-85,37 "
-         "55,17-85,37 "},
+         "5,7-325,207 5,7-95,207 165,107-245,122 105,107-185,122 293,37-298,42 293,87-298,92 "
+         "105,71-110,76 293,71-298,76 175,17-205,37 135,17-165,37 95,17-125,37 30,23-60,43 "
+         "30,23-60,43 55,17-85,37 55,17-85,37 "},
         {"no surface", [](Form& f) { f.picBackground.Visible = false; },
          "5,7-95,207 30,23-60,43 55,17-85,37 "},
     };
@@ -155,11 +155,12 @@ TEST_F(Layers, EachSpeaksAndTheLightsAreOneBar) {
     EXPECT_EQ(
         text,
         "picVolume 1 Volume ..:: wave volume 3 of 7 at 15,57-35,157; picPlay 0 Play  0 of 0 at "
-        "15,17-45,37; picPause 0 Pause  0 of 0 at 30,22-60,42; picBackward 0 Previous ..:: backward "
-        "in 0 of 0 at 95,17-125,37; picForward 0 Next ..:: forward tra 0 of 0 at 135,17-165,37; "
-        "picPlaylist 0 Playlist  0 of 0 at 175,17-205,37; picEject 0 Open ..:: select file 0 of 0 at "
-        "215,17-245,37; shpPercent 2 Progress  3 of 13 at 105,37-298,92; lblStatusLabel 3 Ready  0 "
-        "of 0 at 105,107-185,122; lblFilescroll 3 Title  0 of 0 at 165,107-245,122; ");
+        "15,17-45,37; picPause 0 Pause  0 of 0 at 30,22-60,42; picBackward 0 Previous ..:: "
+        "backward in 0 of 0 at 95,17-125,37; picForward 0 Next ..:: forward tra 0 of 0 at "
+        "135,17-165,37; picPlaylist 0 Playlist  0 of 0 at 175,17-205,37; picEject 0 Open ..:: "
+        "select file 0 of 0 at 215,17-245,37; shpPercent 2 Progress  3 of 13 at 105,37-298,92; "
+        "lblStatusLabel 3 Ready  0 of 0 at 105,107-185,122; lblFilescroll 3 Title  0 of 0 at "
+        "165,107-245,122; ");
     form.picBackground.Visible = false;
     EXPECT_TRUE(SpokenControls(velora).empty());
 }

@@ -242,9 +242,9 @@ TEST_P(TransportTest, GoesAsItsRowSays) {
 const Row kRows[] = {
     {"TellsTagStreamLengthPlacesAndOnceItsEnd",
      "details due start due pump title kbps=0 frames=1300 length=1300 facts run=9000 due",
-     "@0 due=never dial due=never open=Moon buffer/-1/24000/4/8000/-1 tag=Moon/Sun/Sky/1999/None/Folk "
-     "stream=0/2000/2 length=650 @40 ask @200 ask p200 @400 p400 @600 p600 @651 p650 @1151 cork flush "
-     "ask @6151 leave free @9000 due=never"},
+     "@0 due=never dial due=never open=Moon buffer/-1/24000/4/8000/-1 "
+     "tag=Moon/Sun/Sky/1999/None/Folk stream=0/2000/2 length=650 @40 ask @200 ask p200 @400 p400 "
+     "@600 p600 @651 p650 @1151 cork flush ask @6151 leave free @9000 due=never"},
     {"APauseHoldsThePlaceAndTellsNothing", "play=500 pause run=1000 due pause run=500",
      "@500 cork ask @1500 due=never uncork ask ask @1700 p700 @1900 p900"},
     {"ASeekToAPlaceThatWasJustToldTellsItAgain", "play=250 seek=-9 run=250",
@@ -254,8 +254,8 @@ const Row kRows[] = {
     {"SeeksAddUpWhileTheReaderLooks", "play=450 limit=0 seek=3 pump queued seek=2 pump due",
      "@450 find=6900 queued=6800 find=10900 due=4750000"},
     {"ASeekWhileHeldStaysHeldAndGoesOnFromThere", "play=500 pause seek=3 run=500 due pause run=300",
-     "@500 cork ask find=7000 cork flush ask w=7001..7700 @1000 due=never uncork ask @1040 ask @1200 ask "
-     "p3700"},
+     "@500 cork ask find=7000 cork flush ask w=7001..7700 @1000 due=never uncork ask @1040 ask "
+     "@1200 ask p3700"},
     {"ASeekToTheVeryEndEnds", "play=0 seek=10 run=100", "cork flush ask p10000"},
     {"AfterTheEndASeekOnAndAPauseTellTheEndAgain",
      "frames=1300 length=1300 play=700 seek=5 run=100 volume=50 pause run=100 pause run=100",
@@ -281,8 +281,8 @@ const Row kRows[] = {
     {"AServerThatRefusesLeavesTheSilentClock", "refuses start facts run=300",
      "@0 dial tag=///// stream=128/2000/2 length=10000 @200 p200"},
     {"AStreamThatNeverOpensIsGivenUpForTheSilentClock", "slow start facts run=2500",
-     "@0 dial tag=///// stream=128/2000/2 length=10000 open=file.mp3 @2000 leave free @2200 p200 @2400 "
-     "p400"},
+     "@0 dial tag=///// stream=128/2000/2 length=10000 open=file.mp3 @2000 leave free @2200 p200 "
+     "@2400 p400"},
     {"NeverMoreThanFourSecondsAreQueued", "room=100000 play=0 queued run=300 queued",
      "queued=8000 @40 ask @200 ask p200 @300 queued=8400"},
     {"OneFrameIsWorthWriting", "room=1 play=0 queued run=50 queued",
@@ -311,36 +311,38 @@ const Row kRows[] = {
      "play=100 sleep=170000 pump due sleep=310000 pump due",
      "@270 ask p270 due=130000 @580 p580 due=100000"},
     {"TheScopeIsGivenFramesAheadOfTheirMoments", "seen play=370 seen=0 run=250 seen=1 pump frames?",
-     "@396 vis=13 @400 p400 @429 vis=14 @462 vis=15 @495 vis=16 @528 vis=17 @561 vis=18 @594 vis=19 @600 "
-     "p600 @620 627:5136384 660:5406720 693:5677056 726:5947392 759:6217728 792:6488064 825:6758400 "
-     "858:7028736"},
+     "@396 vis=13 @400 p400 @429 vis=14 @462 vis=15 @495 vis=16 @528 vis=17 @561 vis=18 @594 "
+     "vis=19 @600 p600 @620 627:5136384 660:5406720 693:5677056 726:5947392 759:6217728 "
+     "792:6488064 825:6758400 858:7028736"},
     {"ABusyLoopIsToldTheFactsAndTheLastPlace", "busy play=900 busy=0 run=10",
      "@900 tag=///// stream=128/2000/2 length=10000 p800"},
     {"APlaceFromBeforeAPauseIsNotTold", "busy play=300 pause busy=0 pump",
      "@300 cork ask tag=///// stream=128/2000/2 length=10000"},
     {"NothingIsToldOfATrackThatIsGone", "busy play=300 start facts run=250 busy=0 pump",
-     "@300 cork flush ask quit name=file.mp3 cork flush ask uncork @340 ask @500 ask @550 tag=///// "
-     "stream=128/2000/2 length=10000 p200"},
+     "@300 cork flush ask quit name=file.mp3 cork flush ask uncork @340 ask @500 ask @550 "
+     "tag=///// stream=128/2000/2 length=10000 p200"},
     {"AFrameIsShownUpToAMillisecondEarly", "seen play=60 sleep=40500 pump run=60",
      "@100+ ask vis=4 @131+ vis=5"},
     {"TheScopeTakesOneChannelAsItIs", "clock=10 mono seen start facts run=333 frames?",
-     "@0 tag=///// stream=128/2000/1 length=10000 vis=1 @33 vis=2 @66 vis=3 @99 vis=4 @132 vis=5 @165 "
-     "vis=6 @198 vis=7 @200 p200 @231 vis=8 @264 vis=9 @297 vis=10 @330 vis=11 @333 66:1337492 "
-     "99:1494506 132:1660232 165:1834670 198:2017820 231:2209682 264:2410256 297:2619542 330:2837540 "
-     "363:3064250 396:3299672 429:3543806 462:3796652 495:4058210 528:4327424 561:4597760"},
+     "@0 tag=///// stream=128/2000/1 length=10000 vis=1 @33 vis=2 @66 vis=3 @99 vis=4 @132 vis=5 "
+     "@165 vis=6 @198 vis=7 @200 p200 @231 vis=8 @264 vis=9 @297 vis=10 @330 vis=11 @333 "
+     "66:1337492 99:1494506 132:1660232 165:1834670 198:2017820 231:2209682 264:2410256 "
+     "297:2619542 330:2837540 363:3064250 396:3299672 429:3543806 462:3796652 495:4058210 "
+     "528:4327424 561:4597760"},
     {"AfterASeekTheScopeSeesNothingElse",
      "seen play=100 seek=3 run=40 frames? limit=6900 seek=0 run=20 frames?",
      "find=6200 cork flush ask w=6201..6900 uncork @132 vis=12 @133 vis=13 @140 100:13746176 "
      "133:13746176 ask find=6200 cork flush ask w=6201..6900 uncork vis=14 @160 140:9170000"},
     {"AfterAPauseTheScopeGoesOnAtOnce", "seen play=100 pause run=100 due pause run=20 frames?",
-     "cork ask @200 due=never uncork ask vis=12 ask @220 200:1498176 233:1664100 266:1838736 299:2022084 "
-     "332:2214144 365:2414916 398:2624400 431:2842596"},
+     "cork ask @200 due=never uncork ask vis=12 ask @220 200:1498176 233:1664100 266:1838736 "
+     "299:2022084 332:2214144 365:2414916 398:2624400 431:2842596"},
     {"TheNextTracksScopeBeginsAtOnce", "seen play=100 start facts run=10 frames?",
-     "cork flush ask quit name=file.mp3 cork flush ask tag=///// stream=128/2000/2 length=10000 uncork "
-     "@110 100:0"},
+     "cork flush ask quit name=file.mp3 cork flush ask tag=///// stream=128/2000/2 length=10000 "
+     "uncork @110 100:0"},
     {"WhatIsNotDecodedYetWaitsForItsMoment", "limit=1400 seen start facts run=150 frames?",
-     "@0 dial tag=///// stream=128/2000/2 length=10000 open=file.mp3 vis=1 @33 vis=2 @40 ask @66 vis=3 "
-     "@99 ask vis=4 @132 vis=5 @150 0:1048576 33:1048576 66:1336336 99:1493284 132:1658944 165:1833316"},
+     "@0 dial tag=///// stream=128/2000/2 length=10000 open=file.mp3 vis=1 @33 vis=2 @40 ask @66 "
+     "vis=3 @99 ask vis=4 @132 vis=5 @150 0:1048576 33:1048576 66:1336336 99:1493284 132:1658944 "
+     "165:1833316"},
     {"AtTheSilentClockTimeStandsWhileHeld",
      "clock=10 play=300 pause run=100 due pause run=300 seek=2 run=300",
      "@400 due=never @600 p500 @700 find=5200 @900 p2800"},
@@ -364,24 +366,26 @@ const Row kRows[] = {
      "@300 ask @400 p300 @800 ask @1000 ask p500 @1200 p700"},
     {"AnswersFromBeforeASeekDoNotCount",
      "play=300 mute seek=3 run=300 seek=1 run=300 mute=0 run=300",
-     "@300 find=6600 cork flush ask w=6601..7300 uncork @340 ask @500 p3300 @540 ask @600 find=8600 cork "
-     "flush ask w=8601..9300 uncork @640 ask @800 p4300 @840 ask @900 ask @1000 p4700"},
+     "@300 find=6600 cork flush ask w=6601..7300 uncork @340 ask @500 p3300 @540 ask @600 "
+     "find=8600 cork flush ask w=8601..9300 uncork @640 ask @800 p4300 @840 ask @900 ask @1000 "
+     "p4700"},
     {"AnotherFormatTakesAnotherStream", "play=100 stop mono start facts run=250 queued",
-     "@100 cork flush ask quit leave free open=file.mp3 tag=///// stream=128/2000/1 length=10000 @140 "
-     "ask @300 ask p200 @350 queued=6400"},
+     "@100 cork flush ask quit leave free open=file.mp3 tag=///// stream=128/2000/1 length=10000 "
+     "@140 ask @300 ask p200 @350 queued=6400"},
     {"AHeldTrackLeavesItsStreamFreeForTheNext", "play=100 pause stop pump start facts run=250",
      "@100 cork ask cork flush ask quit name=file.mp3 cork flush ask tag=///// stream=128/2000/2 "
      "length=10000 uncork @140 ask @300 ask p200"},
     {"AHoldBeforeTheNewPlaceIsQueuedStaysHeld",
      "play=300 room=0 seek=3 pump pause run=100 pause run=100 room=-1 run=300",
-     "@300 find=6600 cork flush ask cork ask @400 ask @500 w=6601..7300 uncork @540 ask @600 ask p3400"},
+     "@300 find=6600 cork flush ask cork ask @400 ask @500 w=6601..7300 uncork @540 ask @600 ask "
+     "p3400"},
     {"ANewTrackDoesNotWaitForTheServerOfTheOldOne",
      "play=300 kills pump stop due start facts run=250",
-     "@300 leave free due=never quit open=file.mp3 tag=///// stream=128/2000/2 length=10000 @340 ask "
-     "@500 ask p200"},
+     "@300 leave free due=never quit open=file.mp3 tag=///// stream=128/2000/2 length=10000 @340 "
+     "ask @500 ask p200"},
     {"NothingOfATrackIsLeftForTheNext",
-     "play=300 limit=0 seek=3 pump pause start limit=99999 facts run=250 seek=4 unknown start facts "
-     "run=250",
+     "play=300 limit=0 seek=3 pump pause start limit=99999 facts run=250 seek=4 unknown start "
+     "facts run=250",
      "@300 find=6600 cork ask cork flush ask quit name=file.mp3 cork flush ask tag=///// "
      "stream=128/2000/2 length=10000 uncork @340 ask @500 ask p200 @550 cork flush ask quit "
      "name=file.mp3 cork flush ask tag=///// stream=128/2000/2 uncork @590 ask @790 ask"},
