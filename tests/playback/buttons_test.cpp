@@ -55,8 +55,7 @@ TEST(Buttons, PlayAndStop) {
     ExpectUses({
         {"stopped: a drag-off is final", "", "picPlay +L | off | in | -L",
          "picPlay picPlay2, held by picPlay | picPlay picPlay1 |  | free"},
-        {"stopped: asks for a file without a click; cancelled, all is as it was", "",
-         "picPlay +L -L", ask},
+        {"stopped: asks without a click; cancelled, all is as it was", "", "picPlay +L -L", ask},
         {"stopped: starts that file, not the list", "", "picPlay file:\\music\\new.mp2 +L -L",
          "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, "
          "Playing, track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, "
@@ -66,7 +65,7 @@ TEST(Buttons, PlayAndStop) {
         {"playing: stops without a click", "track:1", "picPlay +L -L", stops},
         {"paused: stops", "track:1 picPause +L -L", "picPlay +L -L",
          "picPlay picPlay1, Stop, Stopped, status Ready, title , 260 ms"},
-        {"a fresh one takes no press", "track:1 picPlay fresh", "+L | -L +R -R",
+        {"fresh: takes no press", "track:1 picPlay fresh", "+L | -L +R -R",
          "held by picPlay | free"},
         {"playing, but showing play: a click only shows stop, and until then pause does nothing",
          "track:1 showsplay", "picPause +L -L | picPlay +L -L | +L -L",
@@ -119,12 +118,12 @@ TEST(Seeking, Gestures) {
          "picForward shift +L off shift -L", "Seek 0"},
         {"a step that leaves the range of an Integer is skipped", "track:1 untitled",
          "picForward shift +R 1400s -R", "Seek 32760, seek 32760, 1400000 ms"},
-        {"shift with another key is a plain step", "track:1", "picForward shift ctrl +R -R",
+        {"shift with another key only steps", "track:1", "picForward shift ctrl +R -R",
          StepsTo("2")},
         {"another key is a plain step", "track:1", "picBackward ctrl +R -R", StepsTo("3")},
         {"a lost release is delivered", "track:1", "picForward shift +L lost",
          "click, over picForeward1, Seek 0"},
-        {"a lost release of another button is delivered", "track:1", "picBackward shift +R lost",
+        {"a lost release of another is delivered", "track:1", "picBackward shift +R lost",
          "Seek 0"},
     });
 }

@@ -40,8 +40,7 @@ TEST(StartTrack, StartsOnlyAFilledEntryOfAKindThatIsPlayed) {
 }
 
 TEST(Steps, InOddPlaces) {
-    const std::string stops =
-        "picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 460 ms";
+    const auto stops = "picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 460 ms"s;
     ExpectUses({
         {"next with one entry leaves it playing while previous stops it", "count:1 track:1",
          "picForward +R -R | picBackward +R -R", " | " + stops},

@@ -7,8 +7,7 @@
 TEST(Volume, Drags) {
     const std::string toStep4 = "SetVolume 30, SetVolume 40, SetVolume 60, volume 4";
     ExpectUses({
-        {"each step sends its percentage and shows its picture", "",
-         "picVolume 5,85 +L | 5,15 | 5,85",
+        {"each step sends its volume and shows its picture", "", "picVolume 5,85 +L | 5,15 | 5,85",
          "held by picVolume | picVolume step 7, SetVolume 30, SetVolume 40, SetVolume 60, "
          "SetVolume 70, SetVolume 90, SetVolume 100, volume 7 | picVolume step 1, SetVolume 90, "
          "SetVolume 70, SetVolume 60, SetVolume 40, SetVolume 30, SetVolume 0, volume 1"},
@@ -34,11 +33,9 @@ TEST(Volume, OfOddSkinsAndNumbers) {
     EXPECT_EQ(use.form.lCurVol, 2) << "the lower of two steps at one place wins";
     use.form.picVolumeArray[1].Picture = nullptr;
     PickVolumeStep(use.velora, 0, kTwipsPerPixel * 80);
-    EXPECT_EQ(use.form.picVolume.Picture, nullptr)
-        << "a missing picture leaves the indicator empty";
+    EXPECT_EQ(use.form.picVolume.Picture, nullptr) << "a missing picture leaves it empty";
     EXPECT_FALSE(use.window.Damage.empty()) << "and that is on the screen before the event ends";
     Integer value = 3277;
     SendVolume(use.velora, value);
-    EXPECT_EQ(use.journal.Take().back(), "Player.SetVolume 3277")
-        << "what doesn't fit is sent as it was";
+    EXPECT_EQ(use.journal.Take().back(), "Player.SetVolume 3277") << "what doesn't fit is sent";
 }

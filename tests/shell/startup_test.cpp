@@ -25,7 +25,6 @@ TEST(StartUp, ShowsASkinAndStartsTheFileOfTheCommandLine) {
              " | picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 260 ms"},
         {"playlist dragged off changes the skin without a click", "start picPlaylist +L off", "-L",
          "picPlaylist fresh, free, " + companion},
-        {"playlist fresh under another button does nothing", "start picPlaylist", "+R -R", ""},
         {"without a skin the form is blank, whatever it showed",
          R"(picPlay file:\a.mp3 +L -L put:velskins.ini=[Settings]&Count=1&[1]&Filename=gone.vs4)",
          "start",

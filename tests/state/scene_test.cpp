@@ -110,18 +110,16 @@ TEST_F(Layers, AChangeDamagesItsOldAndItsNewPlace) {
         std::string Damage; ///< Against the row before.
     };
     const Row rows[] = {
-        {"a tick of the title", [](Form& f) { f.lblFilescroll.Caption = u"itlet"; },
-         "165,107-245,122 "},
+        {"another title", [](Form& f) { f.lblFilescroll.Caption = u"itlet"; }, "165,107-245,122 "},
         {"an empty title", [](Form& f) { f.lblFilescroll.Caption.clear(); }, "165,107-245,122 "},
         {"it is back", [](Form& f) { f.lblFilescroll.Caption = u"t"; }, "165,107-245,122 "},
         {"a moved button", [](Form& f) { f.picPlay.Left = 50; }, "15,17-45,37 55,17-85,37 "},
-        {"another picture", [](Form& f) { SetPicture(f.picPlay, Stage::NewPicture()); },
+        {"its picture", [](Form& f) { SetPicture(f.picPlay, Stage::NewPicture()); },
          "55,17-85,37 "},
         {"bars and a button",
          [](Form& f) { f.VFmp3scope1.Bars.Level[3] = float(f.picPause.Top = 16); },
          "305,107-325,157 30,22-60,42 30,23-60,43 "},
-        {"no light, no bars",
-         [](Form& f) { f.shpPercent[1].Exists = f.VFmp3scope1.Visible = false; },
+        {"less", [](Form& f) { f.shpPercent[1].Exists = f.VFmp3scope1.Visible = false; },
          "293,71-298,76 305,107-325,157 "},
         {"bars that nobody sees", [](Form& f) { f.VFmp3scope1.Bars.Level[3] = 0.7F; }, ""},
         {"a smaller surface", [](Form& f) { f.picBackground.Width = 90; },
@@ -183,10 +181,10 @@ TEST_F(Layers, TheTitleStaysWhileItsTextRunsAndIsNeverLong) {
     velora.CurrentTrack = 1;
     EXPECT_EQ(SpokenName("lblFilescroll"), start)
         << "a name of megabytes would be asked for again and again";
-    velora.TrackTitle = u"Song";
+    velora.TrackTitle = start + u"c";
     EXPECT_EQ(SpokenName("lblFilescroll"), start);
-    velora.TrackArtist = u"Singer";
-    EXPECT_EQ(SpokenName("lblFilescroll"), u"Song by Singer");
+    velora.TrackArtist = start + u"d";
+    EXPECT_EQ(SpokenName("lblFilescroll"), start + u" by " + start);
     form.lblFilescroll.Caption.clear();
     EXPECT_EQ(SpokenName("lblFilescroll"), u"Title");
 }

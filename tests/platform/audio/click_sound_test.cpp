@@ -40,11 +40,10 @@ protected:
     }
     // How often the whole sound of a file stands in the recording.
     int Count(const Text& path) {
-        const Samples16 sound = ReadSoundFile(path)->Samples;
-        const Samples16 all = m_recorder.Samples();
+        const Samples16 one = ReadSoundFile(path)->Samples, all = m_recorder.Samples();
         int count = 0;
         for (auto at = all.begin();; ++at, ++count)
-            if ((at = std::search(at, all.end(), sound.begin(), sound.end())) == all.end())
+            if ((at = std::search(at, all.end(), one.begin(), one.end())) == all.end())
                 return count;
     }
 

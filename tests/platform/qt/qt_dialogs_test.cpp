@@ -47,7 +47,7 @@ protected:
 TEST_F(QtDialogsTest, AMessageHasTheAnswerThatWasGivenAndKeepsTheWindowFromClosing) {
     using enum MessageAnswer;
     const auto ask = [&](MessageButtons buttons, MessageIcon icon, int button,
-                         MessageAnswer expected) {
+                         MessageAnswer answer) {
         QString shown;
         m_form.Caption = buttons == MessageButtons::Ok ? u"one" : u"two";
         WhenUp<QMessageBox>([&](QMessageBox& box) {
@@ -62,7 +62,7 @@ TEST_F(QtDialogsTest, AMessageHasTheAnswerThatWasGivenAndKeepsTheWindowFromClosi
             EXPECT_FALSE(m_window.close());
             button < 0 ? box.reject() : box.buttons().at(button)->click();
         });
-        EXPECT_EQ(m_dialogs.MessageBox(u"<b>Hi", buttons, icon), expected);
+        EXPECT_EQ(m_dialogs.MessageBox(u"<b>Hi", buttons, icon), answer);
         return shown.toStdString();
     };
     m_window.ShowFirst();

@@ -13,10 +13,8 @@ std::string Described(const std::optional<QFont>& font) {
 }
 
 std::string Described(const DesktopLook& look) {
-    return std::string(!look.Dark   ? "?"
-                       : *look.Dark ? "dark"
-                                    : "light") +
-           " " + Described(look.Font);
+    const std::string shade = !look.Dark ? "? " : *look.Dark ? "dark " : "light ";
+    return shade + Described(look.Font);
 }
 
 } // namespace
@@ -95,9 +93,7 @@ TEST(QtLook, FollowsTheFilesWhereNoPortalTellsMore) {
         std::string colours;
         for (int role = 0; role <= QPalette::PlaceholderText; ++role)
             for (const auto group : {QPalette::Active, QPalette::Disabled})
-                colours += palette.color(group, static_cast<QPalette::ColorRole>(role))
-                               .name()
-                               .toStdString();
+                colours += palette.color(group, QPalette::ColorRole(role)).name().toStdString();
         return colours;
     };
     QtLook look;

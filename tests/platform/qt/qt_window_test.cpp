@@ -93,8 +93,7 @@ TEST_F(QtWindowShown, FollowsTheRecords) {
     EXPECT_EQ(Shown(), "400x254 framed '%1[*]' painted seen with scope;");
     for (const std::string title : {"two", "three"}) {
         m_form.State = WindowState::Minimised;
-        EXPECT_EQ(Shown().substr(0, 17), "400x254 minimised")
-            << "again after the platform's return";
+        EXPECT_EQ(Shown().substr(0, 17), "400x254 minimised") << "also the second time";
         m_form.Caption = QString::fromStdString(title).toStdU16String();
         m_form.picPlay.Visible = !m_form.picPlay.Visible;
         EXPECT_EQ(Shown(), "400x254 minimised framed '" + title + "' painted ");
