@@ -16,8 +16,8 @@ class Skin:
         self.path = pathlib.Path(path)
         self.ini = configparser.ConfigParser(interpolation=None, strict=False)
         self.ini.read(path, encoding="latin-1")
-        objects = [keys for name, keys in self.ini.items() if name.startswith("object")]
-        self.objects = {keys["name"]: keys for keys in objects}
+        self.objects = {keys["name"]: keys for section, keys in self.ini.items()
+                        if section.startswith("object")}
         self.background = Image.open(self.file(self.ini["Settings"]["Graphic"])).convert("RGBA")
 
     def file(self, name):

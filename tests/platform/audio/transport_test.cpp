@@ -333,7 +333,7 @@ const Row kRows[] = {
     {"AfterAPauseTheScopeGoesOnAtOnce", "seen play=100 pause run=100 due pause run=20 frames?",
      "cork ask @200 due=never uncork ask vis=12 ask @220 200:1498176 233:1664100 266:1838736 "
      "299:2022084 332:2214144 365:2414916 398:2624400 431:2842596"},
-    {"TheNextTracksScopeBeginsAtOnce", "seen play=100 start facts run=10 frames?",
+    {"TheNextTracksScopeBeginsAtOnce", "seen play=100 start facts run=40 frames?",
      "cork flush ask quit name=file.mp3 cork flush ask tag=///// stream=128/2000/2 length=10000 "
      "uncork @110 100:0"},
     {"WhatIsNotDecodedYetWaitsForItsMoment", "limit=1400 seen start facts run=150 frames?",
@@ -365,6 +365,8 @@ const Row kRows[] = {
     {"AnotherFormatTakesAnotherStream", "play=100 stop mono start facts run=250 queued",
      "@100 cork flush ask quit leave free open=file.mp3 tag=///// stream=128/2000/1 length=10000 "
      "@140 ask @300 ask p200 @350 queued=6400"},
+    {"ARestingStreamThatDiesGoes", "play=100 stop kills pump",
+     "@100 cork flush ask quit leave free"},
     {"AHeldTrackLeavesItsStreamFreeForTheNext", "play=100 pause stop pump start facts run=250",
      "@100 cork ask cork flush ask quit name=file.mp3 cork flush ask tag=///// stream=128/2000/2 "
      "length=10000 uncork @140 ask @300 ask p200"},
