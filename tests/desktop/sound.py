@@ -31,10 +31,6 @@ def without_silence(some_frames):
     return some_frames[some_frames != 0]
 
 
-def loudness(some_frames):
-    return float(np.sqrt(np.mean(some_frames.view("<i2").astype(np.float64) ** 2)))
-
-
 # Questions to a recording and a track, without its ending. What isn't so yet is told by an
 # exception.
 
@@ -72,13 +68,6 @@ def skips(recording, track, seconds):
     frames_more, step = skipped(recording, track), seconds * RATE
     steps = round(frames_more / step)
     assert steps >= 1 and abs(frames_more - steps * step) < RATE / 4, f"{frames_more} frames"
-    return True
-
-
-def is_loud(recording, track, percent):
-    # So loud is the end, compared with the track; noise is as loud all the way.
-    heard = 100 * loudness(frames(recording)[-LAST:]) / loudness(reference(track)[RATE: 2 * RATE])
-    assert abs(heard - percent) < 3, f"{heard} per cent are heard"
     return True
 
 
