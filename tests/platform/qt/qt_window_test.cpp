@@ -134,9 +134,9 @@ TEST_F(QtWindowShown, AHandleElsewhereIsTakenToTheWindowBeforeADialogAMoveAndACh
         m_loop.Turn();
         handle.setPosition(0, 0);
         m_loop.Turn();
-        EXPECT_EQ(handle.position(), QPoint(0, 0));
+        EXPECT_NE(handle.position(), m_window.geometry().topLeft());
         deed();
-        EXPECT_EQ(handle.position(), QPoint(100, 50));
+        EXPECT_EQ(handle.position(), m_window.geometry().topLeft());
         EXPECT_EQ(m_window.pos(), QPoint(100, 50));
     }
 }
