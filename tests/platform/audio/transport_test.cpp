@@ -335,7 +335,7 @@ const Row kRows[] = {
      "299:2022084 332:2214144 365:2414916 398:2624400 431:2842596"},
     {"TheNextTracksScopeBeginsAtOnce", "seen play=100 start facts run=40 frames?",
      "cork flush ask quit name=file.mp3 cork flush ask tag=///// stream=128/2000/2 length=10000 "
-     "uncork @110 100:0"},
+     "uncork @132 vis=12 @133 vis=13 @140 100:0 133:1048576"},
     {"WhatIsNotDecodedYetWaitsForItsMoment", "limit=1400 seen start facts run=150 frames?",
      "@0 dial tag=///// stream=128/2000/2 length=10000 open=file.mp3 vis=1 @33 vis=2 @40 ask @66 "
      "vis=3 @99 ask vis=4 @132 vis=5 @150 0:1048576 33:1048576 66:1336336 99:1493284 132:1658944 "
@@ -365,8 +365,7 @@ const Row kRows[] = {
     {"AnotherFormatTakesAnotherStream", "play=100 stop mono start facts run=250 queued",
      "@100 cork flush ask quit leave free open=file.mp3 tag=///// stream=128/2000/1 length=10000 "
      "@140 ask @300 ask p200 @350 queued=6400"},
-    {"ARestingStreamThatDiesGoes", "play=100 stop kills pump",
-     "@100 cork flush ask quit leave free"},
+    {"ARestingStreamThatDiesGoes", "play=100 stop kills pump", "@100 cork flush ask leave free"},
     {"AHeldTrackLeavesItsStreamFreeForTheNext", "play=100 pause stop pump start facts run=250",
      "@100 cork ask cork flush ask quit name=file.mp3 cork flush ask tag=///// stream=128/2000/2 "
      "length=10000 uncork @140 ask @300 ask p200"},
