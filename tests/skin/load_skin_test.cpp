@@ -33,7 +33,8 @@ TEST(LoadSkin, FillsTheRecordFromTheFileAndShowsNothing) {
 TEST(LoadSkin, AMissingFileIsToldAndASixteenthSkinIsRefusedInSilence) {
     SkinMachine at;
     for (Integer slot = 0; slot <= 15; ++slot)
-        EXPECT_EQ(slot == 0 ? LoadSkinFile(at.velora, at.directory.PathText("n.vs4")) : at.Load(""),
+        EXPECT_EQ(slot == 0 ? LoadSkinFile(at.velora, at.directory.PathText("no.vs4"))
+                            : at.Load(""),
                   slot);
     const Lines full = at.All();
     EXPECT_EQ(full.back(), "MessageBox Skin ~no.vs4 not found");
