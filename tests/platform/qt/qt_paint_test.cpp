@@ -139,7 +139,8 @@ TEST_F(Paint, BarsAreTheHighestOfTheirBandsWithPeaksAboveThem) {
         EXPECT_EQ(Letters(Draw(), {2, 1, std::max<int>(widthPx, 3), 1}), row) << widthPx;
     }
     Scope(std::numeric_limits<Long>::max(), 30);
-    EXPECT_EQ(Letters(Draw(), {99, 1, 2, 1}), "W_\n") << "as far as it is seen";
+    for (const auto& [top, row] : {std::pair(1, "W_\n"), {30, "._\n"}})
+        EXPECT_EQ(Letters(Draw(), {99, top, 2, 1}), row) << "as far as it is seen";
 }
 
 TEST_F(Paint, TextStandsOnItsBaselineInOneFaceOfTwoSizesAndEndsAtTheLabel) {
