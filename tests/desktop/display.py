@@ -1,5 +1,6 @@
-# A hand at a display, and an eye: pointer, buttons and keys, and looks at windows and pixels, all in one process.
-# A window is known by its number, and one that has gone between two looks is no failure.
+# A hand at a display, and an eye: pointer, buttons and keys, and looks at windows and pixels, all
+# in one process. A window is known by its number, and one that has gone between two looks is no
+# failure.
 from PIL import Image, ImageChops
 from Xlib import X, XK, error
 from Xlib.display import Display as Connection
@@ -76,7 +77,8 @@ class Display:
 
     @lasting
     def property(self, window, name):
-        found = self.window(window).get_full_property(self.connection.get_atom(name), X.AnyPropertyType)
+        atom = self.connection.get_atom(name)
+        found = self.window(window).get_full_property(atom, X.AnyPropertyType)
         return found.value if found else None
 
     def caption(self, window):
@@ -109,8 +111,8 @@ class Display:
         # Those of the program that are seen, the topmost last.
         managed = self.property(self.root.id, "_NET_CLIENT_LIST_STACKING") or []
         others = [window.id for window in self.root.query_tree().children]
-        return [window for window in [*managed, *others]
-                if b"velora" in (self.property(window, "WM_CLASS") or b"") and self.is_shown(window)]
+        return [each for each in [*managed, *others]
+                if b"velora" in (self.property(each, "WM_CLASS") or b"") and self.is_shown(each)]
 
     def find(self, kind, title=None):
         # The topmost window of the kind, with that title if one is told.
@@ -139,8 +141,9 @@ class Display:
         return Image.frombytes("RGB", (width, height), image.data, "raw", "BGRX")
 
     def cursor(self):
-        # The number of the pointer's picture, which a window manager changes for a move. To ask who holds pointer and
-        # keyboard, by taking them, would make that manager's older wish for them void.
+        # The number of the pointer's picture, which a window manager changes for a move. To ask who
+        # holds pointer and keyboard, by taking them, would make that manager's older wish for them
+        # void.
         return self.connection.xfixes_get_cursor_image(self.root).cursor_serial
 
     # What a window manager or a pager asks of a window.
@@ -160,11 +163,13 @@ class Display:
         self.connection.sync()
 
     def ping(self, window):
-        # Returns once the window's program has come round: everything before it has been handled. The first
-        # answer can come from the toolkit while a press still waits in its queue; the second comes behind it.
+        # Returns once the window's program has come round: everything before it has been handled.
+        # The first answer can come from the toolkit while a press still waits in its queue; the
+        # second comes behind it.
         for _ in range(2):
             self.pings += 1
-            self.ask(window, "WM_PROTOCOLS", self.connection.get_atom("_NET_WM_PING"), self.pings, window)
+            ping = self.connection.get_atom("_NET_WM_PING")
+            self.ask(window, "WM_PROTOCOLS", ping, self.pings, window)
             wait_for("an answer of the program", self.has_answer)
 
     def has_answer(self):

@@ -1,5 +1,6 @@
-# What a screen reader finds of the program from the outside, and presses; it needs no place on the screen. The
-# session needs a bus, and the program QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1. Import it once that bus is up.
+# What a screen reader finds of the program from the outside, and presses; it needs no place on the
+# screen. The session needs a bus, and the program QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1. Import it
+# once that bus is up.
 import fnmatch
 
 import gi
@@ -30,7 +31,7 @@ def windows():
 
 
 def heard(look):
-    # A program that has ended, or not begun to answer, or let go what is asked for, is one to ask again.
+    # A program that has ended, or not begun to answer, or let go what is asked for, is asked again.
     try:
         return look()
     except GLib.Error as error:
@@ -39,7 +40,7 @@ def heard(look):
 
 def controls():
     # By their names; the title is named by its file, the status by its words.
-    return heard(lambda: {control.get_name(): control for window in windows() for control in children(window)})
+    return heard(lambda: {one.get_name(): one for window in windows() for one in children(window)})
 
 
 def spoken(part):

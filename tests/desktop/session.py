@@ -1,9 +1,10 @@
 #!/usr/bin/python3
-# A display and a sound server of one's own, for runs of the real program. Everything that was started in a
-# session ends with it. Each wait is for a condition.
+# A display and a sound server of one's own, for runs of the real program. Everything that was
+# started in a session ends with it. Each wait is for a condition.
 #
 # As a program it runs a command in a session: session.py PART... -- COMMAND...
-# The parts are display, sound or shared_sound, manager, bus; SESSION_DIRECTORY is the session's own directory.
+# The parts are display, sound or shared_sound, manager, bus; SESSION_DIRECTORY is the session's own
+# directory.
 import contextlib
 import os
 import pathlib
@@ -16,11 +17,12 @@ import time
 
 PATIENCE_SECONDS, PAUSE_SECONDS = 60, 0.01
 # Where a user keeps what the program may look for, all of it elsewhere now.
-OWN_PLACES = ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "WAYLAND_DISPLAY")
+OWN_PLACES = "CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "STATE_HOME"
 
 # It starts nothing by itself, or a real desktop's file chooser might come up.
 BUS = """<busconfig><type>session</type><listen>{}</listen><policy context="default">
-<allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
+<allow own="*"/>
+<allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/></policy></busconfig>"""
 
 
 class GaveUp(Exception):
@@ -29,8 +31,8 @@ class GaveUp(Exception):
 
 
 def wait_for(what, condition, patience=PATIENCE_SECONDS):
-    # Looks until the condition holds, and returns what it told. A look may fail by an exception as well; in the
-    # end the last one is told.
+    # Looks until the condition holds, and returns what it told. A look may fail by an exception as
+    # well; in the end the last one is told.
     deadline, last = time.monotonic() + patience, None
     while True:
         try:
@@ -45,7 +47,8 @@ def wait_for(what, condition, patience=PATIENCE_SECONDS):
 
 
 class Session:
-    # Its directory is `directory`; HOME, DISPLAY and so on are set for this process and all that it starts.
+    # Its directory is `directory`; HOME, DISPLAY and so on are set for this process and its
+    # children.
 
     def __init__(self, *parts, screen="1280x800x24"):
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="velora-"))
@@ -54,7 +57,7 @@ class Session:
         runtime = self.directory / "runtime"
         runtime.mkdir(mode=0o700)
         (self.directory / "home").mkdir()
-        for name in OWN_PLACES:
+        for name in ("WAYLAND_DISPLAY", *(f"XDG_{place}" for place in OWN_PLACES)):
             os.environ.pop(name, None)
         # No message bus: a program that finds none named would start one that outlives the session.
         os.environ.update(HOME=str(self.directory / "home"), XDG_RUNTIME_DIR=str(runtime),
@@ -76,11 +79,12 @@ class Session:
         return process
 
     def start_display(self):
-        # The server chooses a free number and tells it. It must not start afresh whenever its last client leaves,
-        # and not repeat a key whose release comes late on a busy machine, or a path would be typed wrong.
+        # The server chooses a free number and tells it. It must not start afresh whenever its last
+        # client leaves, and not repeat a key whose release comes late on a busy machine, or a path
+        # would be typed wrong.
         told, tells = os.pipe()
-        self.display = self.start("Xvfb", "-displayfd", tells, "-screen", 0, self.screen, "-nolisten", "tcp",
-                                  "-noreset", "-r", pass_fds=[tells])
+        self.display = self.start("Xvfb", "-displayfd", tells, "-screen", 0, self.screen, "-r",
+                                  "-noreset", "-nolisten", "tcp", pass_fds=[tells])
         os.close(tells)
         with os.fdopen(told) as number:
             os.environ.update(DISPLAY=":" + number.readline().strip(), QT_QPA_PLATFORM="xcb")
@@ -88,14 +92,15 @@ class Session:
             raise GaveUp("no display")
 
     def start_sound(self, without_memory="yes"):
-        # A sink that the recordings are made from: CD quality, no sound card needed. Without rewinds, since a
-        # recorder does not get again what the sink makes anew. Without shared memory, since the server ends by an
-        # assertion of its own now and then where a recorder is handed a player's memory.
+        # A sink that the recordings are made from: CD quality, no sound card needed. Without
+        # rewinds, since a recorder does not get again what the sink makes anew. Without shared
+        # memory, since the server ends by an assertion of its own now and then where a recorder is
+        # handed a player's memory.
         socket = self.directory / "native"
         socket.unlink(missing_ok=True)
         self.sound = self.start(
-            "pulseaudio", "-n", f"--disable-shm={without_memory}", "--log-level=error", "--daemonize=no",
-            "--use-pid-file=no", "--exit-idle-time=-1",
+            "pulseaudio", "-n", f"--disable-shm={without_memory}", "--log-level=error",
+            "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
             "-L", "module-null-sink sink_name=out format=s16le rate=44100 channels=2 norewinds=1",
             "-L", f"module-native-protocol-unix socket={socket} auth-anonymous=1")
         os.environ["PULSE_SERVER"] = f"unix:{socket}"
@@ -127,9 +132,10 @@ class Session:
             "org.a11y.Bus.GetAddress"))
 
     def record(self, file, option="--raw", sink="out"):
-        # Records the sink as s16le stereo at 44.1 kHz until the session ends, and returns once it delivers.
-        recorder = self.start("parec", "-d", f"{sink}.monitor", "--format=s16le", "--rate=44100", "--channels=2",
-                              "--latency-msec=20", option, file)
+        # Records the sink as s16le stereo at 44.1 kHz until the session ends; returns once it
+        # delivers.
+        recorder = self.start("parec", "-d", f"{sink}.monitor", "--format=s16le", "--rate=44100",
+                              "--channels=2", "--latency-msec=20", option, file)
         wait_for("the recording", lambda: os.path.getsize(file) > 0)
         return recorder
 
@@ -138,7 +144,7 @@ class Session:
         for process in self.processes:
             process.terminate()
         deadline = time.monotonic() + 2
-        while any(process.poll() is None for process in self.processes) and time.monotonic() < deadline:
+        while any(one.poll() is None for one in self.processes) and time.monotonic() < deadline:
             time.sleep(PAUSE_SECONDS)
         for process in self.processes:
             process.kill()
@@ -147,7 +153,7 @@ class Session:
 
 
 def succeeds(*command):
-    return subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
+    return subprocess.run(command, capture_output=True).returncode == 0
 
 
 def run(parts, command):

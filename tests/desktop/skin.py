@@ -16,7 +16,8 @@ class Skin:
         self.path = pathlib.Path(path)
         self.ini = configparser.ConfigParser(interpolation=None, strict=False)
         self.ini.read(path, encoding="latin-1")
-        self.objects = {keys["name"]: keys for name, keys in self.ini.items() if name.startswith("object")}
+        self.objects = {keys["name"]: keys for section, keys in self.ini.items()
+                        if section.startswith("object")}
         self.background = Image.open(self.file(self.ini["Settings"]["Graphic"])).convert("RGBA")
 
     def file(self, name):
@@ -36,7 +37,7 @@ class Skin:
         return left + width // 2, top + height // 2
 
     def step_place(self, volume_step):
-        # Where the volume stands for a step, 1 to 7. With the button held, it follows the pointer there.
+        # Where the volume stands for a step, 1 to 7. With the button held, it follows the pointer.
         return (self.middle("volume")[0],
                 self.place("volume").top + int(self.objects["volume"][f"y{volume_step}"]) // 15)
 
@@ -44,7 +45,8 @@ class Skin:
         # How that picture of a control looks at a place on the background.
         whole, piece = self.background.copy(), self.picture(name, key)
         whole.alpha_composite(piece, place[:2])
-        return whole.crop((place.left, place.top, place.left + place.width, place.top + place.height))
+        left, top, width, height = place
+        return whole.crop((left, top, left + width, top + height))
 
 
 if __name__ == "__main__":

@@ -1,8 +1,9 @@
-# Drives the real program as its user does: started in a copy of its directory, clicked by the names that its skin
-# gives, read by its caption, its pixels and the recording of its sound. A script is called with the built program as
-# its first argument. It is scenes, procedures with the parameter `velora` alone, each named by what it shows, and ends
-# by `play(globals(), "display", "sound", "manager")`. What fails leaves a picture beside the program, and prints the
-# captions and what all programs said.
+# Drives the real program as its user does: started in a copy of its directory, clicked by the names
+# that its skin gives, read by its caption, its pixels and the recording of its sound. A script is
+# called with the built program as its first argument. It is scenes, procedures with the parameter
+# `velora` alone, each named by what it shows, and ends by `play(globals(), "display", "sound",
+# "manager")`. What fails leaves a picture beside the program, and prints the captions and what all
+# programs said.
 import contextlib
 import fnmatch
 import inspect
@@ -30,7 +31,7 @@ WAV_HEADER_BYTES = 44
 def play(script, *parts, **options):
     with Velora(*parts, **options) as velora:
         for name, scene in list(script.items()):
-            if inspect.isfunction(scene) and list(inspect.signature(scene).parameters) == ["velora"]:
+            if inspect.isfunction(scene) and [*inspect.signature(scene).parameters] == ["velora"]:
                 begun = time.monotonic()
                 print("-", name.replace("_", " "), end="", flush=True)
                 scene(velora)
@@ -42,12 +43,14 @@ def check(what, holds):
 
 
 class Velora:
-    # The stage: a session with the program's directory in `app`, room for tracks in `media`. `screen` is the
-    # hand and the eye, `process` and `window` the program that was started last.
+    # The stage: a session with the program's directory in `app`, room for tracks in `media`.
+    # `screen` is the hand and the eye, `process` and `window` the program that was started last.
 
     def __init__(self, *parts, **options):
-        # The sanitizer build also ends with a search for leaks; those of the libraries are not ours.
-        os.environ.setdefault("LSAN_OPTIONS", f"suppressions={HERE.parent}/lsan.supp:print_suppressions=0")
+        # The sanitizer build also ends with a search for leaks; those of the libraries are not
+        # ours.
+        known = f"suppressions={HERE.parent}/lsan.supp:print_suppressions=0"
+        os.environ.setdefault("LSAN_OPTIONS", known)
         signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))
         self.built = pathlib.Path(sys.argv[1]).resolve()
         self.session = Session(*parts, **options)
@@ -89,8 +92,9 @@ class Velora:
     def launch(self, *arguments, program=None, **environment):
         # Starts the program without waiting for anything.
         self.window = None
+        all_of_it = {**os.environ, **{name: str(value) for name, value in environment.items()}}
         self.process = self.session.start(program or self.app / "velora", *arguments, log="velora",
-                                          env={**os.environ, **{k: str(v) for k, v in environment.items()}})
+                                          env=all_of_it)
 
     def start(self, *arguments, **environment):
         # Starts the program and waits for its window.
@@ -108,7 +112,8 @@ class Velora:
     def ends_well(self):
         # The program ends by itself, with status 0, and no sanitizer has spoken.
         wait_for("the program's end", lambda: self.process.poll() is not None)
-        check(f"the program ends with status 0, not {self.process.returncode}", self.process.returncode == 0)
+        status = self.process.returncode
+        check(f"the program ends with status 0, not {status}", status == 0)
         self.check_log()
 
     def check_log(self):
@@ -121,7 +126,8 @@ class Velora:
         self.ends_well()
 
     def answers(self):
-        # The program lives, no sanitizer has spoken, and all that was sent to the window has been handled.
+        # The program lives, no sanitizer has spoken, and all that was sent to the window has been
+        # handled.
         check("the program lives", self.process.poll() is None)
         self.check_log()
         self.screen.ping(self.window)
@@ -164,14 +170,16 @@ class Velora:
         self.await_picture("eject")
 
     def begin_move(self):
-        # A window manager makes a move of a press that has to begin before the pointer goes on, or what it has gone
-        # until then would be missing. A busy one loses the request now and then, so that is made again.
+        # A window manager makes a move of a press that has to begin before the pointer goes on, or
+        # what it has gone until then would be missing. A busy one loses the request now and then,
+        # so that is made again.
         self.point_at(BARE)
         self.resting = self.screen.cursor()
         for patience in (9, 9, 9):
             self.screen.press()
             with contextlib.suppress(GaveUp):
-                return hasattr(self.session, "manager") and wait_for("a move", self.has_other_cursor, patience)
+                return hasattr(self.session, "manager") and wait_for(
+                    "a move", self.has_other_cursor, patience)
             self.end_move()
         raise GaveUp("no move began")
 
@@ -179,8 +187,9 @@ class Velora:
         return self.screen.cursor() != self.resting
 
     def end_move(self):
-        # It has to be over for the window manager, which would take what comes next for a part of it, and for the
-        # program, which hears of the release from its next look at the pointer alone.
+        # It has to be over for the window manager, which would take what comes next for a part of
+        # it, and for the program, which hears of the release from its next look at the pointer
+        # alone.
         self.release()
         wait_for("the move's end", lambda: not self.has_other_cursor())
         self.answers()
@@ -222,11 +231,12 @@ class Velora:
         return "#%02X%02X%02X" % self.screen.picture(*self.place(where), 1, 1).getpixel((0, 0))
 
     def await_pixel(self, where, colour):
-        wait_for(f"{colour} at {where}", lambda: self.pixel(where) == colour or told(self.pixel(where)))
+        wait_for(f"{colour} at {where}",
+                 lambda: self.pixel(where) == colour or told(self.pixel(where)))
 
     def shows(self, control, key="filename", at=None):
-        # The screen shows that picture of the skin (`filename`, at rest, or `filename2`, held down) at the place
-        # of the control, or at that of another one.
+        # The screen shows that picture of the skin (`filename`, at rest, or `filename2`, held down)
+        # at the place of the control, or at that of another one.
         place = self.skin.place(at or control)
         seen = self.screen.picture(*self.place(place[:2]), place.width, place.height)
         return not differ(seen, self.skin.shown(control, key, place))
@@ -243,11 +253,11 @@ class Velora:
         return dialog
 
     def answer(self, title, *keys, text=""):
-        # Types at a dialog, and waits until it is gone. The window manager takes the frame away a moment after
-        # the dialog in it has gone, and until then a click would fall on that.
+        # Types at a dialog, and waits until it is gone. The window manager takes the frame away a
+        # moment after the dialog in it has gone, and until then a click would fall on that.
         dialog = self.await_dialog(title)
-        # No faster than the program reads: the proposals come up and go with each letter, and must not have
-        # one of their own on its way.
+        # No faster than the program reads: the proposals come up and go with each letter, and must
+        # not have one of their own on its way.
         for letter in text:
             self.screen.key(letter)
             self.screen.ping(dialog)
@@ -287,7 +297,8 @@ class Velora:
     # Sound.
 
     def write_noise(self, name, seconds, seed):
-        # A track that is different at every place: NAME.mp3 in `media`, and its samples in NAME.raw.
+        # A track that is different at every place: NAME.mp3 in `media`, and its samples in
+        # NAME.raw.
         sound.write_noise(self.media / name, seconds, seed)
 
     def listen(self):

@@ -14,7 +14,7 @@ struct ProgressMachine : Stage {
         velora.PlayerState = PlayerState::Playing;
         form.Caption = form.lblStatusLabel.Caption = form.lblFilescroll.Caption = u"before";
     }
-    std::string OutcomeAt(Long position, Long length) {
+    std::string Told(Long position, Long length) {
         UpdateProgress(velora, position, length);
         std::string lights;
         for (const Shape& light : form.shpPercent)
@@ -39,24 +39,22 @@ TEST(ProgressAt, RoundsHalvesToTheEvenNeighbour) {
 
 TEST(UpdateProgress, ShowsThePlaceWhileATrackPlaysAndLightsOnlyGrow) {
     ProgressMachine at;
-    EXPECT_EQ(at.OutcomeAt(0, 100), "--------------|1|before|before");
-    EXPECT_EQ(at.OutcomeAt(50, 0), "--------------|1|before|before");
+    EXPECT_EQ(at.Told(0, 100), "--------------|1|before|before");
+    EXPECT_EQ(at.Told(50, 0), "--------------|1|before|before");
     at.velora.PlayerState = PlayerState::Paused;
-    EXPECT_EQ(at.OutcomeAt(50, 100), "--------------|2|before|before");
+    EXPECT_EQ(at.Told(50, 100), "--------------|2|before|before");
     at.velora.PlayerState = PlayerState::Playing;
-    EXPECT_EQ(at.OutcomeAt(1, 100), "--------------|1|Playing 1%|..:: song.mp3 1% ::.. velora ");
-    EXPECT_EQ(at.OutcomeAt(50, 100), "-yyyyyy-------|1|Playing 50%|..:: song.mp3 50% ::.. velora ");
+    EXPECT_EQ(at.Told(1, 100), "--------------|1|Playing 1%|..:: song.mp3 1% ::.. velora ");
+    EXPECT_EQ(at.Told(50, 100), "-yyyyyy-------|1|Playing 50%|..:: song.mp3 50% ::.. velora ");
     at.velora.TrackTitle = u"Moon";
-    EXPECT_EQ(at.OutcomeAt(10, 100), "-yyyyyy-------|1|Playing 10%|..:: song.mp3 10% ::.. velora ");
+    EXPECT_EQ(at.Told(10, 100), "-yyyyyy-------|1|Playing 10%|..:: song.mp3 10% ::.. velora ");
     at.velora.TrackArtist = u"TIDE";
     at.form.shpPercent[9].Exists = false;
-    EXPECT_EQ(at.OutcomeAt(95, 100),
-              "-yyyyyyyy-----|1|Playing 95%|..:: moon - tide 95% ::.. velora ")
+    EXPECT_EQ(at.Told(95, 100), "-yyyyyyyy-----|1|Playing 95%|..:: moon - tide 95% ::.. velora ")
         << "a missing light ends the row and nothing else";
     at.velora.TrackTitle.clear();
     at.form.shpPercent[9].Exists = true;
-    EXPECT_EQ(at.OutcomeAt(28, 1),
-              "-yyyyyyyyyyyyy|1|Playing 2800%|..:: song.mp3 2800% ::.. velora ")
+    EXPECT_EQ(at.Told(28, 1), "-yyyyyyyyyyyyy|1|Playing 2800%|..:: song.mp3 2800% ::.. velora ")
         << "more than thirteen segments are not the end";
 }
 
@@ -70,8 +68,7 @@ TEST(UpdateProgress, ExactlyThirteenSegmentsPutOutTheDisplayAndLeaveThePlayer) {
         const auto lit = std::ranges::count(at.form.shpPercent, 0x00FFFF, &Shape::FillColour);
         ticks += Joined(at.loop.NowMs(), ":", lit, at.form.VFmp3scope1.Visible ? " " : " hidden ");
     };
-    EXPECT_EQ(at.OutcomeAt(250001, 260000),
-              "-rrrrrrrr-rrrr|0|Ready|..:: velora-pro.team qu><llo ::..");
+    EXPECT_EQ(at.Told(250001, 260000), "-rrrrrrrr-rrrr|0|Ready|..:: velora-pro.team qu><llo ::..");
     EXPECT_EQ(ticks, "20:7 40:6 60:5 80:4 100:3 120:2 140:1 160:0 180:0 200:0 220:0 240:0 260:0 ");
     EXPECT_TRUE(at.form.picPlay.Picture == at.form.picPlay1.Picture &&
                 !at.form.VFmp3scope1.Visible);

@@ -6,8 +6,9 @@
 namespace {
 
 constexpr TextView kTagged =
-    u" ..:: velora is currently playing ::.. Moon by Tide ::..            ..:: bitrate: 128 ::..            "
-    u"..:: sample: 44100 ::..            ..:: visit team quillo on the web: http://www.quillo.example ::.. "
+    u" ..:: velora is currently playing ::.. Moon by Tide ::..            ..:: bitrate: 128 ::.."
+    u"            ..:: sample: 44100 ::..            ..:: visit team quillo on the web: "
+    u"http://www.quillo.example ::.. "
     u"          ";
 constexpr TextView kUntagged = u" ..:: velora is currently playing ::.. a.mp3::..           ";
 

@@ -14,9 +14,8 @@ int main(int count, char** arguments) {
     for (int at = 1; at < count; ++at)
         for (const auto& entry : std::filesystem::directory_iterator(arguments[at])) {
             std::ifstream file(entry.path(), std::ios::binary);
-            const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                                   bytes.size());
+            const std::string all{std::istreambuf_iterator<char>(file), {}};
+            LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(all.data()), all.size());
             ++ran;
         }
     return ran > 0 ? 0 : 1;

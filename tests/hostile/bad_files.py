@@ -1,29 +1,32 @@
-# Skins that lie, for a run of the real program: rows of a name, the content and what is seen. What numbers and
-# names come to is proved by the unit tests; here is what reaches the toolkit, its pictures and the screen.
+# Skins that lie, for a run of the real program: rows of a name, the content and what is seen. What
+# numbers and names come to is proved by the unit tests; here is what reaches the toolkit, its
+# pictures and the screen.
 import struct
 
 from PIL import Image
 
 WIDTH, HEIGHT, MOST, LEAST = 200, 60, 2**31 - 1, -2**31
+XOR = {"destrgn": 1, "srcrgn1": 1, "srcrgn2": 1, "combinemode": 3}
 WHOLE = {"x1": -1000, "y1": -1000, "x2": 1000, "y2": 1000}
 # The screen behind the window, and the spectrum.
 BEHIND, BLACK = "#123456", "#000000"
 
 # Few bytes that promise more than a machine has, each behind the suffix of another format.
 PICTURES = {
-    "gif.png": b"GIF89a" + b"\xff" * 4 + b"\x80" + bytes(8) + b",\0\0\0\0\2\0\1\0\0\2\2\x44\x0A\0" * 10000,
-    "bmp.gif": b"BM" + struct.pack("<IIIIIIHHIIIIII", 54, 0, 54, 40, 30000, 30000, 1, 1, 0, 0, 0, 0, 2, 0),
-    "jpeg.gif": b"\xFF\xD8\xFF\xC0\0\x11\x08" + b"\xFF" * 4 + b"\3\1\x22\0\2\x11\1\3\x11\1\xFF\xDA\0\x0c\3",
+    "gif.png": b"GIF89a\xff\xff\xff\xff\x80" + bytes(8) + b",\0\0\0\0\2\0\1\0\0\2\2D\n\0" * 10000,
+    "bmp.gif": struct.pack("<2s6I2H6I", b"BM", 54, 0, 54, 40, 30000, 30000, 1, 1, 0, 0, 0, 0, 2, 0),
+    "jpeg.gif": bytes.fromhex("FFD8 FFC0 0011 08 FFFF FFFF 03 012200 021101 031101 FFDA 000C 03"),
 }
 
 
 def boxes(left, top, width, height):
     # Title, status and spectrum of that place and size.
-    return [{"type": kind, "left": left, "top": top, "width": width, "height": height} for kind in (8, 9, 12)]
+    place = {"left": left, "top": top, "width": width, "height": height}
+    return [{"type": kind, **place} for kind in (8, 9, 12)]
 
 
-# One leads to the next by its playlist button, which stays where it is. Each shows a ground of its own, if
-# nothing else is told.
+# One leads to the next by its playlist button, which stays where it is. Each shows a ground of its
+# own, if nothing else is told.
 SKINS = {
     "lights of any size and place": {},
     "a shape wider than numbers go": dict(regions=[{"x1": LEAST, "y1": 0, "x2": MOST, "y2": MOST}]),
@@ -32,8 +35,7 @@ SKINS = {
     "pictures that promise more than a machine has": dict(
         objects=[{"type": 3, "filename": name, "filename2": name} for name in PICTURES]),
     "a window of 0 by 2^31-1": dict(Width=0, Height=MOST),
-    "an empty shape": dict(regions=[{**WHOLE, "destrgn": 1, "srcrgn1": 1, "srcrgn2": 1, "combinemode": 3}],
-                           seen=BEHIND),
+    "an empty shape": dict(regions=[{**WHOLE, **XOR}], seen=BEHIND),
 }
 
 
@@ -51,12 +53,14 @@ def sections(prefix, rows):
 
 
 def make_skin(directory, number, objects=(), regions=(WHOLE,), seen=None, **settings):
-    playlist = {"type": 6, "filename": "button.bmp", "filename2": "button.bmp", "left": 85, "top": 5}
-    objects = [*objects, playlist, {"type": 13, "filename": "lights.ini"}]
-    keys = {"Width": (WIDTH + 6) * 15, "Height": (HEIGHT + 25) * 15, "Graphic": f"ground{number}.bmp",
-            "Playlist": f"{number + 1}.vs4", "ShapeCount": len(regions), "ObjectCount": len(objects)}
-    text = section("Settings", {**keys, **settings}) + sections("rgn", regions) + sections("object", objects)
-    (directory / f"{number}.vs4").write_text(text)
+    button = dict.fromkeys(("filename", "filename2"), "button.bmp")
+    objects = [*objects, {"type": 6, **button, "left": 85, "top": 5},
+               {"type": 13, "filename": "lights.ini"}]
+    keys = {"Width": (WIDTH + 6) * 15, "Height": (HEIGHT + 25) * 15, "ObjectCount": len(objects),
+            "ShapeCount": len(regions), "Graphic": f"ground{number}.bmp",
+            "Playlist": f"{number + 1}.vs4", **settings}
+    (directory / f"{number}.vs4").write_text(
+        section("Settings", keys) + sections("rgn", regions) + sections("object", objects))
     Image.new("RGB", (WIDTH, HEIGHT), ground(number)).save(directory / f"ground{number}.bmp")
 
 
@@ -67,8 +71,8 @@ def make_skins(directory):
         (directory / name).write_bytes(content)
     Image.new("RGB", (18, 18), "white").save(directory / "button.bmp")
     # They are made once in a run, so they must leave the left of the ground free.
-    lights = [{"left": left, "top": 1, "width": MOST, "height": MOST, "shape": number % 6} for number, left in
-              enumerate((MOST, LEAST, *range(120, 131)))]
+    lights = [{"left": left, "top": 1, "width": MOST, "height": MOST, "shape": number % 6}
+              for number, left in enumerate((MOST, LEAST, *range(120, 131)))]
     (directory / "lights.ini").write_text(sections("", lights))
     for number, row in enumerate(SKINS.values()):
         make_skin(directory, number, **row)

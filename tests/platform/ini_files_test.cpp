@@ -49,7 +49,7 @@ template<char kLetter, auto kCall, typename Result, typename... Arguments>
 Result Watch(Arguments... arguments) {
     if (kLetter == 'f' && meanwhile) meanwhile();
     journal +=
-        IniText(*ReadFileBytes(u"f.ini", 1000)).Find("a", "x") == "new" ? kLetter - 32 : kLetter;
+        IniText(*ReadFileBytes(u"f.ini", 99)).Find("a", "x") == "new" ? kLetter - 32 : kLetter;
     errno = ENOSPC;
     return journal.size() == failAt ? -1 : kCall(arguments...);
 }

@@ -13,20 +13,17 @@ using Bitmap = std::bitset<48 * 32>;
 
 // Whether the pixel's centre lies in the rectangle that has such ellipses for corners. Sides in
 // order, corners at most the sides.
-bool InRounded(int x, int y, const Rect& sides, std::int64_t cornerWidth,
-               std::int64_t cornerHeight) {
+bool InRounded(int x, int y, const Rect& sides, std::int64_t cornerWide, std::int64_t cornerHigh) {
     if (!sides.Holds(x, y)) return false;
     // How far the centre stands outside the middle of the corner's ellipse, doubled; 0 between the
     // corners.
-    const auto outside = [](std::int64_t centre, std::int64_t low, std::int64_t high,
-                            std::int64_t size) {
-        return std::max({2 * low + size - centre, centre - 2 * high + size, std::int64_t{0}});
+    using Number = std::int64_t;
+    const auto outside = [](Number centre, Number low, Number high, Number size) {
+        return std::max({2 * low + size - centre, centre - 2 * high + size, Number{0}});
     };
-    const std::int64_t wide =
-        outside(2 * x + 1, sides.Left, sides.Right, cornerWidth) * cornerHeight;
-    const std::int64_t high =
-        outside(2 * y + 1, sides.Top, sides.Bottom, cornerHeight) * cornerWidth;
-    const std::int64_t whole = cornerWidth * cornerHeight;
+    const std::int64_t wide = outside(2 * x + 1, sides.Left, sides.Right, cornerWide) * cornerHigh;
+    const std::int64_t high = outside(2 * y + 1, sides.Top, sides.Bottom, cornerHigh) * cornerWide;
+    const std::int64_t whole = cornerWide * cornerHigh;
     return wide * wide + high * high <= whole * whole;
 }
 
@@ -38,9 +35,8 @@ Bitmap Model(const Rect& sides, int cornerWidth, int cornerHeight) {
 }
 
 Bitmap Combined(const Bitmap& first, const Bitmap& second, Long mode) {
-    const Bitmap results[] = {first & second, first | second, first ^ second, first & ~second,
-                              first};
-    return results[mode - 1];
+    const Bitmap all[] = {first & second, first | second, first ^ second, first & ~second, first};
+    return all[mode - 1];
 }
 
 // Whether a region has exactly those pixels: by `Rectangles`, which tells each pixel of a view
@@ -66,8 +62,8 @@ Long MakeRegion(RegionTable& table, std::mt19937& random, Bitmap& pixels) {
     const auto below = [&](unsigned most) { return int(random() % most); };
     const int left = below(44) - 4, top = below(30) - 4, width = below(60), height = below(40);
     const int wide = below(30), high = below(23);
-    const Rect sides{left, top, left + width, top + height},
-        turned{left + width, top + height, left, top};
+    const int right = left + width, bottom = top + height;
+    const Rect sides{left, top, right, bottom}, turned{right, bottom, left, top};
     switch (random() % 3) {
     case 0:
         pixels = Model(sides, 0, 0);
@@ -96,8 +92,7 @@ TEST(Regions, HaveThePixelsOfTheirFormsAndCombineThem) {
         const Long dest = random() % 9, first = random() % 9, second = random() % 9,
                    mode = random() % 8;
         const auto known = [](Long handle) { return handle >= 1 && handle <= 6; };
-        const bool possible =
-            known(dest) && known(first) && known(second) && mode >= 1 && mode <= 5;
+        const bool sound = known(dest) && known(first) && known(second) && mode >= 1 && mode <= 5;
         const auto held = FindRegion(table, dest);
         const Region before = held ? *held : Region();
         CombineRgn(table, dest, first, second, mode == 7 ? -1 : mode);

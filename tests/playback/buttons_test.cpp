@@ -40,8 +40,7 @@ TEST(Buttons, OrdinaryOnesByGesture) {
             {name + " pressed, dragged off and back", "track:2 " + name, "+L | off | in | -L",
              held + " | " + rest + " | " + down + " | " + click},
             {name + " dragged off", "track:2 " + name, "+L off -L", told(offCommands)},
-            {name + " under another button", "track:2 " + name, "+R off in -R",
-             told(rightCommands)},
+            {name + " under another one", "track:2 " + name, "+R off in -R", told(rightCommands)},
             {name + " fresh takes a press", "track:2 " + name + " fresh", "+L | -L",
              held + " | " + click},
             {name + " fresh under another button", "track:2 " + name + " fresh", "+M off in -M",
@@ -55,19 +54,17 @@ TEST(Buttons, PlayAndStop) {
     ExpectUses({
         {"stopped: a drag-off is final", "", "picPlay +L | off | in | -L",
          "picPlay picPlay2, held by picPlay | picPlay picPlay1 |  | free"},
-        {"stopped: asks for a file without a click; cancelled, all is as it was", "",
-         "picPlay +L -L", ask},
+        {"stopped: asks without a click; cancelled, all is as it was", "", "picPlay +L -L", ask},
         {"stopped: starts that file, not the list", "", "picPlay file:\\music\\new.mp2 +L -L",
-         "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, Playing, "
-         "track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, title new ... , "
-         "scope on, scroll on"},
+         "picPlay picStop1, ChooseFile Select Media ..., Stop, TrackFile \\music\\new.mp2, Play, "
+         "Playing, track 4, entry \\music\\new.mp2 kind 2 flag 0, in \\music, status Playing, "
+         "title new ... , scope on, scroll on"},
         {"playing: a drag-off is final", "track:1", "picPlay +L | off | in | -L",
          "picPlay picStop2, held by picPlay | picPlay picStop1 |  | free"},
         {"playing: stops without a click", "track:1", "picPlay +L -L", stops},
         {"paused: stops", "track:1 picPause +L -L", "picPlay +L -L",
          "picPlay picPlay1, Stop, Stopped, status Ready, title , 260 ms"},
-        {"a fresh one takes no press", "track:1 picPlay fresh", "+L | -L +R -R",
-         "held by picPlay | free"},
+        {"fresh: no press", "track:1 picPlay fresh", "+L | -L +R -R", "held by picPlay | free"},
         {"playing, but showing play: a click only shows stop, and until then pause does nothing",
          "track:1 showsplay", "picPause +L -L | picPlay +L -L | +L -L",
          "click, over picPause1 | picPlay picStop1 | " + stops},
@@ -83,15 +80,15 @@ TEST(Buttons, OthersInOtherStates) {
         {"pause, stopped: only clicks", "", "picPause +L -L", "click, over picPause1"},
         {"forward, paused: shift is a plain step, which plays", "track:2 picPause +L -L",
          "picForward shift +R -R",
-         "Stop, Stop, TrackFile 3_x.mp3, Play, Playing, track 3, status Playing, title 3_x ... , scope on, "
-         "460 ms"},
+         "Stop, Stop, TrackFile 3_x.mp3, Play, Playing, track 3, status Playing, title 3_x ... , "
+         "scope on, 460 ms"},
         {"eject starts the file, here one that the list has", "track:1",
          "picEject file:\\music\\2_X.MP3 +L -L",
          ask + ", Stop, TrackFile 2_x.mp3, Play, track 2, in \\music, title 2_x ... "},
         {"eject with a key asks for a playlist and for its name", "",
          "picEject ctrl file:\\lists\\l.m3u +L -L",
-         "click, over picEject1, ChooseFile Select Playlist ..., InputBox Velora: Name of playlist:, in "
-         "\\lists"},
+         "click, over picEject1, ChooseFile Select Playlist ..., InputBox Velora: Name of "
+         "playlist:, in \\lists"},
         {"with shift, too; that dialog takes the mouse from a button that is still held", "",
          "picEject +L +R shift -L | -R",
          "click, over picEject1, ChooseFile Select Playlist ... | "},
@@ -112,19 +109,17 @@ TEST(Seeking, Gestures) {
          "picForward picForeward1, free, click, Seek 30, Playing, blink forward off | 2000 ms"},
         {"backward, by any mouse button; each gesture begins at zero", "track:1 untitled",
          "picBackward shift +R 1.8s | -R | +R 0.8s -R",
-         "picBackward hidden picBackward1, held by picBackward, SeekingBackward, seek -40, "
-         "blink backward on, 1800 ms | picBackward picBackward1, free, Seek -40, Playing, blink backward off | "
-         "Seek -20, seek -20, 800 ms"},
+         "picBackward hidden picBackward1, held by picBackward, SeekingBackward, seek -40, blink "
+         "backward on, 1800 ms | picBackward picBackward1, free, Seek -40, Playing, blink backward "
+         "off | Seek -20, seek -20, 800 ms"},
         {"too short, dragged off, shift let go: no click, but the seek", "track:1",
          "picForward shift +L off shift -L", "Seek 0"},
         {"a step that leaves the range of an Integer is skipped", "track:1 untitled",
          "picForward shift +R 1400s -R", "Seek 32760, seek 32760, 1400000 ms"},
-        {"shift with another key is a plain step", "track:1", "picForward shift ctrl +R -R",
-         StepsTo("2")},
+        {"shift with more keys: steps", "track:1", "picForward shift ctrl +R -R", StepsTo("2")},
         {"another key is a plain step", "track:1", "picBackward ctrl +R -R", StepsTo("3")},
         {"a lost release is delivered", "track:1", "picForward shift +L lost",
          "click, over picForeward1, Seek 0"},
-        {"a lost release of another button is delivered", "track:1", "picBackward shift +R lost",
-         "Seek 0"},
+        {"a lost one of another is delivered", "track:1", "picBackward shift +R lost", "Seek 0"},
     });
 }

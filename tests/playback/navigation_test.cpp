@@ -34,30 +34,29 @@ TEST(StartTrack, StartsOnlyAFilledEntryOfAKindThatIsPlayed) {
     use.velora.MediaList[0] = use.velora.MediaList[7] = {true, u"C:\\", u"never.mp3", kMp3Media, 0};
     EXPECT_EQ(
         use.Tell("track:2 track:4 track:5 track:0 track:7 track:-1 | track:1 | track:6 | track:3"),
-        " | picPlay picStop1, Stop, TrackFile C:\\m\\a.mp1, Play, Playing, track 1, status Playing, "
-        "title a ... , scope on, scroll on | Stop, TrackFile last.mp2, Play, track 6, title last ...  | "
-        "Stop, TrackFile C:\\m\\, Play, track 3, title ");
+        " | picPlay picStop1, Stop, TrackFile C:\\m\\a.mp1, Play, Playing, track 1, status "
+        "Playing, title a ... , scope on, scroll on | Stop, TrackFile last.mp2, Play, track 6, "
+        "title last ...  | Stop, TrackFile C:\\m\\, Play, track 3, title ");
 }
 
 TEST(Steps, InOddPlaces) {
-    const std::string stops =
-        "picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 460 ms";
+    const auto stops = "picPlay picPlay1, Stop, Stopped, status Ready, title , scope off, 460 ms"s;
     ExpectUses({
         {"next with one entry leaves it playing while previous stops it", "count:1 track:1",
          "picForward +R -R | picBackward +R -R", " | " + stops},
         {"onto an entry that isn't played they stop there and stay there", "count:4 track:3",
          "picForward +R -R | +R -R", stops + " | Stop, 460 ms"},
-        {"they wait with events going on, without the mouse; a second one in it leads to the same track",
+        {"they wait with events going on, without the mouse; a second one leads to the same track",
          "track:1 picForward later:+R&-R", "+R -R",
-         "Stop, Stop, Stop, TrackFile 2_x.mp3, Play, Stop, TrackFile 2_x.mp3, Play, track 2, title 2_x ... , "
-         "900 ms"},
+         "Stop, Stop, Stop, TrackFile 2_x.mp3, Play, Stop, TrackFile 2_x.mp3, Play, track 2, title "
+         "2_x ... , 900 ms"},
         {"one that overtakes a seek leaves no hidden button",
          "track:2 picForward later:+R&-R&shift&+R&0.3s +R -R", "-R",
-         "picForward picForeward1, free, Stop, Stop, TrackFile 1_x.mp3, Play, track 1, title 1_x ... , "
-         "blink forward off, 460 ms"},
+         "picForward picForeward1, free, Stop, Stop, TrackFile 1_x.mp3, Play, track 1, title 1_x "
+         "... , blink forward off, 460 ms"},
         {"the same backward", "track:2 picBackward later:+R&-R&shift&+R&0.3s +R -R", "-R",
-         "picBackward picBackward1, free, Stop, Stop, TrackFile 3_x.mp3, Play, track 3, title 3_x ... , "
-         "blink backward off, 460 ms"},
+         "picBackward picBackward1, free, Stop, Stop, TrackFile 3_x.mp3, Play, track 3, title 3_x "
+         "... , blink backward off, 460 ms"},
         {"the same where the release is lost", "track:2 picForward later:+R&-R&shift&+R&0.3s +R -R",
          "lost", "picForward picForeward1, free, blink forward off"},
         {"the same backward where the release is lost",

@@ -7,11 +7,10 @@
 TEST(Volume, Drags) {
     const std::string toStep4 = "SetVolume 30, SetVolume 40, SetVolume 60, volume 4";
     ExpectUses({
-        {"each step sends its percentage and shows its picture", "",
-         "picVolume 5,85 +L | 5,15 | 5,85",
-         "held by picVolume | picVolume step 7, SetVolume 30, SetVolume 40, SetVolume 60, SetVolume 70, "
-         "SetVolume 90, SetVolume 100, volume 7 | picVolume step 1, SetVolume 90, SetVolume 70, "
-         "SetVolume 60, SetVolume 40, SetVolume 30, SetVolume 0, volume 1"},
+        {"each step sends its volume and shows its picture", "", "picVolume 5,85 +L | 5,15 | 5,85",
+         "held by picVolume | picVolume step 7, SetVolume 30, SetVolume 40, SetVolume 60, "
+         "SetVolume 70, SetVolume 90, SetVolume 100, volume 7 | picVolume step 1, SetVolume 90, "
+         "SetVolume 70, SetVolume 60, SetVolume 40, SetVolume 30, SetVolume 0, volume 1"},
         {"a pixel beside a step doesn't count", "picVolume 5,75 +L", "5,71", ""},
         {"a step that is no neighbour doesn't count", "picVolume 5,65 +L", "5,15", ""},
         {"only the left button alone counts", "",
@@ -34,8 +33,7 @@ TEST(Volume, OfOddSkinsAndNumbers) {
     EXPECT_EQ(use.form.lCurVol, 2) << "the lower of two steps at one place wins";
     use.form.picVolumeArray[1].Picture = nullptr;
     PickVolumeStep(use.velora, 0, kTwipsPerPixel * 80);
-    EXPECT_EQ(use.form.picVolume.Picture, nullptr)
-        << "a missing picture leaves the indicator empty";
+    EXPECT_EQ(use.form.picVolume.Picture, nullptr) << "a missing picture leaves it empty";
     EXPECT_FALSE(use.window.Damage.empty()) << "and that is on the screen before the event ends";
     Integer value = 3277;
     SendVolume(use.player, value);

@@ -24,8 +24,7 @@ constexpr TextView kAdds[][4] = {
     {u"C:\\b\\", u"Ä.wmv", u"", u"2 C:\\b\\|Ä.wmv"},
     {u"", u"ä.WMV", u"", u"2 |ä.WMV"},
     {u"", u"x\\c.mp3", u"", u"3 x\\|c.mp3"},
-    {u"C:\\", u"a.txt", u"",
-     u"0 C:\\|a.txt MessageBox That file format is not supported by Velora"},
+    {u"C:", u"a.txt", u"", u"0 C:\\|a.txt MessageBox That file format is not supported by Velora"},
     {u"x", u"", u"\\music\\a b.mp3", u"4 \\music\\|a b.mp3 ChooseFile Select Media ..."},
     {u"", u"c.mp3", u"", u"0 |c.mp3 MessageBox Media Limit reached"},
 };

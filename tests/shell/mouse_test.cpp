@@ -55,7 +55,8 @@ TEST(Mouse, Captures) {
         {"a message does as well", "full picPlay +L +R", "-L",
          "picPlay picPlay1, free, MessageBox Media Limit reached"},
         {"a side button does nothing", "picPause", "+S -S | +L +S -S | -L",
-         " | picPause picPause2, held by picPause | picPause picPause1, free, click, over picPause1"},
+         " | picPause picPause2, held by picPause | picPause picPause1, free, click, over "
+         "picPause1"},
         {"off to the side and back to the last pixel is inside, the first beside it isn't",
          "picPause", "+L 60,5 5,5 29,19 -L | 30,5 +L", "click, over picPause1 | BeginMove 1"},
         {"a press whose release nobody saw ends the seek and begins anew",

@@ -12,16 +12,16 @@ namespace {
 
 // What can happen at any time. "later" puts a further event behind this one, or into the wait of
 // its handler.
-constexpr const char* kAlways =
-    R"(0.02s 0.1s 0.3s 1s later later later tags stream bars:3 length:1000
-    length:30000 length:0 at:0 at:300 at:400 at:950 at:1000 lost restored file:\music\a.mp3 file:\music\b.mp1
-    file:\music\c.wav file:\music\d.txt file: input:Name menu: menu:mnuMinimize menu:mnuRunPressdeck)";
+constexpr const char* kAlways = R"(0.02s 0.1s 0.3s 1s later later later tags stream bars:3
+    length:1000 length:30000 length:0 at:0 at:300 at:400 at:950 at:1000 lost restored
+    file:\music\a.mp3 file:\music\b.mp1 file:\music\c.wav file:\music\d.txt file: input:Name
+    menu: menu:mnuMinimize menu:mnuRunPressdeck)";
 
 // What the hand does, which a dialog, the menu or a move keeps away from the form.
-constexpr const char* kHand =
-    R"(picPlay picPlay picPause picBackward picBackward picForward picForward
-    picPlaylist picPlaylist picEject picEject picVolume VFmp3scope1 lblFilescroll beside off in in =5,60 -7,3
-    5,70 5,1 =5,10 +L +L +L +L +L +L -L -L -L -L -L -L +R +R -R -R +M -M +S -S shift shift ctrl)";
+constexpr const char* kHand = R"(picPlay picPlay picPause picBackward picBackward picForward
+    picForward picPlaylist picPlaylist picEject picEject picVolume VFmp3scope1 lblFilescroll
+    beside off in in =5,60 -7,3 5,70 5,1 =5,10 +L +L +L +L +L +L -L -L -L -L -L -L +R +R -R -R +M -M
+    +S -S shift shift ctrl)";
 
 std::vector<std::string> WordsOf(const std::string& text) {
     std::istringstream words(text);
@@ -51,17 +51,15 @@ public:
         if (velora.PlayerState != PlayerState::Stopped) Do("picPlay +L -L");
         dialogs.Files = {u"\\music\\last.mp3"};
         Do("picPlay +L -L");
-        Expect(velora.PlayerState == PlayerState::Playing &&
-                   form.lblFilescroll.Caption == u"last ... ",
-               "play");
+        Expect(form.lblFilescroll.Caption == u"last ... ", "title");
+        Expect(velora.PlayerState == PlayerState::Playing, "play");
     }
 
 private:
     void Step() {
         static const std::vector<std::string> always = WordsOf(kAlways), hand = WordsOf(kHand);
         const std::size_t place = m_chance() % (always.size() + (m_covers == 0 ? hand.size() : 0));
-        const std::string& word =
-            place < always.size() ? always[place] : hand[place - always.size()];
+        const auto& word = place < always.size() ? always[place] : hand[place - always.size()];
         m_trail += word + " ";
         if (word == "later")
             loop.Post([this] { Step(); });
@@ -80,8 +78,7 @@ private:
                "capture");
         const bool stopped = velora.PlayerState == PlayerState::Stopped;
         Expect(stopped || (velora.CurrentTrack > 0 && form.tmrScrollFiletitle.Enabled), "player");
-        Expect(NameOf(form.picPlay.Picture).starts_with(stopped ? "picPlay" : "picStop"),
-               "play or stop");
+        Expect(NameOf(form.picPlay.Picture).starts_with(stopped ? "picPlay" : "picStop"), "stop");
         CheckSeek(form.picBackward, form.tmrSeekBackward, PlayerState::SeekingBackward);
         CheckSeek(form.picForward, form.tmrSeekForward, PlayerState::SeekingForward);
     }

@@ -9,9 +9,8 @@ std::string Rgn(int number, const std::array<Long, 4>& sides, const std::string&
                   " x2=", sides[2], " y2=", sides[3], " ");
 }
 
-std::string Combine(int dest, int source1, int source2, Long mode) {
-    return Joined("destrgn=", dest, " srcrgn1=", source1, " srcrgn2=", source2,
-                  " combinemode=", mode);
+std::string Combine(int dest, int one, int other, Long mode) {
+    return Joined("destrgn=", dest, " srcrgn1=", one, " srcrgn2=", other, " combinemode=", mode);
 }
 
 // Region 1, and others beside it that are joined to it unless their own keys, which come first, say
@@ -40,8 +39,7 @@ const ShapeRow kShapes[] = {
     {"an ellipse as wide as numbers go",
      Rgn(1, {-2147483647 - 1, -2147483647 - 1, 2147483643, 2147483622}, "type=2"),
      "region 0,0-389,279"},
-    {"an empty result is a shape all the same", Rgn(1, {0, 0, 9, 9}, Combine(1, 1, 1, 3)),
-     "region"},
+    {"an empty result is a shape, too", Rgn(1, {0, 0, 9, 9}, Combine(1, 1, 1, 3)), "region"},
     // 2 cuts a piece out of 1, 3 is joined to what is left, 4 is copied into 5, and that joins
     // them.
     {"combined in the order of the numbers, not of the sections",

@@ -7,22 +7,20 @@ TEST(LoadSkin, FillsTheRecordFromTheFileAndShowsNothing) {
         std::string Name, File;
         const char* Changed; ///< Of everything.
     };
-    for (
-        const Row& row : {
-            Row{"every key",
-                SkinText(
-                    "Left=7 Top=8 Name=Some Author=Body Type=1 Playlist=other.vs4 ShapeCount=4 "
-                    "ObjectCount=5 [object1] enabled=1 type=12 [rgn1] enabled=1",
-                    "Width=3000 Height=1500 Graphic=back.gif "),
-                "skin 1 ~|skin.vs4|Some|Body|~back.gif|~other.vs4 type 1 3000x1500 at 7,8 with 4 and 5"},
-            Row{"no key, as in a picture",
-                std::string("\0\xFF\xFE picture\n[rgn1]\nenabled=1\n[object1]\nenabled=1\n", 47),
-                "skin 1 ~|skin.vs4|||~| type 1 200x200 at 200,200 with 0 and 0"},
-            Row{"a value that doesn't convert or fit is zero and not the default",
-                SkinText("Left=1,5 Top=2.5 ShapeCount=40000 ObjectCount=1e9 Type=one",
-                         "Width=wide Height=2147483648 "),
-                "skin 1 ~|skin.vs4|||~| type 0 0x0 at 0,2 with 0 and 0"},
-        }) {
+    for (const Row& row : {
+             Row{"every key",
+                 SkinText("Left=7 Top=8 Name=A Author=B Type=1 Playlist=other.vs4 ShapeCount=4 "
+                          "ObjectCount=5 [object1] enabled=1 type=12 [rgn1] enabled=1",
+                          "Width=3000 Height=1500 Graphic=back.gif "),
+                 "skin 1 ~|skin.vs4|A|B|~back.gif|~other.vs4 type 1 3000x1500 at 7,8 with 4 and 5"},
+             Row{"no key, as in a picture",
+                 std::string("\0\xFF\xFE picture\n[rgn1]\nenabled=1\n[object1]\nenabled=1\n", 47),
+                 "skin 1 ~|skin.vs4|||~| type 1 200x200 at 200,200 with 0 and 0"},
+             Row{"a value that doesn't convert or fit is zero and not the default",
+                 SkinText("Left=1,5 Top=2.5 ShapeCount=40000 ObjectCount=1e9 Type=one",
+                          "Width=wide Height=2147483648 "),
+                 "skin 1 ~|skin.vs4|||~| type 0 0x0 at 0,2 with 0 and 0"},
+         }) {
         SkinMachine at;
         at.directory.Put("back.gif", "picture");
         const Lines before = at.All();

@@ -24,8 +24,7 @@ struct CatalogueMachine : SkinMachine {
     }
     // The slot that shows, of how many, the window's width, and what the user was told.
     std::string Outcome() {
-        std::string text =
-            Joined(velora.CurrentSkin, " of ", velora.SkinCount, ", ", form.Width / 15);
+        auto text = Joined(velora.CurrentSkin, " of ", velora.SkinCount, ", ", form.Width / 15);
         for (const std::string& line : journal.Take())
             text += "; " + line;
         return Short(text);
@@ -51,8 +50,7 @@ const StartRow kStarts[] = {
     {"a count below zero is a catalogue", "LastSkin=1 Count=-1 [1] Filename=~a.vs4", "0 of 0, 389"},
     {"so is the largest, and an empty name is passed over",
      "LastSkin=1 Count=32767 [1] Filename= [9] Filename=~b.vs4", "1 of 1, 200"},
-    {"a count that doesn't fit is none", "LastSkin=7 Count=40000 [1] Filename=~a.vs4",
-     "1 of 1, 600"},
+    {"too large a count is none", "LastSkin=7 Count=40000 [1] Filename=~a.vs4", "1 of 1, 600"},
 };
 
 } // namespace

@@ -64,9 +64,8 @@ inline Lines FormText(const Form& form) {
     for (const PictureBox& box : form.picVolumeArray)
         steps += " " + NameOf(box.Picture);
     add(form.picVolumeArray[7], steps);
-    for (const Label* label : {&form.lblStatusLabel, &form.lblFilescroll, &form.Label1})
-        add(*label,
-            Joined(" ", label->FontPx, " ", std::hex, label->ForeColour, " ", label->Caption));
+    for (const Label* one : {&form.lblStatusLabel, &form.lblFilescroll, &form.Label1})
+        add(*one, Joined(" ", one->FontPx, " ", std::hex, one->ForeColour, " ", one->Caption));
     add(form.VFmp3scope1, "");
     for (const Shape& shape : form.shpPercent)
         add(shape, Joined(shape.Exists ? "" : " unmade", " form ", int(shape.Form), " ", std::hex,

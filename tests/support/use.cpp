@@ -12,8 +12,7 @@
 
 namespace {
 
-constexpr const char* kStates[] = {"Stopped", "Playing", "Paused", "SeekingForward",
-                                   "SeekingBackward"};
+const char* const kStates[] = {"Stopped", "Playing", "Paused", "SeekingForward", "SeekingBackward"};
 
 // How many facts are told in front of what was asked: the boxes' pictures and the capture.
 constexpr std::size_t kFirstFacts = std::size(Stage::kButtons) + 2;
@@ -59,8 +58,7 @@ Use::Use(int tracks) {
         {"in", [this](Value) { Point(m_control, 5, 5); }},
         {"shift", [this](Value) { m_keys ^= 1; }},
         {"ctrl", [this](Value) { m_keys ^= 2; }},
-        {"lost",
-         [this](Value) { Report(PointerKind::Lost, m_control, 0, 0, held = kNoButton, 0); }},
+        {"lost", [this](Value) { Report(PointerKind::Lost, m_control, 0, 0, held = 0, 0); }},
         {"file", [this](Value path) { dialogs.Files.push_back(TextFromBytes(path)); }},
         {"input", [this](Value text) { dialogs.Inputs.push_back(TextFromBytes(text)); }},
         {"menu", [this](Value name) { window.MenuChoice = name; }},
@@ -73,8 +71,7 @@ Use::Use(int tracks) {
         {"command", [this](Value line) { machine.Arguments = TextFromBytes(line); }},
         {"start", [this](Value) { Form_Load(velora); }},
         {"track", [=, this](Value index) { StartTrack(velora, number(index)); }},
-        {"tags",
-         [this](Value) { playerEvents.OnTagInfo(u"Moon", u"Tide", u"a", u"b", u"c", u"d"); }},
+        {"tags", [this](Value) { playerEvents.OnTagInfo(u"Moon", u"Tide", u"", u"", u"", u""); }},
         {"stream", [this](Value) { playerEvents.OnStreamInfo(320, 48000, 2); }},
         {"length", [=, this](Value ms) { playerEvents.OnTrackLength(number(ms)); }},
         {"at", [=, this](Value ms) { playerEvents.OnPosition(number(ms)); }},
@@ -95,8 +92,7 @@ std::string Use::NameOf(const PicturePtr& picture) const {
 void Use::Do(const std::string& deeds) {
     std::istringstream words(deeds);
     for (std::string word; words >> word;) {
-        const std::size_t colon = word.find(':'), comma = word.find(','),
-                          letter = "LRMS"s.find(word[1]);
+        const auto colon = word.find(':'), comma = word.find(','), letter = "LRMS"s.find(word[1]);
         if (const auto known = Words.find(word.substr(0, colon)); known != Words.end())
             known->second(word.substr(colon + 1));
         else if (comma != std::string::npos)
@@ -106,7 +102,7 @@ void Use::Do(const std::string& deeds) {
             loop.Wait(std::stod(word));
         else
             Report(word[0] == '+' ? PointerKind::Press : PointerKind::Release, m_control, m_x, m_y,
-                   static_cast<Integer>(1 << (letter % 4)), m_keys);
+                   Integer(1 << (letter % 4)), m_keys);
     }
 }
 
@@ -162,19 +158,19 @@ std::vector<std::string> Use::Facts() const {
         add(form.*button);
     facts << (capture.Active ? "held by " : "free") << (capture.Holder ? capture.Holder->Name : "")
           << "\n";
-    facts << kStates[static_cast<int>(velora.PlayerState)] << "\ntrack " << velora.CurrentTrack
-          << "\nseek " << velora.SeekOffset << "\nvolume " << form.lCurVol << "\nskin "
-          << velora.CurrentSkin << "\nlimit " << velora.MediaLimit << "\nentry "
-          << Utf8(last.Path + last.File) << " kind " << last.Type << " flag " << last.Flag
-          << "\ntags " << Utf8(velora.TrackTitle + u" " + velora.TrackArtist) << "\nrates "
+    facts << kStates[int(velora.PlayerState)] << "\ntrack " << velora.CurrentTrack << "\nseek "
+          << velora.SeekOffset << "\nvolume " << form.lCurVol << "\nskin " << velora.CurrentSkin
+          << "\nlimit " << velora.MediaLimit << "\nentry " << Utf8(last.Path + last.File)
+          << " kind " << last.Type << " flag " << last.Flag << "\ntags "
+          << Utf8(velora.TrackTitle + u" " + velora.TrackArtist) << "\nrates "
           << velora.TrackBitrate << " " << velora.TrackSampleRate << "\nin "
           << Utf8(machine.Current) << "\ncaption " << Utf8(form.Caption) << "\nstatus "
           << Utf8(form.lblStatusLabel.Caption) << "\ntitle "
           << Utf8(form.lblFilescroll.Caption.substr(0, 20)) << "\nlights "
           << std::ranges::count(form.shpPercent, kPassedColour, &Shape::FillColour)
-          << "\nwindow state " << static_cast<int>(form.State) << "\nscope "
-          << onOff(form.VFmp3scope1.Visible) << "\nlabels " << onOff(form.lblFilescroll.Visible)
-          << " and " << onOff(form.lblStatusLabel.Visible) << "\nblink backward "
+          << "\nwindow state " << int(form.State) << "\nscope " << onOff(form.VFmp3scope1.Visible)
+          << "\nlabels " << onOff(form.lblFilescroll.Visible) << " and "
+          << onOff(form.lblStatusLabel.Visible) << "\nblink backward "
           << onOff(form.tmrSeekBackward.Enabled) << "\nblink forward "
           << onOff(form.tmrSeekForward.Enabled) << "\nscroll "
           << onOff(form.tmrScrollFiletitle.Enabled) << "\n";

@@ -46,14 +46,14 @@ struct Stage : NullPlatform {
     /// Reports the pointer at a place of `control`, or of the form itself without one; `held` once
     /// it happened.
     void Report(PointerKind kind, const Control* control, int x, int y, Integer button,
-                Integer shift) {
-        if (kind == PointerKind::Press) held = static_cast<Integer>(held | button);
-        if (kind == PointerKind::Release) held = static_cast<Integer>(held & ~button);
+                Integer keys) {
+        if (kind == PointerKind::Press) held = Integer(held | button);
+        if (kind == PointerKind::Release) held = Integer(held & ~button);
         for (; control; control = control == &form.picBackground ? nullptr : &form.picBackground) {
-            x += static_cast<int>(control->Left);
-            y += static_cast<int>(control->Top);
+            x += int(control->Left);
+            y += int(control->Top);
         }
-        handlers.OnPointer({kind, x, y, button, held, shift});
+        handlers.OnPointer({kind, x, y, button, held, keys});
         window.Present();
     }
     void Click(const Control& control, Integer button = kLeftButton, Integer shift = 0) {

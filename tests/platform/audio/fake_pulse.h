@@ -123,14 +123,13 @@ struct FakePulse {
     std::string Journal;
 
     // What a test sets.
-    bool Deaf = false;    ///< The server never answers.
-    bool Slow = false;    ///< It takes no stream.
-    bool Mute = false;    ///< It answers no question.
-    bool Knows = true;    ///< Its answers are answers.
-    bool Refuses = false; ///< Every request fails at once.
-    bool Details = false; ///< The stream's buffer is noted.
-    std::int64_t RoomFrames =
-        -1; ///< How much it asks for, whatever is queued; -2: it doesn't tell.
+    bool Deaf = false;            ///< The server never answers.
+    bool Slow = false;            ///< It takes no stream.
+    bool Mute = false;            ///< It answers no question.
+    bool Knows = true;            ///< Its answers are answers.
+    bool Refuses = false;         ///< Every request fails at once.
+    bool Details = false;         ///< The stream's buffer is noted.
+    std::int64_t RoomFrames = -1; ///< How much it asks for if not -1; -2: it doesn't tell.
     bool Suspended = false;
     pa_context_state_t Context = PA_CONTEXT_UNCONNECTED;
     pa_stream_state_t Stream = PA_STREAM_UNCONNECTED;
@@ -179,54 +178,46 @@ FAKE(pa_usec_t, pa_rtclock_now, (), (), return static_cast<pa_usec_t>(fake->NowU
 FAKE(void, pa_operation_unref, (pa_operation * asked), (asked), --fake->Operations)
 
 FAKE(pa_context*, pa_context_new_with_proplist,
-     (pa_mainloop_api * loop, const char* name, const pa_proplist* p), (loop, name, p),
-     fake->Note("dial");
+     (pa_mainloop_api * l, const char* n, const pa_proplist* p), (l, n, p), fake->Note("dial");
      return reinterpret_cast<pa_context*>(fake))
 FAKE(int, pa_context_connect,
-     (pa_context * context, const char* server, pa_context_flags_t flags, const pa_spawn_api* api),
-     (context, server, flags, api), fake->Context = PA_CONTEXT_CONNECTING;
+     (pa_context * c, const char* name, pa_context_flags_t flags, const pa_spawn_api* api),
+     (c, name, flags, api), fake->Context = PA_CONTEXT_CONNECTING;
      return -fake->Refuses)
-FAKE(pa_context_state_t, pa_context_get_state, (const pa_context* context), (context),
-     return fake->Context)
-FAKE(void, pa_context_disconnect, (pa_context * context), (context), fake->Note("hangup"))
-FAKE(void, pa_context_unref, (pa_context * context), (context), fake->Note("forget"))
+FAKE(pa_context_state_t, pa_context_get_state, (const pa_context* c), (c), return fake->Context)
+FAKE(void, pa_context_disconnect, (pa_context * c), (c), fake->Note("hangup"))
+FAKE(void, pa_context_unref, (pa_context * c), (c), fake->Note("forget"))
 
 FAKE(pa_stream*, pa_stream_new_with_proplist,
-     (pa_context * context, const char* name, const pa_sample_spec* spec, const pa_channel_map* map,
+     (pa_context * c, const char* name, const pa_sample_spec* spec, const pa_channel_map* m,
       pa_proplist* p),
-     (context, name, spec, map, p), return fake->Open(name, *spec))
+     (c, name, spec, m, p), return fake->Open(name, *spec))
 FAKE(int, pa_stream_connect_playback,
-     (pa_stream * stream, const char* device, const pa_buffer_attr* buffer, pa_stream_flags_t flags,
+     (pa_stream * s, const char* d, const pa_buffer_attr* buffer, pa_stream_flags_t flags,
       const pa_cvolume* volume, pa_stream* other),
-     (stream, device, buffer, flags, volume, other), return fake->Connect(*buffer))
-FAKE(pa_stream_state_t, pa_stream_get_state, (const pa_stream* stream), (stream),
-     return fake->Stream)
-FAKE(std::size_t, pa_stream_writable_size, (const pa_stream* stream), (stream),
-     return fake->RoomBytes())
+     (s, d, buffer, flags, volume, other), return fake->Connect(*buffer))
+FAKE(pa_stream_state_t, pa_stream_get_state, (const pa_stream* s), (s), return fake->Stream)
+FAKE(std::size_t, pa_stream_writable_size, (const pa_stream* s), (s), return fake->RoomBytes())
 FAKE(int, pa_stream_write,
-     (pa_stream * stream, const void* samples, std::size_t bytes, pa_free_cb_t free,
-      std::int64_t offset, pa_seek_mode_t mode),
-     (stream, samples, bytes, free, offset, mode),
-     return fake->Write(static_cast<const std::int16_t*>(samples), bytes, offset))
-FAKE(pa_operation*, pa_stream_cork, (pa_stream * stream, int corked, Done call, void* who),
-     (stream, corked, call, who), return fake->Cork(corked))
-FAKE(pa_operation*, pa_stream_flush, (pa_stream * stream, Done call, void* who),
-     (stream, call, who), return fake->Flush())
-FAKE(pa_operation*, pa_stream_set_name,
-     (pa_stream * stream, const char* name, Done call, void* who), (stream, name, call, who),
-     return fake->Ask(std::string("name=") + name))
-FAKE(pa_operation*, pa_stream_update_timing_info, (pa_stream * stream, Done call, void* who),
-     (stream, call, who), return fake->AskTiming(call, who))
-FAKE(const pa_timing_info*, pa_stream_get_timing_info, (pa_stream * stream), (stream),
-     return &fake->Timing)
-FAKE(int, pa_stream_is_suspended, (const pa_stream* stream), (stream), return fake->Suspended)
-FAKE(const pa_sample_spec*, pa_stream_get_sample_spec, (pa_stream * stream), (stream),
-     return &fake->Spec)
-FAKE(void, pa_stream_set_suspended_callback, (pa_stream * stream, Told call, void* who),
-     (stream, call, who), fake->OnSuspended = call)
-FAKE(void, pa_stream_set_moved_callback, (pa_stream * stream, Told call, void* who),
-     (stream, call, who))
-FAKE(int, pa_stream_disconnect, (pa_stream * stream), (stream), return fake->Note("leave"))
-FAKE(void, pa_stream_unref, (pa_stream * stream), (stream), fake->Note("free"))
+     (pa_stream * s, const void* samples, std::size_t bytes, pa_free_cb_t f, std::int64_t at,
+      pa_seek_mode_t mode),
+     (s, samples, bytes, f, at, mode),
+     return fake->Write(static_cast<const std::int16_t*>(samples), bytes, at))
+FAKE(pa_operation*, pa_stream_cork, (pa_stream * s, int corked, Done call, void* who),
+     (s, corked, call, who), return fake->Cork(corked))
+FAKE(pa_operation*, pa_stream_flush, (pa_stream * s, Done call, void* who), (s, call, who),
+     return fake->Flush())
+FAKE(pa_operation*, pa_stream_set_name, (pa_stream * s, const char* name, Done call, void* who),
+     (s, name, call, who), return fake->Ask(std::string("name=") + name))
+FAKE(pa_operation*, pa_stream_update_timing_info, (pa_stream * s, Done call, void* who),
+     (s, call, who), return fake->AskTiming(call, who))
+FAKE(const pa_timing_info*, pa_stream_get_timing_info, (pa_stream * s), (s), return &fake->Timing)
+FAKE(int, pa_stream_is_suspended, (const pa_stream* s), (s), return fake->Suspended)
+FAKE(const pa_sample_spec*, pa_stream_get_sample_spec, (pa_stream * s), (s), return &fake->Spec)
+FAKE(void, pa_stream_set_suspended_callback, (pa_stream * s, Told call, void* who), (s, call, who),
+     fake->OnSuspended = call)
+FAKE(void, pa_stream_set_moved_callback, (pa_stream * s, Told call, void* who), (s, call, who))
+FAKE(int, pa_stream_disconnect, (pa_stream * s), (s), return fake->Note("leave"))
+FAKE(void, pa_stream_unref, (pa_stream * s), (s), fake->Note("free"))
 
 } // extern "C"

@@ -28,12 +28,12 @@ bool WaitUntil(const std::function<bool()>& done) {
 }
 
 std::string MediaMaker::Encode(const std::string& encoder, int rateHz, int channels, int ms) const {
-    Samples16 samples(static_cast<std::size_t>(rateHz / 10 * ms / 100 * channels));
+    Samples16 samples(std::size_t(rateHz / 10 * ms / 100 * channels));
     std::uint32_t state = 12345;
     int smooth = 0;
     for (std::int16_t& sample : samples) {
         state = state * 1664525 + 1013904223;
-        smooth = (smooth * 3 + static_cast<int>(state >> 17) - 16384) / 4;
+        smooth = (smooth * 3 + int(state >> 17) - 16384) / 4;
         sample = static_cast<std::int16_t>(smooth);
     }
     const std::string wave = m_files.Path("encode.wav");
@@ -47,8 +47,7 @@ std::string MediaMaker::Encode(const std::string& encoder, int rateHz, int chann
 Samples16 DecodeAll(const Text& path) {
     const std::atomic<bool> quit{false};
     Samples16 all;
-    const std::unique_ptr<MpegDecoder> decoder =
-        MpegDecoder::Open(OpenForReading(TextView(path)), &quit);
+    const auto decoder = MpegDecoder::Open(OpenForReading(TextView(path)), &quit);
     for (Samples16 part(1); decoder && !part.empty();
          all.insert(all.end(), part.begin(), part.end()))
         decoder->Decode(20000, part);

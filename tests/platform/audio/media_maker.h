@@ -23,8 +23,7 @@ public:
 
     /// Noise of `ms` milliseconds, the same in each run, encoded by `lame` with these arguments.
     /// The bytes of the file; none, and a failure of the test, if there are none.
-    [[nodiscard]] std::string Encode(const std::string& encoder, int rateHz, int channels,
-                                     int ms) const;
+    [[nodiscard]] std::string Encode(const std::string& by, int rateHz, int channels, int ms) const;
 
     /// Writes a file and gives the system's text for its path.
     Text Write(const std::string& name, const std::string& bytes) const {

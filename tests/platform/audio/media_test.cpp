@@ -33,15 +33,13 @@ protected:
     static std::string Big(std::size_t number, int bits = 8) {
         std::string bytes;
         for (int at = 3; at >= 0; --at)
-            bytes += static_cast<char>(number >> bits * at & ((1U << bits) - 1));
+            bytes += char(number >> bits * at & ((1U << bits) - 1));
         return bytes;
     }
     // The song behind a copy of its first frame, which has `tag` so many bytes from its beginning,
     // and junk.
-    static std::string Tagged(const std::string& tag, std::size_t offset = 36,
-                              std::size_t junk = 0) {
-        return kSong.substr(0, 417).replace(offset, tag.size(), tag) + std::string(junk, 'x') +
-               kSong;
+    static std::string Tagged(const std::string& tag, std::size_t at = 36, std::size_t junk = 0) {
+        return kSong.substr(0, 417).replace(at, tag.size(), tag) + std::string(junk, 'x') + kSong;
     }
     // What an encoder tells: MPEG frames and bytes.
     static std::string Xing(std::size_t frames, std::size_t bytes) {
@@ -128,26 +126,21 @@ TEST_F(MediaTest, EveryFileTellsWhatItIsAndHowLongItIsHeard) {
         {"other formats", kSong + Seed("low.mp3") + Seed("two.mp2"),
          "44100x2 128k scans 241344 hears 266450"},
         // What an encoder says of the whole file.
-        {"a constant rate", Tagged("Info" + Big(3) + Big(200) + Big(86596)),
-         "44100x2 128k says 229871"},
+        {"constant", Tagged("Info" + Big(3) + Big(200) + Big(86596)), "44100x2 128k says 229871"},
         {"the average of a varying rate", Tagged(Xing(200, 86596)), "44100x2 133k says 229871"},
-        {"unknown bytes", Tagged("Xing" + Big(1) + Big(200) + Big(99999)),
-         "44100x2 128k says 229871"},
+        {"no bytes", Tagged("Xing" + Big(1) + Big(200) + Big(99999)), "44100x2 128k says 229871"},
         {"unknown frames", Tagged("Xing" + Big(2) + Big(83817)), "44100x2 128k scans 230400"},
         {"VBRI: its rate only", Tagged("VBRI\0\1abcd"s + Big(86596) + Big(200)),
          "44100x2 133k scans 231552"},
-        {"a longest frame before", Tagged(Xing(200, 0), 36, 2464),
-         "44100x2 128k says 238359 hears 230400"},
+        {"a frame before", Tagged(Xing(200, 0), 36, 2464), "44100x2 128k says 238359 hears 230400"},
         {"further before", Tagged(Xing(200, 0), 36, 2465), "44100x2 128k scans 230400"},
         {"no frames", Tagged(Xing(0, 0)).substr(0, 4170), "44100x2 128k scans 10368"},
-        {"most frames that can be", Tagged(Xing(3492, 0)),
-         "44100x2 128k says 4022255 hears 229871"},
+        {"most frames can be", Tagged(Xing(3492, 0)), "44100x2 128k says 4022255 hears 229871"},
         {"more than can be", Tagged(Xing(3493, 0)), "44100x2 128k scans 230400 hears 229871"},
         {"fewest frames that can be", Tagged(Xing(14, 0)), "44100x2 128k says 15599 hears 229871"},
         {"fewer than can be", Tagged(Xing(13, 0)), "44100x2 128k scans 230400 hears 229871"},
         {"cut by a frame", Tagged(Xing(200, 83817 + 2881)), "44100x2 133k says 229871"},
-        {"cut by more", Title("Cut") + Tagged(Xing(200, 83817 + 2882)),
-         "44100x2 128k scans 229871|Cut"},
+        {"more", Title("Cut") + Tagged(Xing(200, 83817 + 2882)), "44100x2 128k scans 229871|Cut"},
         {"a tail of other tags", Tagged(Xing(200, 7804)), "44100x2 12k says 229871"},
         {"a longer tail", Tagged(Xing(200, 7803)), "44100x2 128k scans 229871"},
         {"junk in front", std::string(3000, 'U') + kSong, "44100x2 128k scans 230400"},
@@ -179,14 +172,12 @@ TEST_F(MediaTest, TagsOfEveryKindGiveTheirTexts) {
         {"a date", Tag(Field("TDRC", "Date")), "||||Date"},
         {"two in one field", Title("Moon\0Second"s), "|Moon"},
         {"the first comment that isn't empty", Tag(comments), "|||||One"},
-        {"one without a name before it", Tag(comments + Field("COMM", "eng\0Three"s)),
-         "|||||Three"},
+        {"one without a name first", Tag(comments + Field("COMM", "eng\0Three"s)), "|||||Three"},
         {"cut between two halves", Title(std::string(65535, 'M') + "\U00010000"), "|65535"},
         {"cut behind both", Title(std::string(65534, 'M') + "\U00010000+"), "|65536"},
         {"16 MiB are read", Tag(big.substr(0, big.size() - 1)), "|Big"},
         {"one byte more isn't, nor another behind it", Tag(big) + Tag(big), ""},
-        {"a footer has its size, too", Tag(big.substr(0, big.size() - 10), '\x10') + "3DI1234567",
-         ""},
+        {"a footer counts, too", Tag(big.substr(0, big.size() - 10), '\x10') + "3DI1234567", ""},
     };
     // The old kind of tag stands behind, and fills in what the new one lacks; one of these has
     // nothing.
@@ -210,8 +201,7 @@ TEST_F(MediaTest, ARelativePathIsLookedForInTheDirectoriesInTheirOrderAndThenAsI
     };
     for (const auto& [path, asked] : rows) {
         Start(path, Seed("mono.mp3"), 2);
-        EXPECT_TRUE(
-            WaitUntil([&] { return m_session.use_count() == 1 || m_session->TakeChunk(); }));
+        EXPECT_TRUE(WaitUntil([&] { return m_session.use_count() < 2 || m_session->TakeChunk(); }));
         End();
         EXPECT_EQ(m_asked, asked);
     }

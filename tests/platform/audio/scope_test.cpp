@@ -19,7 +19,7 @@ protected:
         frame.AtMs = atMs;
         double turns = 1 / 6.0;
         for (float& sample : frame.Samples) {
-            sample = static_cast<float>(amplitude * std::cos(2 * std::numbers::pi * turns));
+            sample = float(amplitude * std::cos(2 * std::numbers::pi * turns));
             turns += line / double{SampleFrame::kCount};
         }
         Long number = m_ring.Put(frame);

@@ -46,13 +46,12 @@ protected:
 
 TEST_F(QtDialogsTest, AMessageHasTheAnswerThatWasGivenAndKeepsTheWindowFromClosing) {
     using enum MessageAnswer;
-    const auto ask = [&](MessageButtons buttons, MessageIcon icon, int button,
-                         MessageAnswer expected) {
+    const auto ask = [&](MessageButtons buttons, MessageIcon icon, int button, auto answer) {
         QString shown;
         m_form.Caption = buttons == MessageButtons::Ok ? u"one" : u"two";
         WhenUp<QMessageBox>([&](QMessageBox& box) {
-            shown = box.windowTitle() + "|" + box.text() +
-                    (box.textFormat() == Qt::PlainText ? "|" : "|rich") +
+            shown = box.windowTitle() + "|" + box.text() + "|" +
+                    (box.textFormat() == Qt::PlainText ? "" : "rich") +
                     QString::number(box.icon()) +
                     (box.parentWidget() == &m_window ? "|before " + m_window.windowHandle()->title()
                                                      : "") +
@@ -62,7 +61,7 @@ TEST_F(QtDialogsTest, AMessageHasTheAnswerThatWasGivenAndKeepsTheWindowFromClosi
             EXPECT_FALSE(m_window.close());
             button < 0 ? box.reject() : box.buttons().at(button)->click();
         });
-        EXPECT_EQ(m_dialogs.MessageBox(u"<b>Hi", buttons, icon), expected);
+        EXPECT_EQ(m_dialogs.MessageBox(u"<b>Hi", buttons, icon), answer);
         return shown.toStdString();
     };
     m_window.ShowFirst();
@@ -129,9 +128,9 @@ TEST_F(QtDialogsTest, ALateSelectionALateKeyAndAQuestionWithinAQuestionDoNoHarm)
         Name().setText("some/a.mp3");
         auto& view = *m_chooser->findChild<QAbstractItemView*>("listView");
         auto& model = *qobject_cast<QFileSystemModel*>(view.model());
+        using enum QItemSelectionModel::SelectionFlag;
         view.selectionModel()->select(model.index(QDir::home().filePath("some")),
-                                      QItemSelectionModel::ClearAndSelect |
-                                          QItemSelectionModel::Rows);
+                                      ClearAndSelect | Rows);
         proposals->show();
         Enter("some/a.mp3");
         further = Choose([&] { m_chooser->reject(); });

@@ -11,17 +11,16 @@
 
 /// A picture of one row, a pixel for each colour.
 inline PicturePtr Dots(const std::vector<QColor>& row) {
-    QImage image(static_cast<int>(row.size()), 1, QImage::Format_ARGB32_Premultiplied);
+    QImage image(int(row.size()), 1, QImage::Format_ARGB32_Premultiplied);
     for (int x = 0; x < image.width(); ++x)
-        image.setPixelColor(x, 0, row[static_cast<std::size_t>(x)]);
+        image.setPixelColor(x, 0, row[std::size_t(x)]);
     return std::make_shared<QtPicture>(image);
 }
 
 inline std::string RectsOf(const QRegion& region) {
     QString text;
-    for (const QRect& rect : region)
-        text +=
-            QString::asprintf(" [%d,%d %dx%d]", rect.x(), rect.y(), rect.width(), rect.height());
+    for (const QRect& r : region)
+        text += QString::asprintf(" [%d,%d %dx%d]", r.x(), r.y(), r.width(), r.height());
     return text.toStdString();
 }
 
@@ -36,9 +35,8 @@ protected:
 
     void OnPointer(const PointerEvent& event) override {
         const char* kinds[] = {"press", "move", "release", "lost"};
-        Note(QString::asprintf("%s %d,%d button %d held %d keys %d",
-                               kinds[static_cast<int>(event.Kind)], event.XPx, event.YPx,
-                               event.Button, event.Held, event.Shift));
+        Note(QString::asprintf("%s %d,%d button %d held %d keys %d", kinds[int(event.Kind)],
+                               event.XPx, event.YPx, event.Button, event.Held, event.Shift));
     }
     void OnTimer(const Timer& timer) override { m_ticked(timer); }
     void OnClose() override { Note("close"); }

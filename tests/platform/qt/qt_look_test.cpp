@@ -75,9 +75,8 @@ TEST(QtLook, ReadsTheFilesOfTheDesktop) {
         {true, "[General]\nfont=Noto Sans,-1,12,5,50,0,0,0,0,0\n", "? none"},
         {false, "[Settings]\ngtk-theme-name=Slate\ngtk-font-name=Cantarell, 10\n",
          "light Cantarell|10|400"},
-        {false, "[Settings]\ngtk-application-prefer-dark-theme=1\ngtk-theme-name=Slate\n",
-         "dark none"},
-        {false, "[Settings]\ngtk-application-prefer-dark-theme=0\ngtk-theme-name=Slate-dark\n",
+        {false, "[Settings]\ngtk-application-prefer-dark-theme=1\ngtk-theme-name=S\n", "dark none"},
+        {false, "[Settings]\ngtk-application-prefer-dark-theme=0\ngtk-theme-name=-dark",
          "dark none"},
     };
     for (const auto& row : rows) {
@@ -98,8 +97,7 @@ TEST(QtLook, FollowsTheFilesWhereNoPortalTellsMore) {
         return colours;
     };
     QtLook look;
-    home.Put("gtk-3.0/settings.ini",
-             "[Settings]\ngtk-theme-name=Slate-dark\ngtk-font-name=Sans 12\n");
+    home.Put("gtk-3.0/settings.ini", "[Settings]\ngtk-theme-name=S-dark\ngtk-font-name=Sans 12\n");
     look.Follow();
     EXPECT_EQ(shown(QApplication::palette()),
               "#eeeeee#808080#3a3a3a#3a3a3a#575757#575757#484848#484848#1d1d1d#1d1d1d#272727#272727"

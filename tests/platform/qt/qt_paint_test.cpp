@@ -36,7 +36,7 @@ protected:
     void Scope(Long widthPx, Long heightPx) {
         Place(m_form.VFmp3scope1, 2, 1, widthPx, heightPx);
         for (std::size_t band = 0; band < ScopeBars::kCount; ++band) {
-            const float share = static_cast<float>(band) / ScopeBars::kCount;
+            const float share = float(band) / ScopeBars::kCount;
             m_form.VFmp3scope1.Bars.Level[band] = share;
             m_form.VFmp3scope1.Bars.Peak[band] = 1 - share;
         }
@@ -70,8 +70,7 @@ char Letter(QColor colour) {
                                                {Qt::blue, 'B'}};
     for (const auto& [known, letter] : letters)
         if (colour == QColor(known)) return letter;
-    return colour.green() == 0 && colour.blue() == 0 ? static_cast<char>('1' + colour.red() / 64)
-                                                     : '?';
+    return colour.green() == 0 && colour.blue() == 0 ? char('1' + colour.red() / 64) : '?';
 }
 
 std::string Letters(const QImage& image, QRect part) {
@@ -102,7 +101,7 @@ TEST_F(Paint, PicturesLieOnTheBlackSurfaceAtEachScaleAndOnlyTheDamageIsPainted) 
 
 TEST_F(Paint, LightsHaveTheirBorderInsideTheirForm) {
     for (int index = 0; index < 6; ++index) {
-        Shape& light = m_form.shpPercent[static_cast<std::size_t>(index + 1)];
+        Shape& light = m_form.shpPercent[std::size_t(index + 1)];
         light.Exists = true;
         light.Form = static_cast<ShapeForm>(index);
         light.FillColour = 0x123456;
@@ -171,5 +170,5 @@ TEST_F(Paint, ATextIsOneLineFromTheLeftWithoutControlCharacters) {
     for (const auto& [text, same] : rows)
         EXPECT_EQ(Write(text), Write(same)) << QString::fromStdU16String(text).toStdString();
     for (const char16_t seen : {u'!', u'~', u'\u00A1'})
-        EXPECT_NE(Write(Text(u"a") + seen), Write(u"a")) << static_cast<int>(seen);
+        EXPECT_NE(Write(Text(u"a") + seen), Write(u"a")) << int(seen);
 }

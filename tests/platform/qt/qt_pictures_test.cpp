@@ -10,11 +10,9 @@ namespace {
 using namespace std::string_literals;
 
 // 2 by 1 pixels.
-const std::string kGif =
-    "GIF89a\2\0\1\0\x80\0\0\xFF\0\0\0\xFF\0,\0\0\0\0\2\0\1\0\0\2\2\x44\x0A\0;"s;
+const auto kGif = "GIF89a\2\0\1\0\x80\0\0\xFF\0\0\0\xFF\0,\0\0\0\0\2\0\1\0\0\2\2D\n\0;"s;
 
-std::string Encoded(int widthPx, int heightPx, const char* format,
-                    QColor colour = QColor(200, 100, 50)) {
+std::string Encoded(int widthPx, int heightPx, const char* format, QColor colour = {200, 100, 50}) {
     QImage image(widthPx, heightPx, widthPx < 1000 ? QImage::Format_RGB32 : QImage::Format_Mono);
     image.fill(widthPx < 1000 ? colour : Qt::color1);
     QByteArray bytes;
@@ -48,15 +46,13 @@ protected:
 } // namespace
 
 TEST_F(QtPicturesTest, TheFirstBytesDecideTheFormatAndOfAnIconTheLargestImageCounts) {
-    const std::string small = Encoded(3, 3, "png", Qt::red),
-                      large = Encoded(9, 9, "png", Qt::green);
-    const auto entry = [](char sizePx, const std::string& image, std::size_t at) {
-        return std::string{sizePx, sizePx} + "\0\0\1\0\x20\0"s + static_cast<char>(image.size()) +
-               "\0\0\0"s + static_cast<char>(at) + "\0\0\0"s;
+    const auto small = Encoded(3, 3, "png", Qt::red), large = Encoded(9, 9, "png", Qt::green);
+    const auto row = [](char sizePx, const std::string& image, std::size_t at) {
+        return std::string{sizePx, sizePx} + "\0\0\1\0\x20\0"s + char(image.size()) + "\0\0\0"s +
+               char(at) + "\0\0\0"s;
     };
-    const std::string icon = "\0\0\1\0\3\0"s + entry(3, small, 54) +
-                             entry(9, large, 54 + small.size()) + entry(3, small, 54) + small +
-                             large;
+    const std::string icon = "\0\0\1\0\3\0"s + row(3, small, 54) +
+                             row(9, large, 54 + small.size()) + row(3, small, 54) + small + large;
     const std::pair<std::string, const char*> rows[] = {
         {Encoded(12, 7, "bmp"), "12x7 #c86432"},
         {Encoded(12, 7, "png"), "12x7 #c86432"},
@@ -80,8 +76,7 @@ TEST_F(QtPicturesTest, TwoLoadsAreTwoPicturesOfTheSamePixelsUntilTheFileChanges)
     EXPECT_NE(first, second);
     EXPECT_EQ(key(first), key(second));
     first.reset();
-    EXPECT_EQ(key(m_pictures.LoadPicture(path)), key(second))
-        << "the second stands in for the first";
+    EXPECT_EQ(key(m_pictures.LoadPicture(path)), key(second)) << "the second stands in";
     m_temp.Put("twin", Encoded(4, 3, "png"));
     EXPECT_EQ(Described(m_pictures.LoadPicture(path)), "4x3 #c86432");
 }
