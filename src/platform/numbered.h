@@ -7,12 +7,12 @@
 
 #include "platform/numbers.h"
 
-/// The elements 1 to `Last`. Element 0 stands before them and isn't one of them: it stays empty,
-/// or it is the pattern of a control array.
+/// The elements 1 to `Last`. Element 0 stands before them and isn't one of them: it stays empty, or
+/// it is the pattern of a control array.
 ///
 /// A number may be any that a file states: one outside 0 to `Last` gives element 0. So a look at an
-/// element that isn't there finds an empty one; before a write `Has` is asked, unless the number
-/// is known to be right.
+/// element that isn't there finds an empty one; before a write `Has` is asked, unless the number is
+/// known to be right.
 template<typename Element, Integer Last>
 class Numbered {
 public:

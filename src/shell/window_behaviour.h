@@ -11,8 +11,7 @@ void ResetObjects(Form& form);
 /// No picture, not visible.
 void ClearObject(PictureBox& box);
 
-/// Lets the window follow the pointer until `button` is up. Afterwards no control has the
-/// mouse.
+/// Lets the window follow the pointer until `button` is up. Afterwards no control has the mouse.
 void DragWindow(Velora& velora, Integer button);
 
 /// The left button moves the window, any other pops up the menu.

@@ -1,5 +1,5 @@
-// What a screen reader is told of the form: from the same records that are shown, with the names
-// of the table of controls.
+// What a screen reader is told of the form: from the same records that are shown, with the names of
+// the table of controls.
 #pragma once
 
 #include <string_view>

@@ -18,8 +18,8 @@
 /// late ticks merge into one.
 class TimerSchedule {
 public:
-    /// The time of the next tick, at or after `nowMs`; nothing while no timer can act, which
-    /// spares the process the wake-up.
+    /// The time of the next tick, at or after `nowMs`; nothing while no timer can act, which spares
+    /// the process the wake-up.
     [[nodiscard]] std::optional<std::int64_t> NextDue(const Form& form, std::int64_t nowMs);
 
     /// A timer whose tick is due at `nowMs`, now counted as ticked; the null pointer if there is

@@ -1,5 +1,5 @@
-// The steps of the volume: which place means which, and what each sends. They stand at 80, 70,
-// ... 20.
+// The steps of the volume: which place means which, and what each sends. They stand at 80, 70, ...
+// 20.
 #include "playback/volume.h"
 
 #include "support/use.h"

@@ -93,8 +93,8 @@ TEST(Companion, IsLoadedAnewAsLongAsASlotIsFreeAndThenTakenFromItsLatestSlot) {
          {Row{"a", 1, 0, "2 of 2, 200 play"}, Row{"a", 14, 1, "15 of 15, 100 stop"},
           Row{"a", 15, 2, "14 of 15, 200 stop"}, Row{"a", 16, 3, "15 of 15, 100 stop"},
           Row{"c", 1, 0, "2 of 2, 200 play"},
-          // A file is the same in another spelling, one that isn't loaded has no slot, and
-          // without a companion or with one of another type nothing happens.
+          // A file is the same in another spelling, one that isn't loaded has no slot, and without
+          // a companion or with one of another type nothing happens.
           Row{"b" + std::string(13, 'c') + "a", 1, 4, "1 of 15, 200 stop"},
           Row{std::string(15, 'a'), 1, 0, "15 of 15, 100 own"}, Row{"", 1, 0, "0 of 0, 389 own"},
           Row{"d", 1, 0, "1 of 2, 400 own"}}) {

@@ -186,9 +186,10 @@ void QtAccessibility::AnnounceChanges() {
     auto* itself = dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&m_window));
     if (!itself) return;
     for (const AccessibleControl& now : m_told) {
-        const auto old = std::find_if(before.begin(), before.end(), [&](const AccessibleControl& each) {
-            return each.ControlName == now.ControlName;
-        });
+        const auto old =
+            std::find_if(before.begin(), before.end(), [&](const AccessibleControl& each) {
+                return each.ControlName == now.ControlName;
+            });
         QAccessibleInterface* control = itself->InterfaceOf(now);
         if (old == before.end() || old->Name != now.Name) {
             QAccessibleEvent event(control, QAccessible::NameChanged);

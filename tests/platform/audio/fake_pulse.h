@@ -12,8 +12,7 @@
 #include <vector>
 
 /// Nothing happens at the server before `Answer`. All that it is told stands in the journal, by the
-/// clock:
-/// "@200" is the 200th millisecond, "@200+" a bit more.
+/// clock: "@200" is the 200th millisecond, "@200+" a bit more.
 struct FakePulse {
     FakePulse() { Present = this; }
     ~FakePulse() { Present = nullptr; }

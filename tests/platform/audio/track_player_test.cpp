@@ -363,6 +363,7 @@ const Row kRows[] = {
     {"AHoldBeforeTheNewPlaceIsQueuedStaysHeld",
      "play=300 room=0 seek=3 pump pause run=100 pause run=100 room=-1 run=300",
      "@300 find=6600 drop cork ask @400 ask @500 w=6601..7300 uncork @540 ask @600 ask p3400"},
+    {"ARestingStreamThatDiesGoes", "play=100 stop kills pump", "@100 drop leave free"},
     {"ANewTrackDoesNotWaitForTheOldOnesServer", "play=300 kills pump stop due start facts run=250",
      "@300 leave free due=never quit open=file.mp3 facts @340 ask @500 ask p200"},
     {"NothingOfATrackIsLeftForTheNext",

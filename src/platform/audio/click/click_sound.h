@@ -21,8 +21,8 @@ public:
     void Prepare(const Text& path);
 
     /// Plays the file and returns when it has been heard, at the latest after one second; a longer
-    /// sound goes on beyond that. False if it can't be played: no sound in the file, no server,
-    /// or a server that isn't ready within a tenth of a second. The next call tries anew.
+    /// sound goes on beyond that. False if it can't be played: no sound in the file, no server, or
+    /// a server that isn't ready within a tenth of a second. The next call tries anew.
     [[nodiscard]] bool PlayAndWait(const Text& path);
 
 private:

@@ -9,7 +9,7 @@
 
 #include "platform/audio/bell.h"
 #include "platform/audio/player/audio_command.h"
-#include "platform/audio/player/audio_player.h"
+#include "platform/audio/player/audio_settings.h"
 #include "platform/audio/player/event_relay.h"
 
 /// Starts the thread, which sleeps until a command comes or the sound needs something. Without a

@@ -5,21 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "platform/audio/decode/track_source.h"
+#include "platform/audio/player/audio_settings.h"
 #include "platform/audio/scope/sample_ring.h"
 #include "platform/loop.h"
 #include "platform/player.h"
 
 class AudioEngine;
 class EventRelay;
-
-/// What a test changes about the player; the program takes it as it is.
-struct AudioSettings {
-    MediaOpener Open = [](const Text& path) { return OpenForReading(TextView(path)); };
-    bool UseServer = true; ///< Without, everything plays on the silent clock.
-    std::string Server;    ///< A sound server's address; empty for the user's own.
-    double ClockSpeed = 1; ///< How much faster than real time the silent clock runs.
-};
 
 /// Every operation leaves a command for the player's own thread and returns; the caller never
 /// touches a file or a server. Events come back through the loop, one in each task.

@@ -24,8 +24,8 @@ public:
     /// Tags and stream. The other events need these facts.
     void TellFacts(const TrackFacts& facts);
     void TellLength(std::int64_t frames);
-    /// Tells that `frame` is heard, if it is time to. Of a track that has the length
-    /// `lengthFrames` the very end isn't told here.
+    /// Tells that `frame` is heard, if it is time to. Of a track that has the length `lengthFrames`
+    /// the very end isn't told here.
     void TellPlace(std::int64_t frame, std::int64_t lengthFrames, std::int64_t nowUs);
     /// The very end.
     void TellEnd(std::int64_t lengthFrames);
