@@ -95,10 +95,9 @@ TEST(Regions, HaveThePixelsOfTheirFormsAndCombineThem) {
         }
         const Long dest = random() % 9, first = random() % 9, second = random() % 9,
                    mode = random() % 8;
-        const auto known = [](Long handle) { return handle >= 1 && handle <= 6; };
-        const bool possible =
-            known(dest) && known(first) && known(second) && mode >= 1 && mode <= 5;
         const auto held = FindRegion(table, dest);
+        const bool possible =
+            held && FindRegion(table, first) && FindRegion(table, second) && mode >= 1 && mode <= 5;
         const Region before = held ? *held : Region();
         CombineRgn(table, dest, first, second, mode == 7 ? -1 : mode);
         EXPECT_TRUE(!held || *held == before) << "a region that a window holds stays as it was";
