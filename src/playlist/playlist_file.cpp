@@ -20,8 +20,9 @@ std::string_view TrimByteBlanks(std::string_view bytes) {
     return Trimmed(bytes, std::string_view(" "));
 }
 
-std::string_view TrimLineEnds(std::string_view line) {
-    return Trimmed(line, std::string_view("\r\n"));
+// A line that has been taken holds no line feed, but carriage returns can stand at its ends.
+std::string_view WithoutReturns(std::string_view line) {
+    return Trimmed(line, std::string_view("\r"));
 }
 
 // How many bytes the last character takes, in a line that is UTF-8 or isn't.
@@ -88,7 +89,7 @@ std::optional<std::string_view> PlaylistLines::Next() {
     while (m_at < m_end) {
         if (!HoldsLineFeed()) {
             if (m_end - m_at < 2) return std::nullopt;
-            return TrimLineEnds(TakeLastLine());
+            return WithoutReturns(TakeLastLine());
         }
         if (EndsLine(m_text[m_at])) {
             ++m_at;
@@ -99,7 +100,7 @@ std::optional<std::string_view> PlaylistLines::Next() {
             const auto behindFirst = TextBetween(rest, rest.front(), kLineFeed);
             const std::size_t length = 1 + behindFirst.value_or(std::string_view()).size();
             m_at += length;
-            return TrimLineEnds(rest.substr(0, length));
+            return WithoutReturns(rest.substr(0, length));
         }
     }
     return std::nullopt;

@@ -85,10 +85,10 @@ TEST(Buttons, OthersInOtherStates) {
         {"eject starts the file, here one that the list has", "track:1",
          "picEject file:\\music\\2_X.MP3 +L -L",
          ask + ", Stop, TrackFile 2_x.mp3, Play, track 2, in \\music, title 2_x ... "},
-        {"eject with a key asks for a playlist and for its name", "",
-         "picEject ctrl file:\\lists\\l.m3u +L -L",
-         "click, over picEject1, ChooseFile Select Playlist ..., InputBox Velora: Name of "
-         "playlist:, in \\lists"},
+        {"eject with a key asks for a playlist and its name; each box takes the mouse", "",
+         "picEject ctrl file:\\lists\\l.m3u +L later:picPause&+L -L",
+         "picPause picPause2, click, over picEject1, ChooseFile Select Playlist ..., "
+         "InputBox Velora: Name of playlist:, in \\lists"},
         {"with shift, too; that dialog takes the mouse from a button that is still held", "",
          "picEject +L +R shift -L | -R",
          "click, over picEject1, ChooseFile Select Playlist ... | "},

@@ -46,7 +46,9 @@ TEST(LoadSkin, AMissingFileIsToldAndASixteenthSkinIsRefusedInSilence) {
 TEST(LoadSkin, ASkinNamedWithoutADirectoryHasABackslashForOne) {
     const WorkingDirectory here;
     SkinMachine at;
-    here.Put("bare.vs4", "");
+    here.Put("bare.vs4", SkinText("ObjectCount=1 [object1] enabled=1 type=1"));
     EXPECT_EQ(LoadSkinFile(at.velora, u"bare.vs4"), 1);
     EXPECT_EQ(at.velora.Skins[1].Directory + u"|" + at.velora.Skins[1].FileName, u"\\|bare.vs4");
+    ApplySkin(at.velora, 1);
+    EXPECT_FALSE(at.form.picPlay.Visible) << "no file isn't the root, even if that holds files";
 }

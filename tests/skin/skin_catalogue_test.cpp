@@ -74,8 +74,8 @@ TEST(Catalogue, WithoutTheDefaultSkinTheUserMayChooseOne) {
     chosen.dialogs.Answers = {MessageAnswer::Yes};
     chosen.dialogs.Files = {chosen.directory.PathText("b.vs4")};
     chosen.velora.Capture.Active = true;
+    chosen.dialogs.WhileOpen = [&] { EXPECT_FALSE(chosen.velora.Capture.Active); };
     LoadSkinCatalogue(chosen.velora);
-    EXPECT_FALSE(chosen.velora.Capture.Active);
     EXPECT_EQ(chosen.dialogs.LastDirectory, chosen.machine.Directory + u"\\VELORA_MAIN");
     EXPECT_THROW(LoadSkinCatalogue(refused.velora), ProcessEnded);
     const std::string question = "Question Unable to locate skin, find yourself?; ";
