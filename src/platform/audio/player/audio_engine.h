@@ -11,6 +11,7 @@
 #include "platform/audio/player/audio_command.h"
 #include "platform/audio/player/audio_settings.h"
 #include "platform/audio/player/event_relay.h"
+#include "platform/audio/scope/sample_ring.h"
 
 /// Starts the thread, which sleeps until a command comes or the sound needs something. Without a
 /// thread or a loop, which the system may refuse, commands do nothing.
