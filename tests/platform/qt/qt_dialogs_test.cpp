@@ -131,7 +131,8 @@ TEST_F(QtDialogsTest, ALateSelectionALateKeyAndAQuestionWithinAQuestionDoNoHarm)
     const Text chosen = Choose([&] {
         proposals = Name().completer()->popup();
         // While the field has the focus a selection doesn't write its name there.
-        QApplication::setActiveWindow(m_chooser);
+        m_chooser->activateWindow();
+        m_loop.Turn();
         Name().setFocus();
         Name().setText("some/a.mp3");
         auto& view = *m_chooser->findChild<QAbstractItemView*>("listView");
