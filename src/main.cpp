@@ -68,15 +68,19 @@ struct Logic {
 };
 
 // A press from a screen reader, through the same door as the mouse's.
-void PressAt(FormHandlers& handlers, int xPx, int yPx) {
+// While a dialog blocks the window it is for nobody, as the mouse's would be.
+void PressAt(const QtWindow& window, FormHandlers& handlers, int xPx, int yPx) {
+    if (window.IsBlocked()) return;
     handlers.OnPointer({PointerKind::Press, xPx, yPx, kLeftButton, kLeftButton, 0});
     handlers.OnPointer({PointerKind::Release, xPx, yPx, kLeftButton, kNoButton, 0});
 }
 
 void LetScreenReadersIn(QtWindow& window, QtLoop& loop, Velora& velora, FormHandlers& handlers) {
-    window.Accessibility().Attach(
-        {[&] { return AccessibleControls(velora); },
-         [&](int xPx, int yPx) { loop.Post([&, xPx, yPx] { PressAt(handlers, xPx, yPx); }); }});
+    window.Accessibility().Attach({[&] { return AccessibleControls(velora); },
+                                   [&](int xPx, int yPx) {
+                                       loop.Post(
+                                           [&, xPx, yPx] { PressAt(window, handlers, xPx, yPx); });
+                                   }});
 }
 
 } // namespace

@@ -124,7 +124,7 @@ class Session:
         address = f"unix:path={self.directory}/bus"
         (self.directory / "bus.conf").write_text(BUS.format(address))
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = address
-        self.start("dbus-daemon", f"--config-file={self.directory}/bus.conf", "--nofork")
+        self.bus = self.start("dbus-daemon", f"--config-file={self.directory}/bus.conf", "--nofork")
         wait_for("the bus", (self.directory / "bus").exists)
         self.start("/usr/libexec/at-spi-bus-launcher")
         wait_for("the bus of assistive technology", lambda: succeeds(

@@ -116,11 +116,17 @@ PortalAnswer PortalRequest::Ask(const FileQuestion& question) {
     qDBusRegisterMetaType<PortalFilter>();
     qDBusRegisterMetaType<QList<PortalFilter>>();
 
-    const QDBusConnection bus = QDBusConnection::sessionBus();
+    QDBusConnection bus = QDBusConnection::sessionBus();
     QDBusServiceWatcher life(QString::fromLatin1(kPortalService), bus,
-                             QDBusServiceWatcher::WatchForUnregistration);
-    connect(&life, &QDBusServiceWatcher::serviceUnregistered, this,
-            [this] { Finish(PortalOutcome::NoPortal); });
+                             QDBusServiceWatcher::WatchForOwnerChange);
+    // Of a portal that another one has replaced no answer will come. One may be started for us.
+    connect(&life, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString&, const QString& before) {
+                if (!before.isEmpty()) Finish(PortalOutcome::NoPortal);
+            });
+    bus.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
+                QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"), this,
+                SLOT(OnDisconnected()));
 
     const QString token = QStringLiteral("velora") + QUuid::createUuid().toString(QUuid::Id128);
     const QString sender = bus.baseService().mid(1).replace(QLatin1Char('.'), QLatin1Char('_'));
@@ -169,6 +175,10 @@ void PortalRequest::OnResponse(uint response, const QVariantMap& results) {
     const QStringList uris = results.value(QStringLiteral("uris")).toStringList();
     if (response == 0 && !uris.isEmpty()) m_answer.Path = PathOfUri(uris.constFirst());
     Finish(m_answer.Path.isEmpty() ? PortalOutcome::Cancelled : PortalOutcome::Chosen);
+}
+
+void PortalRequest::OnDisconnected() {
+    Finish(PortalOutcome::NoPortal);
 }
 
 void PortalRequest::Finish(PortalOutcome outcome) {

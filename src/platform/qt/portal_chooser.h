@@ -46,6 +46,8 @@ public:
 public slots:
     /// The portal's answer. `response`: 0 chosen, 1 cancelled, 2 closed in some other way.
     void OnResponse(uint response, const QVariantMap& results);
+    /// The bus is gone, and the answer with it.
+    void OnDisconnected();
 
 private:
     void Listen(const QString& requestPath);

@@ -64,8 +64,12 @@ void PaintShape(QPainter& painter, const Figure& figure) {
     const QRectF outer = FormRect(figure);
     if (figure.Form == ShapeForm::Rectangle || figure.Form == ShapeForm::Square) {
         painter.fillRect(outer, ToColour(figure.BorderColour));
-        painter.fillRect(outer.adjusted(kBorder, kBorder, -kBorder, -kBorder),
-                         ToColour(figure.Colour));
+        const QRectF inner = outer.adjusted(kBorder, kBorder, -kBorder, -kBorder);
+        if (inner.isValid()) painter.fillRect(inner, ToColour(figure.Colour));
+        return;
+    }
+    if (outer.width() <= kBorder || outer.height() <= kBorder) {
+        painter.fillRect(outer, ToColour(figure.BorderColour));
         return;
     }
     const QRectF middle = outer.adjusted(kBorder / 2, kBorder / 2, -kBorder / 2, -kBorder / 2);

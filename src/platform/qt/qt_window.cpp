@@ -20,6 +20,7 @@
 
 #include "platform/qt/qt_paint.h"
 #include "platform/qt/qt_rect.h"
+#include "platform/qt/qt_server.h"
 #include "platform/qt/qt_text.h"
 #include "platform/regions.h"
 
@@ -55,7 +56,7 @@ Integer ShiftSet(Qt::KeyboardModifiers keys) {
 
 } // namespace
 
-QtWindow::QtWindow(QtLoop& loop) : m_loop(loop) {
+QtWindow::QtWindow(QtLoop& loop) : m_loop(loop), m_move(*this) {
     setAttribute(Qt::WA_TranslucentBackground);
     // If a release gets lost, the next move without a button tells it.
     setMouseTracking(true);
@@ -75,6 +76,7 @@ void QtWindow::ShowFirst() {
     m_isUp = true;
     ShowSize(m_shown);
     create();
+    windowHandle()->installEventFilter(this);
     ShowFrame(m_shown);
     ShowShape(m_shown);
     ShowCaption(m_shown);
@@ -114,7 +116,7 @@ void QtWindow::ShowChanges() {
     Accessibility().AnnounceChanges();
 }
 
-QRegion QtWindow::TakeDamage(const Scene& now) {
+QRegion QtWindow::TakeDamage(Scene& now) {
     const bool otherShape = now.Region != m_shown.Region || now.Client != m_shown.Client;
     if (now.Client != m_shown.Client) ShowSize(now);
     if (otherShape) {
@@ -122,13 +124,24 @@ QRegion QtWindow::TakeDamage(const Scene& now) {
         ShowShape(now);
     }
     if (now.Caption != m_shown.Caption) ShowCaption(now);
-    if (now.State != m_shown.State && now.State == WindowState::Minimised) showMinimized();
+    if (now.State != m_shown.State && now.State == WindowState::Minimised) Minimise(now);
     TellVisibility(now);
     if (otherShape) return rect();
     QRegion damage;
     for (const Rect& rect : DamageBetween(m_shown, now))
         damage += ToQRect(rect);
     return damage;
+}
+
+void QtWindow::Minimise(Scene& now) {
+    // A wish, until the platform says that it has come true. Not every window manager grants it.
+    m_form->State = m_shown.State;
+    const X11Window server = ServerWindow(*windowHandle());
+    if (server.Connection)
+        AskToMinimise(server);
+    else
+        showMinimized();
+    now.State = m_form->State;
 }
 
 void QtWindow::PlaceHandle() {
@@ -170,7 +183,7 @@ void QtWindow::ShowCaption(const Scene& now) {
 }
 
 void QtWindow::TellVisibility(const Scene& now) {
-    const bool isWindowVisible = now.State == WindowState::Normal;
+    const bool isWindowVisible = now.State == WindowState::Normal && m_isExposed;
     const bool isScopeVisible =
         isWindowVisible &&
         std::any_of(now.Figures.begin(), now.Figures.end(),
@@ -183,10 +196,31 @@ void QtWindow::TellVisibility(const Scene& now) {
 
 void QtWindow::CentreOnScreen() {
     const QRect screen = windowHandle()->screen()->availableGeometry();
-    const int frameWidth = m_shown.Region ? 0 : kFrameLeftPx + kFrameRightPx;
-    const int frameHeight = m_shown.Region ? 0 : kFrameTopPx + kFrameBottomPx;
-    move(screen.left() + (screen.width() - width() - frameWidth) / 2,
-         screen.top() + (screen.height() - height() - frameHeight) / 2);
+    const QPoint outer(
+        screen.left() + (screen.width() - width() - kFrameLeftPx - kFrameRightPx) / 2,
+        screen.top() + (screen.height() - height() - kFrameTopPx - kFrameBottomPx) / 2);
+    // With a region the frame isn't there, but its place is.
+    move(m_shown.Region ? outer + QPoint(kFrameLeftPx, kFrameTopPx) : outer);
+}
+
+bool QtWindow::eventFilter(QObject* handle, QEvent* event) {
+    if (event->type() == QEvent::Expose && m_isExposed != windowHandle()->isExposed()) {
+        m_isExposed = !m_isExposed;
+        if (!m_isExposed) LosePointer();
+        TellVisibility(m_shown);
+    }
+    return QWidget::eventFilter(handle, event);
+}
+
+void QtWindow::LosePointer() {
+    if (std::exchange(m_held, kNoButton) == kNoButton) return;
+    m_loop.Handle([this] {
+        m_events->OnPointer({PointerKind::Lost, 0, 0, kNoButton, kNoButton, 0});
+    });
+}
+
+bool QtWindow::IsBlocked() const {
+    return QApplication::activeModalWidget() != nullptr;
 }
 
 bool QtWindow::event(QEvent* event) {
@@ -194,6 +228,8 @@ bool QtWindow::event(QEvent* event) {
         ShowToolTip(static_cast<QHelpEvent&>(*event));
         return true;
     }
+    // A dialog takes the mouse; a release will not come here.
+    if (event->type() == QEvent::WindowBlocked) LosePointer();
     return QWidget::event(event);
 }
 
@@ -217,6 +253,7 @@ void QtWindow::changeEvent(QEvent* event) {
         m_form->State = isMinimized() ? WindowState::Minimised : WindowState::Normal;
         m_shown.State = m_form->State;
         TellVisibility(m_shown);
+        if (isMinimized()) LosePointer();
         m_loop.Handle([] {});
     }
     QWidget::changeEvent(event);
@@ -224,13 +261,15 @@ void QtWindow::changeEvent(QEvent* event) {
 
 void QtWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (QApplication::activeModalWidget()) return;
+    if (IsBlocked()) return;
     m_loop.Post([this] { m_events->OnClose(); });
 }
 
 void QtWindow::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    if (m_shown.Region) {
+    // Where the server itself cuts the window to its shape nothing is clipped here: at scales that
+    // are no whole number the two would round otherwise, and leave specks along the edge.
+    if (m_shown.Region && !ServerWindow(*windowHandle()).Connection) {
         painter.setCompositionMode(QPainter::CompositionMode_Source);
         painter.fillRect(event->rect(), Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
@@ -261,16 +300,17 @@ void QtWindow::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void QtWindow::Report(PointerKind kind, const QMouseEvent& event, Integer button) {
-    if (FollowPointer(event)) return;
+    if (m_move.Takes(event)) return;
     if (kind != PointerKind::Move && button == kNoButton) return;
-    if (kind == PointerKind::Press) m_pressedAt = event.globalPosition().toPoint();
-    const QPointF place = event.position();
+    // Not the event's own position, which the toolkit has rounded.
+    const QPointF place = event.scenePosition();
     const PointerEvent report{kind,
                               static_cast<int>(std::floor(place.x())),
                               static_cast<int>(std::floor(place.y())),
                               button,
                               ButtonSet(event.buttons()),
                               ShiftSet(event.modifiers())};
+    m_held = report.Held;
     m_loop.Handle([&] { m_events->OnPointer(report); });
 }
 
@@ -278,20 +318,7 @@ void QtWindow::BeginMove(Integer button) {
     QToolTip::hideText();
     // The window manager is told where the pointer is, counted from the handle.
     PlaceHandle();
-    if (button == kLeftButton && windowHandle()->startSystemMove()) return;
-    m_movingButton = button;
-    // From where the press was: the pointer has moved on since, and the window has to follow that.
-    m_moveFrom = m_pressedAt - pos();
-}
-
-bool QtWindow::FollowPointer(const QMouseEvent& event) {
-    if (m_movingButton == kNoButton) return false;
-    if (!(ButtonSet(event.buttons()) & m_movingButton)) {
-        m_movingButton = kNoButton;
-        return true;
-    }
-    move(event.globalPosition().toPoint() - m_moveFrom);
-    return true;
+    m_move.Begin(button);
 }
 
 std::size_t QtWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {

@@ -8,6 +8,7 @@
 #include "platform/qt/qt_fonts.h"
 #include "platform/qt/qt_look.h"
 #include "platform/qt/qt_loop.h"
+#include "platform/qt/qt_move.h"
 #include "platform/window.h"
 #include "state/form_events.h"
 #include "state/scene.h"
@@ -35,6 +36,9 @@ public:
     /// next turn. The loop calls it after each event. Nothing happens before `ShowFirst`.
     void ShowChanges();
 
+    /// Whether a dialog keeps the user from the window.
+    [[nodiscard]] bool IsBlocked() const;
+
     /// Gives dialogs, menus and tool tips the look that the desktop has now. Called before each of
     /// them opens.
     void FollowDesktop() { m_look.Follow(); }
@@ -45,6 +49,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* handle, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -56,7 +61,8 @@ protected:
 private:
     /// Shows size, frame, shape, caption and state where they differ from what was shown last; what
     /// has to be painted is the result.
-    [[nodiscard]] QRegion TakeDamage(const Scene& now);
+    [[nodiscard]] QRegion TakeDamage(Scene& now);
+    void Minimise(Scene& now);
     void ShowFrame(const Scene& now);
     void ShowShape(const Scene& now);
     void ShowSize(const Scene& now);
@@ -67,23 +73,22 @@ private:
     void TellVisibility(const Scene& now);
     void ShowToolTip(QHelpEvent& event);
     void Report(PointerKind kind, const QMouseEvent& event, Integer button);
-    /// Moves the window with the mouse if `BeginMove` left that to us; then nobody else may hear of
-    /// the event, and the result is true.
-    [[nodiscard]] bool FollowPointer(const QMouseEvent& event);
     void CentreOnScreen();
+    /// Tells that no release will come for the buttons that are held.
+    void LosePointer();
 
     QtLoop& m_loop;
     QtFonts m_fonts;
     QtLook m_look;
+    QtMove m_move;
     Form* m_form = nullptr;
     FormEvents* m_events = nullptr;
     std::function<void(bool, bool)> m_tellVisibility;
     bool m_isWindowVisible = false; ///< As told last, like the next.
     bool m_isScopeVisible = false;
+    bool m_isExposed = true; ///< The platform can hide the window otherwise than minimised.
     Scene m_shown;
-    QRegion m_shape;     ///< The form's region in client pixels; used only while it has one.
-    bool m_isUp = false; ///< Whether `ShowFirst` was called.
-    Integer m_movingButton = kNoButton; ///< Held while we move the window; none otherwise.
-    QPoint m_pressedAt;                 ///< Where on the screen the last press was.
-    QPoint m_moveFrom; ///< The place of that press in the window, counted from its frame.
+    QRegion m_shape;            ///< The form's region in client pixels; used only while it has one.
+    Integer m_held = kNoButton; ///< The buttons held at the event told last.
+    bool m_isUp = false;        ///< Whether `ShowFirst` was called.
 };

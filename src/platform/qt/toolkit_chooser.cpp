@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileIconProvider>
+#include <QFileSystemModel>
 
 #include "platform/qt/qt_text.h"
 
@@ -29,6 +30,13 @@ public:
     }
 };
 
+// A path that was pasted may bring its line end along, in which a field has other letters.
+QString WithoutLineEnd(QString name) {
+    while (name.endsWith(u'\n') || name.endsWith(u'\r') || name.endsWith(QChar::LineSeparator))
+        name.chop(1);
+    return name;
+}
+
 } // namespace
 
 ToolkitChooser::ToolkitChooser() {
@@ -37,6 +45,9 @@ ToolkitChooser::ToolkitChooser() {
                QFileDialog::ReadOnly);
     // Never destroyed, like the chooser itself.
     setIconProvider(new PlainIcons);
+    if (QLineEdit* name = NameField())
+        connect(name, &QLineEdit::textEdited, this,
+                [this](const QString& text) { m_typed = text; });
 }
 
 QLineEdit* ToolkitChooser::NameField() const {
@@ -54,10 +65,13 @@ QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
         filters.append(NameFilter(row));
     setNameFilters(filters);
     if (!filters.isEmpty()) selectNameFilter(filters.first());
+    Watch(true);
     setDirectory(QFile::decodeName(question.Directory));
     // The toolkit would leave the last answer in it if the directory is the same.
     if (QLineEdit* name = NameField()) name->clear();
+    m_typed.clear();
     const bool chosen = Run();
+    Watch(false);
     m_asking = false;
     return chosen ? QFile::encodeName(m_path) : QByteArray();
 }
@@ -79,14 +93,35 @@ bool ToolkitChooser::Run() {
     return chosen;
 }
 
+// The toolkit would look after the directory for good, and wake the program whenever a file in it
+// changes.
+void ToolkitChooser::Watch(bool on) {
+    if (auto* model = findChild<QFileSystemModel*>())
+        model->setOption(QFileSystemModel::DontWatchForChanges, !on);
+}
+
+// The file that the name field means; nothing if it means none. The proposals can put the beginning
+// of a name into the field that was typed in full, while the Return is on its way.
+QString ToolkitChooser::TypedFile() const {
+    const QLineEdit* name = NameField();
+    if (!name) return {};
+    const QString shown = directory().absoluteFilePath(WithoutLineEnd(name->text()));
+    if (QFileInfo(shown).isFile()) return shown;
+    const QString typed = directory().absoluteFilePath(WithoutLineEnd(m_typed));
+    return typed.startsWith(shown) && QFileInfo(typed).isFile() ? typed : QString();
+}
+
 // The chooser takes the row that is selected in its list. The selection follows the name field with
 // a delay: after quick typing it can still be a directory whose name begins alike, and the toolkit
 // would open that one. So the text of the field decides.
 void ToolkitChooser::accept() {
-    const QLineEdit* name = NameField();
-    const QString typed = name ? directory().absoluteFilePath(name->text()) : QString();
-    if (QFileInfo(typed).isFile()) {
-        m_path = QDir::cleanPath(typed);
+    const QString typed = TypedFile();
+    if (!typed.isEmpty()) {
+        // To take a `..` behind a link out of the text could name another file.
+        const QString plain = QDir::cleanPath(typed);
+        const bool same =
+            QFileInfo(plain).canonicalFilePath() == QFileInfo(typed).canonicalFilePath();
+        m_path = same ? plain : typed;
         QDialog::accept();
         return;
     }

@@ -22,10 +22,13 @@ public:
 
 private:
     [[nodiscard]] bool Run();
+    void Watch(bool on);
+    [[nodiscard]] QString TypedFile() const;
     /// The field for the file's name, found by the name that it has inside the toolkit; null if a
     /// version of the toolkit names it otherwise.
     [[nodiscard]] QLineEdit* NameField() const;
 
     QString m_path;
+    QString m_typed; ///< The name as the user's keys left it last.
     bool m_asking = false;
 };

@@ -96,6 +96,9 @@ TEST_F(QtDialogsTest, EachQuestionBeginsAnewWhereTheLastFileWasAndNoFileIsReadFo
         EXPECT_EQ(m_chooser->iconProvider()->type(QFileInfo(QDir::home(), "some/a.mp3")), "MP3")
             << "it isn't read for its icon";
         EXPECT_FALSE(Name().completer()) << "the proposals are let go with the dialog";
+        EXPECT_TRUE(m_chooser->findChild<QFileSystemModel*>()->testOption(
+            QFileSystemModel::DontWatchForChanges))
+            << "no file that changes wakes the program later";
         return shown.toStdString();
     };
     const std::string anew = "Select|MP3 Files (*.mp3);All (*)|MP3 Files||proposals|owned|57|";
@@ -103,6 +106,11 @@ TEST_F(QtDialogsTest, EachQuestionBeginsAnewWhereTheLastFileWasAndNoFileIsReadFo
     m_home.Put("Music/e.mp3", "x");
     EXPECT_EQ(ask(u"\\none", ".././some/b \"c\".mp3", m_home.PathText("some/b \"c\".mp3")),
               anew + "Music");
+    EXPECT_EQ(ask(u"", "", u""), anew + "some");
+    std::filesystem::create_directory_symlink(m_home.Path("Music"), m_home.Path("some/link"));
+    EXPECT_EQ(ask(u"", "link/../some/a.mp3\r\n", m_home.PathText("some/link/../some/a.mp3")),
+              anew + "some")
+        << "the file that was tested is the file that is given";
     EXPECT_EQ(ask(u"", "", u""), anew + "some");
     EXPECT_EQ(ask(m_home.PathText("mUSIC"), "../some", u""), anew + "Music");
 }
@@ -123,7 +131,8 @@ TEST_F(QtDialogsTest, ALateSelectionALateKeyAndAQuestionWithinAQuestionDoNoHarm)
     const Text chosen = Choose([&] {
         proposals = Name().completer()->popup();
         // While the field has the focus a selection doesn't write its name there.
-        QApplication::setActiveWindow(m_chooser);
+        m_chooser->activateWindow();
+        m_loop.Turn();
         Name().setFocus();
         Name().setText("some/a.mp3");
         auto& view = *m_chooser->findChild<QAbstractItemView*>("listView");

@@ -121,6 +121,31 @@ TEST_F(Paint, LightsHaveTheirBorderInsideTheirForm) {
               "...............................................................................\n");
 }
 
+TEST_F(Paint, LightsOfOneAndTwoPixelsAreTheirBorder) {
+    const struct {
+        ShapeForm Form;
+        int WidthPx, HeightPx;
+    } rows[] = {{ShapeForm::Rectangle, 1, 1},
+                {ShapeForm::Oval, 1, 1},
+                {ShapeForm::Square, 2, 2},
+                {ShapeForm::Rectangle, 1, 3},
+                {ShapeForm::Oval, 1, 3}};
+    Integer number = 0;
+    for (const auto& row : rows) {
+        Shape& light = m_form.shpPercent[++number];
+        light.Exists = true;
+        light.Form = row.Form;
+        light.FillColour = 0x123456;
+        light.BorderColour = 0x0000FF;
+        Place(light, 3 * number - 2, 1, row.WidthPx, row.HeightPx);
+    }
+    EXPECT_EQ(Letters(Draw(), {0, 0, 16, 5}), "................\n"
+                                              ".R..R..RR.R..R..\n"
+                                              ".......RR.R..R..\n"
+                                              "..........R..R..\n"
+                                              "................\n");
+}
+
 TEST_F(Paint, BarsAreTheHighestOfTheirBandsWithPeaksAboveThem) {
     Scope(21, 8);
     EXPECT_EQ(Letters(Draw(), {1, 1, 23, 8}), ".WWW.............YYYY..\n"
