@@ -50,8 +50,8 @@ protected:
         stat(path.c_str(), &facts);
         char list[99];
         const ssize_t length = getxattr(path.c_str(), kAccessList, list, sizeof list);
-        return {facts.st_mode & 07777U,
-                directory.Get(path).value_or("none") + std::string(list, length < 0 ? 0 : length)};
+        return {facts.st_mode & 07777U, directory.Get(path).value_or("none") +
+                                            std::string(list, list + std::max<ssize_t>(length, 0))};
     }
     /// The file `f.ini` with a mode that no umask gives.
     void PutOld(const std::string& path = "f.ini", mode_t mode = 0604) {
