@@ -206,6 +206,15 @@ TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForIts
     failAt = 0;
     calls.Flush = [](int) { return failAt++ == 0 ? RemoveLeftovers("."), 0 : 0; };
     EXPECT_TRUE(WriteNew("new.ini", calls)) << "one that was taken for a leftover is made again";
+    NullLoop loop;
+    auto lock = std::make_unique<DirectoryLock>(loop, ".");
+    bool held = false;
+    EXPECT_TRUE(WriteProfileStrings(loop, u"new.ini", [&](const IniText&) {
+        held = !DirectoryLock(loop, ".");
+        EXPECT_TRUE(!std::exchange(lock, nullptr) || WriteIniValue("new.ini", {"b", "y", "3"}));
+        return std::vector<ProfileString>{{u"a", u"x", u"3"}};
+    }));
+    EXPECT_TRUE(held) << "who had the lock may be done by the second look";
 }
 
 TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
