@@ -56,5 +56,6 @@ void ResetDisplay(Velora& velora) {
         if (light.Exists) light.FillColour = kResetColour;
         Delay(velora.Loop, kSecondsPerLight);
     }
-    form.VFmp3scope1.Visible = false;
+    // A track that a click has started meanwhile keeps its spectrum.
+    if (velora.PlayerState == PlayerState::Stopped) form.VFmp3scope1.Visible = false;
 }

@@ -29,5 +29,6 @@ void UpdateProgress(Velora& velora, Long Position, Long Length);
 void FillProgress(Form& form, Integer Segments);
 
 /// Stops the display, not the player: `PlayerState` becomes `Stopped`, the lights go out one after
-/// the other in 0.26 seconds with events running, and the visualisation hides.
+/// the other in 0.26 seconds with events running, and the visualisation hides unless something
+/// plays by then.
 void ResetDisplay(Velora& velora);

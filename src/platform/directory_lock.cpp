@@ -5,8 +5,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
-#include "platform/paths.h"
-
 namespace {
 
 constexpr std::int64_t kMostWaitMs = 1000;
@@ -14,15 +12,16 @@ constexpr double kSecondsBetweenTries = 0.02;
 
 } // namespace
 
-DirectoryLock::DirectoryLock(Loop& loop, TextView directory) {
-    const std::optional<std::string> found = FindPath(directory);
-    if (!found) return;
-    FileHandle handle(open(found->c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!handle) return;
+DirectoryLock::DirectoryLock(Loop& loop, const std::string& directory)
+    : m_directory(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     const std::int64_t startMs = loop.NowMs();
-    while (flock(handle.Descriptor(), LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK || loop.NowMs() - startMs >= kMostWaitMs) return;
+    AskAgain();
+    while (!m_held && errno == EWOULDBLOCK && loop.NowMs() - startMs < kMostWaitMs) {
         Delay(loop, kSecondsBetweenTries);
+        AskAgain();
     }
-    m_directory = std::move(handle);
+}
+
+void DirectoryLock::AskAgain() {
+    m_held = m_held || flock(m_directory.Descriptor(), LOCK_EX | LOCK_NB) == 0;
 }

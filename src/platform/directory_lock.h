@@ -2,20 +2,26 @@
 // written.
 #pragma once
 
+#include <string>
+
 #include "platform/files.h"
 #include "platform/loop.h"
-#include "platform/text.h"
 
 /// Holds the lock of a directory as long as the object lives; the end of the process releases it,
 /// too. It keeps out only those that ask for it.
 class DirectoryLock {
 public:
-    /// Waits up to a second for another holder, with events going on.
-    DirectoryLock(Loop& loop, TextView directory);
+    /// `directory` is a path of this machine. Waits up to a second for another holder, with events
+    /// going on.
+    DirectoryLock(Loop& loop, const std::string& directory);
 
     /// False if another holder kept it, the directory isn't there, or its file system has no locks.
-    [[nodiscard]] explicit operator bool() const { return static_cast<bool>(m_directory); }
+    [[nodiscard]] explicit operator bool() const { return m_held; }
+
+    /// Asks again, without a wait, if it isn't held.
+    void AskAgain();
 
 private:
     FileHandle m_directory;
+    bool m_held = false;
 };

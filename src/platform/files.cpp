@@ -35,6 +35,11 @@ FileHandle OpenForReading(TextView path) {
     return found ? OpenForReading(*found) : FileHandle();
 }
 
+std::string DirectoryOf(const std::string& pathBytes) {
+    const std::size_t slash = pathBytes.rfind('/');
+    return slash == std::string::npos ? "./" : pathBytes.substr(0, slash + 1);
+}
+
 void MakeDirectory(TextView directory) {
     if (FindPath(directory)) return;
     std::error_code error;

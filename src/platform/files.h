@@ -32,6 +32,9 @@ private:
 /// The same by the system's text, through `FindPath`.
 [[nodiscard]] FileHandle OpenForReading(TextView path);
 
+/// The directory of a path of this machine, with its slash.
+[[nodiscard]] std::string DirectoryOf(const std::string& pathBytes);
+
 /// Makes the directory, and those above it, where they aren't there; a failure shows when a file is
 /// to be written there.
 void MakeDirectory(TextView directory);

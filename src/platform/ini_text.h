@@ -29,6 +29,11 @@ public:
     [[nodiscard]] std::optional<std::string_view> Find(std::string_view section,
                                                        std::string_view key) const;
 
+    /// Whether there is a section of that name, be it without a key.
+    [[nodiscard]] bool HasSection(std::string_view name) const {
+        return FindSection(name) != nullptr;
+    }
+
     /// The bytes with the key set to that value; all other lines stay byte for byte. The key's line
     /// is written anew, or comes after the last key of its section, or in a new section at the end.
     /// Line ends are those of the file's first line, CR LF where there is none. A value that `Find`

@@ -1,6 +1,7 @@
 // Texts become bytes and bytes become texts here; what an ini file is stands in ini_text.
 #include "platform/profile_strings.h"
 
+#include "platform/directory_lock.h"
 #include "platform/ini_write.h"
 #include "platform/paths.h"
 
@@ -42,12 +43,22 @@ Text ReadProfileString(TextView File, TextView Section, TextView Key, TextView D
     return ProfileReader(File).Read(Section, Key, Default);
 }
 
-void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value,
-                        TextView Seed) {
+bool WriteProfileStrings(Loop& loop, TextView File, const ProfileChange& change, TextView Seed) {
     const std::optional<std::string> path = FindPathForWriting(File);
-    if (!path) return;
-    const std::string seed = FindPath(Seed).value_or(std::string());
-    static_cast<void>(WriteIniValue(*path, Utf8(Section), Utf8(Key), Utf8(Value), {}, seed));
+    const std::optional<std::string> target = path ? FileBehindLinks(*path) : std::nullopt;
+    if (!target) return false;
+    const std::string directory = DirectoryOf(*target);
+    DirectoryLock lock(loop, directory);
+    if (lock) RemoveLeftovers(directory);
+    const auto bytesOf = [&](const IniText& now) {
+        // Who has held it for so long may be done by now.
+        lock.AskAgain();
+        std::vector<IniValue> values;
+        for (const ProfileString& string : change(now))
+            values.push_back({Utf8(string.Section), Utf8(string.Key), Utf8(string.Value)});
+        return values;
+    };
+    return ChangeIniFile(*target, bytesOf, {}, FindPath(Seed).value_or(std::string()));
 }
 
 bool ReadsBackWhole(TextView Value) {

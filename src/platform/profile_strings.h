@@ -4,9 +4,11 @@
 // A value is taken as UTF-8 where it is valid UTF-8, otherwise as Windows-1252; written is UTF-8.
 #pragma once
 
-#include <optional>
+#include <functional>
+#include <vector>
 
 #include "platform/ini_file.h"
+#include "platform/loop.h"
 #include "platform/number_text.h"
 #include "platform/text.h"
 
@@ -17,11 +19,23 @@
 [[nodiscard]] Text ReadProfileString(TextView File, TextView Section, TextView Key,
                                      TextView Default);
 
-/// Sets a key, making section and file as needed, by the safe writing of `WriteIniValue`; the
-/// directory has to be there. A write that fails is silent and changes nothing. A file that is made
-/// begins as a copy of `Seed`, where there is one.
-void WriteProfileString(TextView File, TextView Section, TextView Key, TextView Value,
-                        TextView Seed = {});
+/// A key with the value that it gets.
+struct ProfileString {
+    Text Section, Key, Value;
+};
+
+/// What is to be written into a file that holds `now`; see `IniChange`.
+using ProfileChange = std::function<std::vector<ProfileString>(const IniText& now)>;
+
+/// Sets keys that belong together, all or none, making sections and file as needed, by the safe
+/// writing of `ChangeIniFile`; the directory has to be there. False for a write that failed, which
+/// has changed nothing. A file that is made begins as a copy of `Seed`, where there is one.
+///
+/// All of it happens under the lock of the file's directory, for which it waits up to a second with
+/// events going on. Without the lock the file is written all the same; a change of another program
+/// is read first either way.
+bool WriteProfileStrings(Loop& loop, TextView File, const ProfileChange& change,
+                         TextView Seed = {});
 
 /// Whether a value that was written is read back whole: no more than 254 bytes in UTF-8, and
 /// neither a line end nor a NUL in it.

@@ -3,12 +3,16 @@
 #include "platform/program_places.h"
 
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/paths.h"
 
 namespace {
+
+namespace fs = std::filesystem;
 
 // The user's own directory for Velora's files; empty if the user has no home.
 std::string UserDirectory() {
@@ -18,18 +22,33 @@ std::string UserDirectory() {
     return home && home[0] == '/' ? std::string(home) + "/.local/share/velora" : std::string();
 }
 
+bool IsWritable(const std::string& directory) {
+    return faccessat(AT_FDCWD, directory.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
+// Whether a file like that one can be put in its place: in its directory, with its owner and group.
+// A link that leads nowhere can't be replaced, a name that isn't taken can.
+bool IsReplaceable(const std::string& path) {
+    std::error_code error;
+    if (fs::symlink_status(path, error).type() == fs::file_type::not_found) return true;
+    struct stat facts {};
+    const fs::path real = fs::canonical(path, error);
+    if (stat(real.c_str(), &facts) != 0 || !IsWritable(real.parent_path())) return false;
+    return geteuid() == 0 || (facts.st_uid == geteuid() && group_member(facts.st_gid));
+}
+
 } // namespace
 
 Text ProgramDirectory() {
     std::error_code error;
-    const std::string program = std::filesystem::read_symlink("/proc/self/exe", error).string();
+    const std::string program = fs::read_symlink("/proc/self/exe", error).string();
     const std::size_t slash = program.rfind('/');
     return slash == std::string::npos ? Text() : PathText(program.substr(0, slash));
 }
 
 Text ProcessDirectory() {
     std::error_code error;
-    return PathText(std::filesystem::current_path(error).string());
+    return PathText(fs::current_path(error).string());
 }
 
 Text CommandLineText(const std::vector<std::string>& arguments, const Text& directory) {
@@ -56,7 +75,9 @@ Text IniPlace(const Text& programDirectory, const Text& name) {
 
 Text OwnIniPlace(const Text& programDirectory, const Text& name) {
     const std::string directory = UserDirectory();
-    if (directory.empty() || access(PathBytes(programDirectory).c_str(), W_OK) == 0)
-        return programDirectory + name;
-    return PathText(directory) + name;
+    const Text beside = programDirectory + name;
+    const bool isBeside =
+        directory.empty() || (IsWritable(PathBytes(programDirectory)) &&
+                              IsReplaceable(FindPath(beside).value_or(PathBytes(beside))));
+    return isBeside ? beside : PathText(directory) + name;
 }

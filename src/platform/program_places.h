@@ -20,10 +20,11 @@
                                    const Text& directory);
 
 /// The path of one of the three ini files; `name` begins with a backslash. It is beside the program
-/// unless that directory can't be written, as in an installation for all users: then a file in
-/// `velora` below the user's data directory goes first. Makes nothing.
+/// unless that directory can't be written, as in an installation for all users, or the file there
+/// is somebody else's: then a file in `velora` below the user's data directory goes first. Makes
+/// nothing.
 [[nodiscard]] Text IniPlace(const Text& programDirectory, const Text& name);
 
-/// Where that file is to be written: as `IniPlace`, but never a file beside a program that is
-/// installed for all users, even if the user has none yet.
+/// Where that file is to be written: as `IniPlace`, but never a file that this user can't
+/// replace, even if the user has no other yet.
 [[nodiscard]] Text OwnIniPlace(const Text& programDirectory, const Text& name);

@@ -1,4 +1,5 @@
-// The index of a step is settled before the wait, so that impatient clicks don't add up.
+// A step goes from the track that was current before its wait, so that impatient clicks don't add
+// up, through the list as it is after it.
 #include "playback/navigation.h"
 
 #include <algorithm>
@@ -17,12 +18,13 @@ bool IsPlayable(const MediaEntry& entry) {
     return entry.Enabled && !(entry.Path.empty() && entry.File.empty());
 }
 
-void Step(Velora& velora, std::optional<Integer> target) {
-    if (!target) return;
+void Step(Velora& velora, std::optional<Integer> (*indexBeside)(Integer current, Integer count)) {
+    const Integer current = velora.CurrentTrack;
+    if (!indexBeside(current, velora.Count)) return;
     velora.VFmp3player1.Stop();
     ResetDisplay(velora);
     Delay(velora.Loop, kSecondsBetweenTracks);
-    StartTrack(velora, *target);
+    StartTrack(velora, indexBeside(current, velora.Count).value_or(Integer{0}));
 }
 
 } // namespace
@@ -81,9 +83,9 @@ std::optional<Integer> IndexBefore(Integer current, Integer count) {
 }
 
 void NextTrack(Velora& velora) {
-    Step(velora, IndexAfter(velora.CurrentTrack, velora.Count));
+    Step(velora, IndexAfter);
 }
 
 void PreviousTrack(Velora& velora) {
-    Step(velora, IndexBefore(velora.CurrentTrack, velora.Count));
+    Step(velora, IndexBefore);
 }

@@ -24,7 +24,8 @@ void StartTrack(Velora& velora, Integer Index);
 [[nodiscard]] std::optional<Integer> IndexBefore(Integer current, Integer count);
 
 /// Stop, reset, wait, and start the next entry; with fewer than 2 entries nothing happens. Takes
-/// about half a second with events running; a second step during it leads to the same entry.
+/// about half a second with events running; a second step during it leads to the same entry, and a
+/// file that is chosen during it counts.
 void NextTrack(Velora& velora);
 
 /// The same backwards. With one entry the track stops.

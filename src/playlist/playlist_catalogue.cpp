@@ -1,11 +1,9 @@
-// One lock is held over the reading of the count and all writes, so that two runs never take one
-// number.
+// The number of a new record is decided by the very text that the record is written into, so that
+// two runs never take one number.
 #include "playlist/playlist_catalogue.h"
 
 #include <algorithm>
-#include <utility>
 
-#include "platform/directory_lock.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "platform/profile_strings.h"
@@ -13,14 +11,6 @@
 #include "state/messages.h"
 
 namespace {
-
-enum class Refusal { None, Full, TooLong };
-
-// The number of the record that was entered, or why none was.
-struct Entering {
-    Refusal Why = Refusal::None;
-    Integer Number = 0;
-};
 
 void LoadRecord(Velora& velora, ProfileReader& reader, Integer number) {
     PlaylistRecord& record = velora.Playlists[number];
@@ -34,44 +24,51 @@ void LoadRecord(Velora& velora, ProfileReader& reader, Integer number) {
     LoadPlaylistFile(velora, number);
 }
 
-Integer CountInFile(const Text& ini) {
-    ProfileReader reader(ini);
-    Integer count = 0;
-    ReadProfileNumber(reader, u"Settings", u"Count", u"0", count);
-    return count;
+// Raises the count to the file's, since other runs may have added, and gives the first number
+// behind it whose section isn't in the file; 0 if all records are taken.
+Integer NextNumber(Velora& velora, const IniText& now) {
+    const Text count = TextFromBytes(now.Find("Settings", "Count").value_or(std::string_view()));
+    velora.PlaylistCount = std::max(
+        {velora.PlaylistCount, RoundedNumber<Integer>(count).value_or(Integer{0}), Integer{0}});
+    Long number = velora.PlaylistCount + 1;
+    while (velora.Playlists.Has(number) && now.HasSection(Utf8(Decimal(number))))
+        ++number;
+    return velora.Playlists.Has(number) ? static_cast<Integer>(number) : Integer{0};
 }
 
-// The first write also takes over what is `installed` for all users, where the user has no
-// catalogue yet.
-void WriteRecord(const Text& ini, const PlaylistRecord& record, Integer number,
-                 const Text& installed) {
+std::vector<ProfileString> StringsOf(const PlaylistRecord& record, Integer number) {
     const Text section = Decimal(number);
-    WriteProfileString(ini, section, u"Enabled", u"True", installed);
-    WriteProfileString(ini, section, u"Name", record.Name);
-    WriteProfileString(ini, section, u"File", record.File);
-    WriteProfileString(ini, section, u"Path", record.Path);
-    WriteProfileString(ini, u"Settings", u"Count", Decimal(number));
+    return {{section, u"Enabled", u"True"},
+            {section, u"Name", record.Name},
+            {section, u"File", record.File},
+            {section, u"Path", record.Path},
+            {u"Settings", u"Count", section}};
 }
 
-Entering Enter(Velora& velora, const PlaylistRecord& record) {
-    const Text& ini = velora.PlaylistsIni;
-    const Text installed =
-        std::exchange(velora.PlaylistsIni, velora.System.OwnIniFile(u"\\" + GetFileName(ini)));
-    const std::size_t nameLength = GetFileName(ini).size();
-    const TextView directory = TextView(ini).substr(0, ini.size() - nameLength);
+// Gives the number of the record that was entered, 0 if all are taken.
+Integer Enter(Velora& velora, const PlaylistRecord& record) {
+    const Text name = u"\\" + GetFileName(velora.PlaylistsIni);
+    const Text own = velora.System.OwnIniFile(name);
     // The user's own place for the file is made when something is to be written there, not before.
-    MakeDirectory(directory);
-    const DirectoryLock lock(velora.Loop, directory);
-    // Other runs may have added since the last look.
-    velora.PlaylistCount = std::max({velora.PlaylistCount, CountInFile(ini), Integer{0}});
-    if (!velora.Playlists.Has(velora.PlaylistCount + 1)) return {Refusal::Full, 0};
-    if (!ReadsBackWhole(record.Name) || !ReadsBackWhole(record.File) ||
-        !ReadsBackWhole(record.Path))
-        return {Refusal::TooLong, 0};
-    ++velora.PlaylistCount;
-    velora.Playlists[velora.PlaylistCount] = record;
-    WriteRecord(ini, record, velora.PlaylistCount, installed);
-    return {Refusal::None, velora.PlaylistCount};
+    MakeDirectory(TextView(own).substr(0, own.size() - name.size() + 1));
+    std::optional<Integer> decided;
+    const auto add = [&](const IniText& now) {
+        decided = NextNumber(velora, now);
+        return *decided == 0 ? std::vector<ProfileString>() : StringsOf(record, *decided);
+    };
+    // The first write also takes over what is installed for all users.
+    WriteProfileStrings(velora.Loop, own, add, velora.System.IniFile(name));
+    // If there is no file to be read the records of this run tell.
+    const Integer number = decided ? *decided : NextNumber(velora, IniText());
+    if (number == 0) return 0;
+    velora.PlaylistCount = number;
+    velora.Playlists[number] = record;
+    return number;
+}
+
+Text WithoutLineEnds(Text text) {
+    std::erase_if(text, [](char16_t letter) { return letter == u'\r' || letter == u'\n'; });
+    return text;
 }
 
 } // namespace
@@ -85,12 +82,18 @@ void LoadPlaylistCatalogue(Velora& velora) {
 }
 
 Integer AddPlaylist(Velora& velora, const Text& Name, const Text& File) {
-    if (Name.empty()) return 0;
-    const Text fileName = GetFileName(File);
-    const Text directory = File.substr(0, File.size() - fileName.size());
-    const Entering entering = Enter(velora, {true, Name, fileName, directory});
+    const Text name = WithoutLineEnds(Name), path = WithoutLineEnds(File);
+    if (name.empty()) return 0;
+    const Text fileName = GetFileName(path);
+    const PlaylistRecord record{true, name, fileName,
+                                path.substr(0, path.size() - fileName.size())};
+    if (!ReadsBackWhole(record.Name) || !ReadsBackWhole(record.File) ||
+        !ReadsBackWhole(record.Path)) {
+        ShowMessage(velora, u"That path is too long for Velora");
+        return 0;
+    }
+    const Integer number = Enter(velora, record);
     // The lock is free again: a message can stand as long as the user likes.
-    if (entering.Why == Refusal::Full) ShowMessage(velora, u"Playlist Limit reached");
-    if (entering.Why == Refusal::TooLong) ShowMessage(velora, u"That path is too long for Velora");
-    return entering.Number;
+    if (number == 0) ShowMessage(velora, u"Playlist Limit reached");
+    return number;
 }

@@ -9,7 +9,9 @@
 void LoadPlaylistCatalogue(Velora& velora);
 
 /// Enters the playlist in the records and in the file and gives its number. `File` is the full path
-/// of the playlist. 0 if `Name` is empty, and, with a message, if all records are taken or a value
-/// couldn't be read back from the file as it is. What other runs have added meanwhile keeps its
-/// number. The media list doesn't change. A file that can't be written isn't noticed.
+/// of the playlist; a line end in either text, as one that was pasted has it, is dropped. 0 if
+/// `Name` is empty, and, with a message, if all records are taken or a value couldn't be read back
+/// from the file as it is. What other runs have added meanwhile keeps its number, and so does
+/// whatever stands in the file, counted or not. The media list doesn't change. A file that can't be
+/// written isn't noticed.
 Integer AddPlaylist(Velora& velora, const Text& Name, const Text& File);

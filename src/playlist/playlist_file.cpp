@@ -107,6 +107,7 @@ std::optional<std::string_view> PlaylistLines::Next() {
 }
 
 void LoadPlaylistFile(Velora& velora, Integer Index) {
+    if (velora.Count >= velora.MediaLimit) return;
     const PlaylistRecord& record = velora.Playlists[Index];
     const Text path = record.Path + record.File;
     if (!FileExists(path)) return;

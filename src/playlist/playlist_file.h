@@ -40,7 +40,8 @@ private:
 };
 
 /// Adds the lines of a record's file to the media list, each with a turn of the event loop. The
-/// first line whose name is empty or in the list already ends the reading, and so does a full list.
+/// first line whose name is empty or in the list already ends the reading, and so does a full list;
+/// if it is full before, the file isn't opened.
 /// A file that isn't there or can't be read adds nothing. Each line is UTF-8 or Windows-1252 by
 /// itself.
 void LoadPlaylistFile(Velora& velora, Integer Index);

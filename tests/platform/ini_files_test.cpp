@@ -6,9 +6,12 @@
 #include <cerrno>
 #include <functional>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include "platform/directory_lock.h"
 #include "platform/ini_write.h"
+#include "platform/null/null_loop.h"
 #include "platform/profile_strings.h"
 #include "support/temp_directory.h"
 
@@ -16,18 +19,39 @@ namespace {
 
 using namespace std::string_literals;
 
+constexpr const char* kAccessList = "system.posix_acl_access";
+
+// Owner rw, user 7 r, group nothing, mask r, others nothing.
+constexpr char kList[] = "\2\0\0\0\1\0\6\0\xFF\xFF\xFF\xFF\2\0\4\0\7\0\0\0\4\0\0\0\xFF\xFF\xFF\xFF"
+                         "\x10\0\4\0\xFF\xFF\xFF\xFF\x20\0\0\0\xFF\xFF\xFF\xFF";
+
 const std::string kOld = "[a]\nx=old\n", kNew = "[a]\nx=new\n";
+
+bool WriteIniValue(const std::string& path, const IniValue& value, const FileCalls& calls = {},
+                   const std::string& seed = {}) {
+    return ChangeIniFile(
+        path, [&](const IniText&) { return std::vector{value}; }, calls, seed);
+}
 
 class IniFiles : public testing::Test {
 protected:
     bool WriteNew(const std::string& path, const FileCalls& calls = {}) {
-        return WriteIniValue(path, "a", "x", "new", calls, "seed.ini");
+        return WriteIniValue(path, {"a", "x", "new"}, calls, "seed.ini");
     }
-    /// The mode and the bytes of a file.
+    bool WriteText(TextView path, const Text& value) {
+        NullLoop loop;
+        return WriteProfileStrings(loop, path, [&](const IniText&) {
+            return std::vector<ProfileString>{{u"a", u"x", value}};
+        });
+    }
+    /// The mode of a file, and its bytes with those of its access list.
     std::pair<mode_t, std::string> Now(const std::string& path) {
         struct stat facts {};
         stat(path.c_str(), &facts);
-        return {facts.st_mode & 07777U, directory.Get(path).value_or("none")};
+        char list[99];
+        const ssize_t length = getxattr(path.c_str(), kAccessList, list, sizeof list);
+        return {facts.st_mode & 07777U, directory.Get(path).value_or("none") +
+                                            std::string(list, list + std::max<ssize_t>(length, 0))};
     }
     /// The file `f.ini` with a mode that no umask gives.
     void PutOld(const std::string& path = "f.ini", mode_t mode = 0604) {
@@ -64,8 +88,23 @@ ssize_t WriteInPieces(int file, const void* bytes, std::size_t count) {
 }
 
 const FileCalls kWatched{Watch<'c', CreateNewFile>, Watch<'w', WriteInPieces>, Watch<'o', fchown>,
-                         Watch<'m', fchmod>,        Watch<'f', fsync>,         Watch<'x', close>,
-                         Watch<'r', rename>};
+                         Watch<'a', SetAccessList>, Watch<'m', fchmod>,        Watch<'f', fsync>,
+                         Watch<'x', close>,         Watch<'r', rename>};
+
+bool GiveAccessList(const char* path, const char* name) {
+    return setxattr(path, name, kList, sizeof kList - 1, 0) == 0;
+}
+
+// The mode of an old file, what is done to it (only the superuser may give a file away; one more
+// user may read it; the directory gives new files a list), and the calls of its replacement once it
+// is written: what is right already isn't set.
+const std::tuple<mode_t, bool (*)(), std::string> kOldFiles[] = {
+    {0600, [] { return true; }, "fxrF"},
+    {0604, [] { return true; }, "mfxrF"},
+    {0604, [] { return chown("f.ini", geteuid(), 1) == 0; }, "omfxrF"},
+    {0600, [] { return GiveAccessList("f.ini", kAccessList); }, "afxrF"},
+    {0640, [] { return GiveAccessList(".", "system.posix_acl_default"); }, "amfxrF"},
+};
 
 const std::string kFits(254, 'w');
 
@@ -83,21 +122,24 @@ const std::pair<std::string, std::string> kValues[] = {
 } // namespace
 
 TEST_F(IniFiles, KilledOrFailingAtAnyCallLeavesTheOldFileOrTheNewOneAndNothingBeside) {
-    for (const bool given : {false, true}) {
-        const std::string calls = given ? "cwwwwwwomfxrF" : "cwwwwwwmfxrF";
+    for (const auto& [oldMode, prepare, lastCalls] : kOldFiles) {
+        const std::string calls = "cwwwwww" + lastCalls;
         for (failAt = 1; failAt <= calls.size() + 1; ++failAt) {
-            PutOld();
-            // Only the superuser may give a file away.
-            if (given && chown("f.ini", geteuid(), 1) != 0) return;
+            PutOld("f.ini", oldMode);
+            if (!prepare()) break;
+            auto expected = Now("f.ini");
             journal.clear();
             const bool written = failAt >= calls.size();
             const bool closes = failAt > 1 && failAt < calls.size() - 2;
-            EXPECT_EQ(WriteNew("f.ini", kWatched), written) << failAt;
+            if (written) expected.second.replace(0, kOld.size(), kNew);
+            EXPECT_EQ(WriteNew("f.ini", kWatched), written) << calls << failAt;
             EXPECT_EQ(journal, calls.substr(0, failAt) + (closes ? "x" : "")) << failAt;
-            EXPECT_EQ(Now("f.ini"), std::pair(mode_t{0604}, written ? kNew : kOld)) << failAt;
-            EXPECT_EQ(directory.Names(), std::vector{"f.ini"s}) << failAt;
+            EXPECT_EQ(Now("f.ini"), expected) << calls << failAt;
+            EXPECT_EQ(directory.Names(), std::vector{"f.ini"s}) << calls << failAt;
         }
+        std::filesystem::remove("f.ini");
     }
+    removexattr(".", "system.posix_acl_default");
     FileCalls stuck;
     stuck.Write = [](int, const void*, std::size_t) -> ssize_t { return errno = EINTR, 0; };
     EXPECT_FALSE(WriteNew("f.ini", stuck));
@@ -131,8 +173,8 @@ TEST_F(IniFiles, OnlyPlainFilesOfTextThatSomebodyMayWriteUpToFourMebibytes) {
     for (const char* path :
          {"lost.ini", "pipe.ini", "locked.ini", "nul.ini", "larger.ini", "missing/f.ini", "."})
         EXPECT_FALSE(WriteNew(path)) << path;
-    EXPECT_FALSE(WriteIniValue("new.ini", "a", "x", "b\0c"s));
-    EXPECT_FALSE(WriteIniValue("full.ini", "a", "x", "more"));
+    EXPECT_FALSE(WriteIniValue("new.ini", {"a", "x", "b\0c"s}));
+    EXPECT_FALSE(WriteIniValue("full.ini", {"a", "x", "more"}));
     EXPECT_TRUE(WriteNew("full.ini")) << "a value of the same length fits";
     EXPECT_EQ(directory.Names(), before);
 }
@@ -143,7 +185,7 @@ TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForIts
         failAt = 0;
         meanwhile = [&] {
             if (changes == most) return;
-            EXPECT_TRUE(WriteIniValue("f.ini", "b", "y", std::to_string(++changes)));
+            EXPECT_TRUE(WriteIniValue("f.ini", {"b", "y", std::to_string(++changes)}));
         };
         PutOld();
         EXPECT_EQ(WriteNew("f.ini", kWatched), most == 1);
@@ -152,10 +194,27 @@ TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForIts
     meanwhile = nullptr;
     FileCalls calls;
     calls.Flush = [](int) {
-        return OpenIniFile("new.ini") || WriteIniValue("new.ini", "b", "y", "1") ? 0 : -1;
+        return OpenIniFile("new.ini") || WriteIniValue("new.ini", {"1", "y", "1"}) ? 0 : -1;
     };
-    EXPECT_TRUE(WriteNew("new.ini", calls));
-    EXPECT_EQ(directory.Get("new.ini"), "[b]\r\ny=1\r\n[a]\r\nx=new\r\n");
+    const auto entry = [](const IniText& now) {
+        const std::string number = now.HasSection("1") ? "2" : "1";
+        return std::vector<IniValue>{{number, "x", "new"}, {"a", "count", number}};
+    };
+    EXPECT_TRUE(ChangeIniFile("new.ini", entry, calls));
+    EXPECT_EQ(directory.Get("new.ini"), "[1]\r\ny=1\r\n[2]\r\nx=new\r\n[a]\r\ncount=2\r\n")
+        << "what is written is decided by the text that is replaced";
+    failAt = 0;
+    calls.Flush = [](int) { return failAt++ == 0 ? RemoveLeftovers("."), 0 : 0; };
+    EXPECT_TRUE(WriteNew("new.ini", calls)) << "one that was taken for a leftover is made again";
+    NullLoop loop;
+    auto lock = std::make_unique<DirectoryLock>(loop, ".");
+    bool held = false;
+    EXPECT_TRUE(WriteProfileStrings(loop, u"new.ini", [&](const IniText&) {
+        held = !DirectoryLock(loop, ".");
+        EXPECT_TRUE(!std::exchange(lock, nullptr) || WriteIniValue("new.ini", {"b", "y", "3"}));
+        return std::vector<ProfileString>{{u"a", u"x", u"3"}};
+    }));
+    EXPECT_TRUE(held) << "who had the lock may be done by the second look";
 }
 
 TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
@@ -165,6 +224,13 @@ TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
                       "half");
     }
     EXPECT_FALSE(WriteNew("f.ini"));
+    directory.Put(".velora-mine.tmp", "mine");
+    NullLoop loop;
+    auto lock = std::make_unique<DirectoryLock>(loop, ".");
+    EXPECT_FALSE(WriteText(u"f.ini", u"1")) << "whoever holds the lock may need them";
+    lock.reset();
+    EXPECT_TRUE(WriteText(u"f.ini", u"2"));
+    EXPECT_EQ(directory.Names(), (std::vector{".velora-mine.tmp"s, "f.ini"s}));
 }
 
 TEST_F(IniFiles, AValueIsReadInItsOwnEncodingAsFarAsItFitsAndADefaultHoweverLong) {
@@ -201,7 +267,7 @@ TEST_F(IniFiles, WhatReadsBackWholeIsReadAgainFromTheFileOfAnyCase) {
     directory.Put("Lists/F.INI", "[a]\nx=1\n");
     for (const Text& value : {u" blanks "s, u"\"quoted\""s, u"\uF7FF\u20AC\U0001F3B5"s,
                               Text(254, u'a'), Text(127, u'\u00E4')}) {
-        WriteProfileString(u"lists\\f.ini", u"a", u"x", value);
+        EXPECT_TRUE(WriteText(u"lists\\f.ini", value));
         EXPECT_EQ(ReadProfileString(u"LISTS\\f.ini", u"a", u"x", u"none"), value);
         EXPECT_TRUE(ReadsBackWhole(value)) << Utf8(value);
     }

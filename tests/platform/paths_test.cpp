@@ -169,5 +169,16 @@ TEST_F(Paths, IniFilesStandBesideTheProgramUnlessThatCantBeWritten) {
         EXPECT_EQ(IniPlace(place, u"\\v.ini"), directory.PathText(read) + u"\\v.ini");
         EXPECT_EQ(OwnIniPlace(place, u"\\v.ini"), directory.PathText(written) + u"\\v.ini");
     }
+    // Somebody else's file can't be replaced, though this user may write in its directory.
+    const bool privileged = geteuid() == 0;
+    fs::permissions(".", fs::perms::all);
+    fs::permissions("full", fs::perms::all);
+    fs::create_symlink("/etc/passwd", "full/linked.ini");
+    set("XDG_DATA_HOME", "/data");
+    EXPECT_TRUE(!privileged || seteuid(65534) == 0);
+    for (const Text name : {u"\\linked.ini", privileged ? u"\\v.ini" : u"\\linked.ini"})
+        EXPECT_EQ(OwnIniPlace(directory.PathText("full"), name),
+                  directory.PathText("data/velora") + name);
+    EXPECT_TRUE(!privileged || seteuid(0) == 0);
     EXPECT_FALSE(fs::exists("data")) << "a start leaves nothing behind";
 }

@@ -1,4 +1,7 @@
 // Playlists from their bytes to the media list, the list itself, and the catalogue in its file.
+#include <sys/inotify.h>
+#include <unistd.h>
+
 #include "platform/directory_lock.h"
 #include "playlist/media_list.h"
 #include "playlist/playlist_catalogue.h"
@@ -73,6 +76,11 @@ const std::tuple<std::string, Text, Text, std::string> kEntries[] = {
     {"499", u"x", u"e", "500; 500; 500 x|\\|e"},
     {"500", u"x", u"e", "0 MessageBox Playlist Limit reached; 500"},
     {"0", u"", u"e", "0; 0"},
+    {"0", u"\r\n", u"e", "0; 0"},
+    {"0", u"a\r\nname\n", u"\\d\\e\r\n", "1; 1; 1 aname|\\d\\|e"},
+    {"40000\n[1]\nEnabled=1\nName=old\nFile=o", u"x", u"e", "2; 2; 1 old|\\|o; 2 x|\\|e"},
+    {"1\n[2]\n[3]\n", u"x", u"e", "4; 4; 4 x|\\|e"},
+    {"499\n[500]\n", u"x", u"e", "0 MessageBox Playlist Limit reached; 499"},
     {"0", Text(255, u'x'), u"e", kTooLong},
     {"0", u"x", Text(255, u'e'), kTooLong},
     {"0", u"x", Text(254, u'e') + u"\\e", kTooLong},
@@ -84,7 +92,7 @@ protected:
     Playlists() {
         directory.Put("one.m3u", "a.mp3\r\nb.mp3\r\n");
         directory.Put("two.m3u", "c.mp3\r\nA.mp3\r\nd.mp3\r\n");
-        machine.OwnDirectory = u".";
+        machine.Directory = machine.OwnDirectory = u".";
         velora.PlaylistsIni = u"velplaylists.ini";
     }
     std::string TakeMessages() {
@@ -165,6 +173,11 @@ TEST_F(Playlists, AddLinesEachWithATurnOfTheLoop) {
     EXPECT_EQ(entriesThen, 1);
     for (const auto& [bytes, added] : kFiles)
         EXPECT_EQ(Load(bytes), added) << ::testing::PrintToString(bytes);
+    const FileHandle opened(inotify_init1(IN_NONBLOCK));
+    EXPECT_GT(inotify_add_watch(opened.Descriptor(), "list.m3u", IN_OPEN), 0);
+    LoadPlaylistFile(velora, 500);
+    inotify_event event;
+    EXPECT_EQ(read(opened.Descriptor(), &event, sizeof event), -1) << "the list is full";
 }
 
 // Forms in which a reader that cuts its text line by line would need time by the square of the
@@ -199,9 +212,14 @@ TEST_F(Playlists, AnInstalledOneIsCompletedInTheUsersOwnPlace) {
     directory.Put("velplaylists.ini", installed);
     machine.OwnDirectory = u"home\\velora";
     LoadPlaylistCatalogue(velora);
-    EXPECT_EQ(AddPlaylist(velora, u"mine", u"one.m3u"), 2);
+    // The first one fails: it finds no directory.
+    directory.Put("home", "");
+    EXPECT_EQ(AddPlaylist(velora, u"lost", u"x"), 2);
+    std::filesystem::remove("home");
+    EXPECT_EQ(AddPlaylist(velora, u"mine", u"one.m3u"), 3);
     EXPECT_EQ(directory.Get("velplaylists.ini"), installed);
-    EXPECT_EQ(NextStart(), "2; 1 theirs|\\|; 2 mine|\\|one.m3u");
+    velora.PlaylistsIni = machine.OwnIniFile(u"\\velplaylists.ini");
+    EXPECT_EQ(NextStart(), "3; 1 theirs|\\|; 3 mine|\\|one.m3u");
 }
 
 TEST_F(Playlists, TwoRunsKeepBothEntriesAndOneThatCannotWriteGoesOn) {
@@ -211,14 +229,14 @@ TEST_F(Playlists, TwoRunsKeepBothEntriesAndOneThatCannotWriteGoesOn) {
     EXPECT_EQ(AddPlaylist(other, u"theirs", u"y"), 2);
     EXPECT_EQ(AddPlaylist(velora, u"mine again", u"x"), 3);
     machine.OwnDirectory = u"one.m3u";
-    EXPECT_EQ(AddPlaylist(other, u"in no directory", u"y"), 3);
-    EXPECT_EQ(other.Playlists[3].File, u"y");
+    EXPECT_EQ(AddPlaylist(other, u"in no directory", u"y"), 4);
+    EXPECT_EQ(other.Playlists[4].File, u"y");
     EXPECT_EQ(NextStart(), "3; 1 mine|\\|x; 2 theirs|\\|y; 3 mine again|\\|x");
 }
 
 TEST_F(Playlists, ALockIsWaitedForASecondAndNoMessageStandsOnIt) {
     NullLoop otherLoop;
-    auto lock = std::make_unique<DirectoryLock>(otherLoop, u".");
+    auto lock = std::make_unique<DirectoryLock>(otherLoop, ".");
     loop.Wait(7);
     EXPECT_EQ(AddPlaylist(velora, u"mine", u"x"), 1);
     EXPECT_EQ(loop.NowMs(), 8000);
@@ -226,8 +244,9 @@ TEST_F(Playlists, ALockIsWaitedForASecondAndNoMessageStandsOnIt) {
     EXPECT_EQ(AddPlaylist(velora, u"mine", u"x"), 2);
     EXPECT_EQ(loop.NowMs(), 8020);
     bool free = false;
-    dialogs.WhileOpen = [&] { free = static_cast<bool>(DirectoryLock(otherLoop, u".")); };
-    EXPECT_EQ(AddPlaylist(velora, u"line\nend", u"x"), 0);
+    dialogs.WhileOpen = [&] { free = static_cast<bool>(DirectoryLock(otherLoop, ".")); };
+    velora.PlaylistCount = 500;
+    EXPECT_EQ(AddPlaylist(velora, u"one more", u"x"), 0);
     EXPECT_TRUE(free);
-    EXPECT_FALSE(DirectoryLock(otherLoop, u"gone"));
+    EXPECT_FALSE(DirectoryLock(otherLoop, "gone"));
 }

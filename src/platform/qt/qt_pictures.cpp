@@ -6,6 +6,7 @@
 #include <QImageReader>
 #include <string_view>
 #include <sys/stat.h>
+#include <tuple>
 
 #include "platform/files.h"
 #include "platform/paths.h"
@@ -30,16 +31,36 @@ bool IsWithinLimit(const QSize& size) {
     return !size.isValid() || std::int64_t{size.width()} * size.height() <= kMostPixels;
 }
 
-// Of an icon the largest image, of anything else the first.
-QImage ReadLargest(QImageReader& reader, bool isIcon) {
+// The number that `count` bytes at `at` are, the lowest one first; 0 behind the end.
+std::size_t NumberAt(std::string_view bytes, std::size_t at, std::size_t count) {
+    std::size_t number = 0;
+    for (std::size_t place = 0; place < count && at + count <= bytes.size(); ++place)
+        number |= std::size_t{static_cast<unsigned char>(bytes[at + place])} << (8 * place);
+    return number;
+}
+
+// How many bits a pixel of an icon's image has. Many tables of icons leave that out, so a bitmap's
+// own header goes first.
+std::size_t DepthInIcon(std::string_view icon, int index) {
+    const std::size_t entry = 6 + 16 * std::size_t(index), image = NumberAt(icon, entry + 12, 4);
+    constexpr std::size_t kBitmapHeaderBytes = 40;
+    const bool isBitmap = NumberAt(icon, image, 4) == kBitmapHeaderBytes;
+    return isBitmap ? NumberAt(icon, image + 14, 2) : NumberAt(icon, entry + 6, 2);
+}
+
+// Of an icon the largest image, of several the deepest; of anything else the first.
+QImage ReadBest(QImageReader& reader, std::string_view bytes, bool isIcon) {
     QImage best;
+    std::tuple<int, std::size_t> bestRank;
     const int count = isIcon ? std::min(reader.imageCount(), 64) : 1;
     for (int index = 0; index < count; ++index) {
         if (index > 0 && !reader.jumpToImage(index)) break;
         if (!IsWithinLimit(reader.size())) continue;
         QImage image = reader.read();
-        if (best.isNull() || image.width() * image.height() > best.width() * best.height())
-            best = std::move(image);
+        const std::tuple rank(image.width() * image.height(), DepthInIcon(bytes, index));
+        if (!best.isNull() && rank <= bestRank) continue;
+        best = std::move(image);
+        bestRank = rank;
     }
     return best;
 }
@@ -54,7 +75,7 @@ QImage DecodePicture(std::string_view bytes) {
     if (!buffer.open(QIODevice::ReadOnly)) return {};
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    QImage image = ReadLargest(reader, std::string_view(format) == "ico");
+    QImage image = ReadBest(reader, bytes, std::string_view(format) == "ico");
     if (image.isNull() || !IsWithinLimit(image.size())) return {};
     return std::move(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }

@@ -53,6 +53,12 @@ TEST_F(QtPicturesTest, TheFirstBytesDecideTheFormatAndOfAnIconTheLargestImageCou
     };
     const std::string icon = "\0\0\1\0\3\0"s + row(3, small, 54) +
                              row(9, large, 54 + small.size()) + row(3, small, 54) + small + large;
+    // One size, one pixel: black in 1 bit, blue in 32, black in 1 again. The table says 32 of all.
+    const auto one = "\x28\0\0\0\1\0\0\0\2\0\0\0\1\0"s, rest = std::string(24, '\0');
+    const auto flat = one + "\1\0"s + rest + std::string(16, '\0');
+    const auto deep = one + "\x20\0"s + rest + "\xFF\0\0\xFF\0\0\0\0"s;
+    const std::string depths = "\0\0\1\0\3\0"s + row(1, flat, 54) + row(1, deep, 54 + flat.size()) +
+                               row(1, flat, 54) + flat + deep;
     const std::pair<std::string, const char*> rows[] = {
         {Encoded(12, 7, "bmp"), "12x7 #c86432"},
         {Encoded(12, 7, "png"), "12x7 #c86432"},
@@ -60,6 +66,7 @@ TEST_F(QtPicturesTest, TheFirstBytesDecideTheFormatAndOfAnIconTheLargestImageCou
         {Encoded(12, 7, "jpeg"), "12x7 #c86432"},
         {kGif, "2x1 #ff0000"},
         {icon, "9x9 #00ff00"},
+        {depths, "1x1 #0000ff"},
         {Encoded(4096, 4096, "png"), "4096x4096 #ffffff"}, // 64 MB, and no row more.
     };
     for (const auto& [bytes, picture] : rows)
