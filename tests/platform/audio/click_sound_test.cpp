@@ -13,11 +13,12 @@
 namespace {
 
 // A wave file whose samples say how they stand, the same in each channel.
-Text CountingWave(const std::string& path, int rateHz, int channels, int from, int frames) {
+Text CountingWave(const std::string& path, int rateHz, int channels, int from, int frames,
+                  bool floats = false) {
     Samples16 samples;
     for (int at = 0; at < frames * channels; ++at)
         samples.push_back(static_cast<std::int16_t>(from + at / channels % 8000));
-    WriteWave(path, rateHz, channels, samples);
+    WriteWave(path, rateHz, channels, samples, floats);
     return PathText(path);
 }
 
@@ -100,7 +101,7 @@ TEST_F(ClickTest, AMissingSoundOrServerIsToldAndMayComeBackAndALongSoundIsNotWai
     EXPECT_FALSE(ClickSound(m_server.Address()).PlayAndWait(path));
 }
 
-TEST(SoundFileTest, WaveFilesAreReadAndLongOnesAreCutAndOddOnesRefused) {
+TEST(SoundFileTest, WaveFilesAlsoOfFloatsAreReadAndLongOnesAreCutAndOddOnesRefused) {
     // Rate in Hz, channels, frames, and what is read: frames, length in ms, last sample.
     const std::tuple<int, int, int, std::vector<std::int64_t>> rows[] = {
         {192000, 2, 96, {96, 1, 8096}},
@@ -112,13 +113,14 @@ TEST(SoundFileTest, WaveFilesAreReadAndLongOnesAreCutAndOddOnesRefused) {
     };
     const TempDirectory files;
     const std::ptrdiff_t before = OpenDescriptors();
-    for (const auto& [rateHz, channels, frames, expected] : rows) {
+    for (int at = 0; at < 2 * std::ssize(rows); ++at) {
+        const auto& [rateHz, channels, frames, expected] = rows[at / 2];
         std::vector<std::int64_t> read;
-        const Text path = CountingWave(files.Path("wave"), rateHz, channels, 8001, frames);
+        const Text path = CountingWave(files.Path("wave"), rateHz, channels, 8001, frames, at % 2);
         if (const std::optional<SoundClip> clip = ReadSoundFile(path))
             read = {std::ssize(clip->Samples) / clip->Channels, clip->LengthMs(),
                     clip->Samples.back()};
-        EXPECT_EQ(read, expected) << rateHz << ", " << channels;
+        EXPECT_EQ(read, expected) << rateHz << ", " << channels << ", " << at % 2;
     }
     EXPECT_EQ(OpenDescriptors(), before);
 }
