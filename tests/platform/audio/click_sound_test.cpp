@@ -26,7 +26,7 @@ std::ptrdiff_t OpenDescriptors() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
-class ClickTest : public testing::Test {
+class ClickTest : public testing::TestWithParam<TestSink> {
 protected:
     // A stereo file, so that the sink takes it unchanged.
     Text File(const std::string& name, int from, int frames, int rateHz = 44100) {
@@ -48,17 +48,19 @@ protected:
                 return count;
     }
 
-    // What a monitor hears after a server took sound back isn't what was played; a pipe takes
+    // What a monitor hears after PulseAudio took sound back isn't what was played; a pipe takes
     // nothing back.
-    PrivatePulseServer m_server{TestSink::Pipe};
+    PrivatePulseServer m_server{GetParam()};
     SoundRecorder m_recorder{m_server};
     TempDirectory m_files;
     std::optional<ClickSound> m_click{m_server.Address()};
 };
 
+INSTANTIATE_TEST_SUITE_P(Servers, ClickTest, testing::Values(TestSink::Pipe, TestSink::PipeWire));
+
 } // namespace
 
-TEST_F(ClickTest, IsHeardWholeBeforeTheCallerGoesOnIsHeldUntilTheNextAndLeavesNothingOpen) {
+TEST_P(ClickTest, IsHeardWholeBeforeTheCallerGoesOnIsHeldUntilTheNextAndLeavesNothingOpen) {
     const std::ptrdiff_t before = OpenDescriptors();
     const Text path = File("click.wav", 1000, 1323);
     EXPECT_TRUE(Plays(path));
@@ -82,7 +84,7 @@ TEST_F(ClickTest, IsHeardWholeBeforeTheCallerGoesOnIsHeldUntilTheNextAndLeavesNo
     EXPECT_TRUE(WaitUntil([&] { return OpenDescriptors() == before; }));
 }
 
-TEST_F(ClickTest, AMissingSoundOrServerIsToldAndMayComeBackAndALongSoundIsNotWaitedFor) {
+TEST_P(ClickTest, AMissingSoundOrServerIsToldAndMayComeBackAndALongSoundIsNotWaitedFor) {
     using namespace std::chrono;
     EXPECT_FALSE(m_click->PlayAndWait(m_files.PathText("click.wav")));
     const Text path = File("click.wav", 1000, 100);

@@ -272,7 +272,8 @@ void PulseOutput::TakeTiming(bool afterDrop) {
     // With the queue run dry, silence lies behind our last sample in the sink's own buffer.
     const std::uint64_t silence =
         info->playing ? 0
-                      : pa_bytes_to_usec(info->since_underrun, pa_stream_get_sample_spec(m_stream));
+                      : pa_bytes_to_usec(static_cast<std::uint64_t>(info->since_underrun),
+                                         pa_stream_get_sample_spec(m_stream));
     const std::uint64_t behindUs = info->sink_usec > silence ? info->sink_usec - silence : 0;
     m_timing.Running = !stands && read > m_base;
     m_timing.HeardFrame = stands ? read : read - framesOfUs(behindUs);
