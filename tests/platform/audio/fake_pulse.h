@@ -42,6 +42,8 @@ struct FakePulse {
         const auto questions = Mute ? decltype(Questions)() : std::exchange(Questions, {});
         for (const Question& question : questions) {
             Timing = question.Timing;
+            // The library adds what was written since the question.
+            Timing.write_index = FrameBytes() * Written;
             Timing.transport_usec += static_cast<pa_usec_t>(NowUs - question.AtUs);
             question.Call(StreamPointer(), Knows, Asker);
         }
@@ -122,8 +124,8 @@ struct FakePulse {
     std::size_t RoomBytes() {
         Settle();
         const std::int64_t room = std::max<std::int64_t>(0, WantedFrames - (Written - Read));
-        if (RoomFrames == -2) return -1;
-        return FrameBytes() * (RoomFrames < 0 ? room : RoomFrames);
+        if (RoomFrames == -2) return static_cast<std::size_t>(-1);
+        return static_cast<std::size_t>(FrameBytes() * (RoomFrames < 0 ? room : RoomFrames));
     }
     pa_operation* AskTiming(pa_stream_success_cb_t call, void* who) {
         Settle();
@@ -131,8 +133,7 @@ struct FakePulse {
         pa_timing_info timing = Extra;
         timing.read_index = FrameBytes() * Read;
         timing.playing = Read < Written;
-        timing.since_underrun =
-            static_cast<std::uint64_t>((NowUs - DryUs) * Spec.rate / 1'000'000 * FrameBytes());
+        timing.since_underrun = (NowUs - DryUs) * Spec.rate / 1'000'000 * FrameBytes();
         if (!Refuses) Questions.push_back({call, timing, NowUs});
         return Ask("ask");
     }

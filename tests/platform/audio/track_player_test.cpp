@@ -77,8 +77,8 @@ protected:
         if (word == "dies") m_pulse.Context = PA_CONTEXT_FAILED;
         if (word == "dies" || word == "kills") m_pulse.Kill();
         if (word == "room") m_pulse.RoomFrames = n;
-        if (word == "latency") m_pulse.Extra.sink_usec = n * 1000U;
-        if (word == "transport") m_pulse.Extra.transport_usec = n * 1000U;
+        if (word == "latency") m_pulse.Extra.sink_usec = static_cast<pa_usec_t>(n) * 1000;
+        if (word == "transport") m_pulse.Extra.transport_usec = static_cast<pa_usec_t>(n) * 1000;
         if (word == "corrupt") m_pulse.Extra.read_index_corrupt = n;
         if (word == "suspend") m_pulse.Suspend(n != 0);
         // Time, and questions.
@@ -295,6 +295,11 @@ const Row kRows[] = {
      "@0 dial facts open=file.mp3 @2200 p200 @2400 p400 @2500 name=file.mp3 drop w=1001..7000 uncork @2540 ask @2700 ask p700 @2900 p900"},
     {"WhatHasNotComeIsNotWaitedForAgain", "slow start facts run=2500 start facts run=250",
      "@0 dial facts open=file.mp3 @2200 p200 @2400 p400 @2500 quit facts @2700 p200"},
+    {"ARestingStreamOfAServerThatHangsIsLeftForTheSilentClock",
+     "play=100 stop mute start facts run=2500 mute=0 run=300",
+     "@100 drop quit name=file.mp3 drop facts @2300 p200 @2500 p400 @2600 name=file.mp3 drop w=1001..7000 uncork @2640 ask @2800 ask p700"},
+    {"ASeekWhoseAnswerFailsIsFoundByTheNextOne", "play=300 knows=0 seek=3 run=300 knows=1 run=400",
+     "@300 find=6600 drop w=6601..7300 uncork @340 ask @500 p3300 @540 ask @740 ask @900 ask p3900"},
     {"APauseWhileTheStreamOpensHoldsIt",
      "slow start facts run=100 pause slow=0 run=4000 pause run=300",
      "@0 dial facts open=file.mp3 @4100 uncork ask @4140 ask @4300 ask p200"},
@@ -360,7 +365,7 @@ const Row kRows[] = {
      "cork ask @200 due=never uncork ask vis=12 ask @220 200:1498176 233:1664100 266:1838736 "
      "299:2022084 332:2214144 365:2414916 398:2624400 431:2842596"},
     {"TheNextTracksScopeBeginsAtOnce", "scope play=100 start facts run=10 frames?",
-     "drop quit name=file.mp3 drop facts uncork @110 100:0"},
+     "drop quit name=file.mp3 drop facts uncork @110 100:1048576"},
     {"WhatIsNotDecodedYetWaitsForItsMoment", "limit=1400 scope start facts run=150 frames?",
      "@0 dial facts open=file.mp3 uncork vis=1 @33 vis=2 @40 ask @66 vis=3 @99 ask vis=4 @132 vis=5 @150 "
      "0:1048576 33:1048576 66:1336336 99:1493284 132:1658944 165:1833316"},

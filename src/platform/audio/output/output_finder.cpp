@@ -2,6 +2,7 @@
 #include "platform/audio/output/output_finder.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -35,14 +36,13 @@ SoundOutput* OutputFinder::Choose(bool mustSound, std::int64_t nowUs) {
         m_retryAtUs.reset();
         m_server.Connect();
     }
-    const bool wasLate = m_late != Late::Nothing;
-    if (wasLate && !mustSound && !HasCome()) return &m_clock;
-    m_late = Late::Nothing;
+    if (m_late != Late::Nothing && !mustSound && !HasCome()) return &m_clock;
+    const bool serverWasLate = std::exchange(m_late, Late::Nothing) == Late::Server;
     if (!m_limitUs) m_limitUs = nowUs + kLimitUs;
     switch (m_server.Current()) {
     case PulseServer::State::Ready:
-        // The clock that stood in does so until the stream is up.
-        if (!wasLate) m_limitUs = std::max(*m_limitUs, nowUs + kStreamLimitUs);
+        // The clock that stands in for a late server goes on until the stream is up.
+        if (!serverWasLate) m_limitUs = std::max(*m_limitUs, nowUs + kStreamLimitUs);
         return &m_pulse;
     case PulseServer::State::Failed:
         if (!mustSound) return &m_clock;

@@ -44,6 +44,8 @@ void PulseOutput::Open(const SoundFormat& format, const std::string& title, std:
     if (TakeRested(format, title)) {
         m_held = false;
         Drop(nowUs);
+        // Not given a track before the server has shown that it doesn't hang.
+        m_returns = !m_baseKnown;
         return;
     }
     Disconnect();
@@ -124,7 +126,7 @@ void PulseOutput::PollRest(std::int64_t nowUs) {
 }
 
 void PulseOutput::Disconnect() {
-    m_rests = m_refused = false;
+    m_rests = m_returns = m_refused = false;
     m_restUntilUs.reset();
     m_newName.clear();
     m_asked.clear();
@@ -150,7 +152,7 @@ OutputState PulseOutput::StreamState() const {
     if (!m_stream) return OutputState::Closed;
     switch (pa_stream_get_state(m_stream)) {
     case PA_STREAM_READY:
-        return OutputState::Running;
+        return m_returns ? OutputState::Opening : OutputState::Running;
     case PA_STREAM_FAILED:
     case PA_STREAM_TERMINATED:
         return OutputState::Lost;
@@ -239,6 +241,7 @@ void PulseOutput::OnTiming(pa_stream* stream, int success, void* self) {
     if (stream != output->m_stream || output->m_asked.empty()) return;
     const bool afterDrop = output->m_asked.front();
     output->m_asked.pop_front();
+    if (afterDrop) output->m_returns = false;
     if (success) output->TakeTiming(afterDrop);
 }
 
@@ -262,8 +265,12 @@ void PulseOutput::TakeTiming(bool afterDrop) {
         m_baseKnown = std::find(m_asked.begin(), m_asked.end(), true) == m_asked.end();
         return;
     }
-    // Between a drop and its answer nobody knows which frames the numbers mean.
-    if (!m_baseKnown) return;
+    // Between a drop and its answer nobody knows which frames the numbers mean; where that answer
+    // failed, they are those that were written since.
+    if (std::find(m_asked.begin(), m_asked.end(), true) != m_asked.end()) return;
+    if (!m_baseKnown && info->write_index_corrupt) return;
+    if (!m_baseKnown) m_base = FramesOfBytes(info->write_index) - m_written;
+    m_baseKnown = true;
     const auto framesOfUs = [this](std::uint64_t us) {
         return static_cast<std::int64_t>(us) * m_format.RateHz / 1'000'000;
     };

@@ -71,6 +71,7 @@ private:
     pa_stream* m_stream = nullptr;
     SoundFormat m_format;
     bool m_rests = false;
+    bool m_returns = false; ///< Taken from its rest, and the server hasn't answered since.
     std::optional<std::int64_t> m_restUntilUs; ///< While a stream rests that is up.
     std::string m_newName;                     ///< For a stream that was taken before it was up.
     bool m_refused = false;
