@@ -92,12 +92,13 @@ int main(int count, char** arguments) {
 
     QtLoop loop;
     AudioPlayer player(loop);
-    // The way to the sound begins beside the window, not behind it.
-    if (!commandLine.empty()) player.Prepare();
 
     // The toolkit takes no argument away from the command line, since it sees none.
     int toolkitCount = 1;
     QApplication application(toolkitCount, arguments);
+    // The way to the sound begins beside the window, but no thread may run while the application
+    // object sets locale and environment, which others read without a lock.
+    if (!commandLine.empty()) player.Prepare();
     PrepareApplication();
 
     QtWindow window(loop);

@@ -19,6 +19,9 @@ PATIENCE_SECONDS, PAUSE_SECONDS = 60, 0.01
 # Where a user keeps what the program may look for, all of it elsewhere now.
 OWN_PLACES = "CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "STATE_HOME"
 
+SOUND_SERVER = pathlib.Path(__file__).parent.parent / "support" / "sound_server"
+NULL_SINK = "module-null-sink sink_name=out format=s16le rate=44100 channels=2"
+
 # It starts nothing by itself, or a real desktop's file chooser might come up.
 BUS = """<busconfig><type>session</type><listen>{}</listen><policy context="default">
 <allow own="*"/>
@@ -92,19 +95,18 @@ class Session:
             raise GaveUp("no display")
 
     def start_sound(self, without_memory="yes"):
-        # A sink that the recordings are made from: CD quality, no sound card needed. Without
-        # rewinds, since a recorder does not get again what the sink makes anew. Without shared
-        # memory, since the server ends by an assertion of its own now and then where a recorder is
-        # handed a player's memory.
+        # Of the kind that SOUND_SERVER names. Its sink is the one that the recordings are made
+        # from. PulseAudio's is without rewinds, since a recorder does not get again what the sink
+        # makes anew, and without shared memory, since the server ends by an assertion of its own
+        # now and then where a recorder is handed a player's memory.
         socket = self.directory / "native"
         socket.unlink(missing_ok=True)
         self.sound = self.start(
-            "pulseaudio", "-n", f"--disable-shm={without_memory}", "--log-level=error",
-            "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
-            "-L", "module-null-sink sink_name=out format=s16le rate=44100 channels=2 norewinds=1",
-            "-L", f"module-native-protocol-unix socket={socket} auth-anonymous=1")
+            SOUND_SERVER, os.environ.get("SOUND_SERVER", "pulseaudio"), self.directory,
+            f"--disable-shm={without_memory}", "-L", f"{NULL_SINK} norewinds=1")
         os.environ["PULSE_SERVER"] = f"unix:{socket}"
-        wait_for("the sound server", lambda: succeeds("pactl", "info"))
+        wait_for("the sound server", lambda: "Default Sink: out" in subprocess.run(
+            ["pactl", "info"], capture_output=True, text=True).stdout)
 
     def start_shared_sound(self):
         # The same with that memory, as on a desktop: it is a part of what sound costs.

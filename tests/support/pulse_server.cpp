@@ -46,15 +46,15 @@ bool PrivatePulseServer::Start() {
     // A recorder of the null sink is handed the player's own memory where that is shared, and the
     // server ends by an assertion of its own now and then.
     const std::string sink =
-        m_sink == TestSink::Null
-            ? "--disable-shm=yes -L 'module-null-sink"
-            : "-L 'module-pipe-sink use_system_clock_for_timing=yes file=" + m_files.Path("pipe");
-    m_process = Spawn(Line(
-        "pulseaudio -n --daemonize=no --exit-idle-time=-1 --log-level=error " + sink +
-            " sink_name=out format=s16le rate=44100 channels=2' -L " +
-            "'module-native-protocol-unix auth-anonymous=1 socket=" + m_files.Path("native") + "'",
-        "server.log"));
-    if (WaitFor([&] { return !Ask("info").empty(); })) return true;
+        m_sink == TestSink::Pipe
+            ? "-L 'module-pipe-sink use_system_clock_for_timing=yes file=" + m_files.Path("pipe")
+            : "--disable-shm=yes -L 'module-null-sink";
+    const std::string kind = m_sink == TestSink::PipeWire ? "pipewire" : "pulseaudio";
+    m_process = Spawn(Line(VELORA_SOURCE_DIR "/tests/support/sound_server " + kind + " \"$PWD\" " +
+                               sink + " sink_name=out format=s16le rate=44100 channels=2'",
+                           "server.log"));
+    if (WaitFor([&] { return Ask("info").find("Default Sink: out") != std::string::npos; }))
+        return true;
     Kill();
     return false;
 }

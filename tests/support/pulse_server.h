@@ -11,11 +11,12 @@
 
 /// `Null` behaves as a sound card does and takes back what it hasn't played yet, but a recording of
 /// it lacks the few milliseconds that were taken back and played anew. `Pipe` takes nothing back
-/// and shows every sample that the server played, so a pause or seek is heard late.
-enum class TestSink { Null, Pipe };
+/// and shows every sample that the server played, so a pause or seek is heard late. `PipeWire` is
+/// the silent sink of another server, which mixes nothing ahead.
+enum class TestSink { Null, Pipe, PipeWire };
 
-/// A `pulseaudio` process in a temporary directory. Its sink takes 16 bits at 44,100 Hz, so what a
-/// player sends in that format arrives bit for bit.
+/// A sound server in a temporary directory. Its sink takes 16 bits at 44,100 Hz, so what a player
+/// sends in that format arrives bit for bit.
 class PrivatePulseServer {
 public:
     /// Starts the server; `IsRunning` tells whether that worked.
@@ -26,8 +27,9 @@ public:
     bool Start();
     /// Ends it as a crash would.
     void Kill();
-    /// From now on it is there, but never answers.
+    /// From now on it is there, but doesn't answer, until it thaws.
     void Freeze() const { kill(m_process, SIGSTOP); }
+    void Thaw() const { kill(m_process, SIGCONT); }
     [[nodiscard]] bool IsRunning() const { return m_process > 0; }
     /// What `PULSE_SERVER` is to be.
     [[nodiscard]] std::string Address() const { return "unix:" + m_files.Path("native"); }

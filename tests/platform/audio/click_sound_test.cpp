@@ -13,11 +13,12 @@
 namespace {
 
 // A wave file whose samples say how they stand, the same in each channel.
-Text CountingWave(const std::string& path, int rateHz, int channels, int from, int frames) {
+Text CountingWave(const std::string& path, int rateHz, int channels, int from, int frames,
+                  bool floats = false) {
     Samples16 samples;
     for (int at = 0; at < frames * channels; ++at)
         samples.push_back(static_cast<std::int16_t>(from + at / channels % 8000));
-    WriteWave(path, rateHz, channels, samples);
+    WriteWave(path, rateHz, channels, samples, floats);
     return PathText(path);
 }
 
@@ -25,7 +26,7 @@ std::ptrdiff_t OpenDescriptors() {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
-class ClickTest : public testing::Test {
+class ClickTest : public testing::TestWithParam<TestSink> {
 protected:
     // A stereo file, so that the sink takes it unchanged.
     Text File(const std::string& name, int from, int frames, int rateHz = 44100) {
@@ -47,17 +48,19 @@ protected:
                 return count;
     }
 
-    // What a monitor hears after a server took sound back isn't what was played; a pipe takes
+    // What a monitor hears after PulseAudio took sound back isn't what was played; a pipe takes
     // nothing back.
-    PrivatePulseServer m_server{TestSink::Pipe};
+    PrivatePulseServer m_server{GetParam()};
     SoundRecorder m_recorder{m_server};
     TempDirectory m_files;
     std::optional<ClickSound> m_click{m_server.Address()};
 };
 
+INSTANTIATE_TEST_SUITE_P(Servers, ClickTest, testing::Values(TestSink::Pipe, TestSink::PipeWire));
+
 } // namespace
 
-TEST_F(ClickTest, IsHeardWholeBeforeTheCallerGoesOnIsHeldUntilTheNextAndLeavesNothingOpen) {
+TEST_P(ClickTest, IsHeardWholeBeforeTheCallerGoesOnIsHeldUntilTheNextAndLeavesNothingOpen) {
     const std::ptrdiff_t before = OpenDescriptors();
     const Text path = File("click.wav", 1000, 1323);
     EXPECT_TRUE(Plays(path));
@@ -81,7 +84,7 @@ TEST_F(ClickTest, IsHeardWholeBeforeTheCallerGoesOnIsHeldUntilTheNextAndLeavesNo
     EXPECT_TRUE(WaitUntil([&] { return OpenDescriptors() == before; }));
 }
 
-TEST_F(ClickTest, AMissingSoundOrServerIsToldAndMayComeBackAndALongSoundIsNotWaitedFor) {
+TEST_P(ClickTest, AMissingSoundOrServerIsToldAndMayComeBackAndALongSoundIsNotWaitedFor) {
     using namespace std::chrono;
     EXPECT_FALSE(m_click->PlayAndWait(m_files.PathText("click.wav")));
     const Text path = File("click.wav", 1000, 100);
@@ -100,7 +103,7 @@ TEST_F(ClickTest, AMissingSoundOrServerIsToldAndMayComeBackAndALongSoundIsNotWai
     EXPECT_FALSE(ClickSound(m_server.Address()).PlayAndWait(path));
 }
 
-TEST(SoundFileTest, WaveFilesAreReadAndLongOnesAreCutAndOddOnesRefused) {
+TEST(SoundFileTest, WaveFilesAlsoOfFloatsAreReadAndLongOnesAreCutAndOddOnesRefused) {
     // Rate in Hz, channels, frames, and what is read: frames, length in ms, last sample.
     const std::tuple<int, int, int, std::vector<std::int64_t>> rows[] = {
         {192000, 2, 96, {96, 1, 8096}},
@@ -112,13 +115,14 @@ TEST(SoundFileTest, WaveFilesAreReadAndLongOnesAreCutAndOddOnesRefused) {
     };
     const TempDirectory files;
     const std::ptrdiff_t before = OpenDescriptors();
-    for (const auto& [rateHz, channels, frames, expected] : rows) {
+    for (int at = 0; at < 2 * std::ssize(rows); ++at) {
+        const auto& [rateHz, channels, frames, expected] = rows[at / 2];
         std::vector<std::int64_t> read;
-        const Text path = CountingWave(files.Path("wave"), rateHz, channels, 8001, frames);
+        const Text path = CountingWave(files.Path("wave"), rateHz, channels, 8001, frames, at % 2);
         if (const std::optional<SoundClip> clip = ReadSoundFile(path))
             read = {std::ssize(clip->Samples) / clip->Channels, clip->LengthMs(),
                     clip->Samples.back()};
-        EXPECT_EQ(read, expected) << rateHz << ", " << channels;
+        EXPECT_EQ(read, expected) << rateHz << ", " << channels << ", " << at % 2;
     }
     EXPECT_EQ(OpenDescriptors(), before);
 }

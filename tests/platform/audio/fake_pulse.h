@@ -36,9 +36,14 @@ struct FakePulse {
         if (connects) Context = PA_CONTEXT_READY;
         const bool opens = Stream == PA_STREAM_CREATING && !Slow;
         if (opens) Stream = PA_STREAM_READY;
+        OnServer += opens;
+        if (!Slow) MakeUnwanted();
+        AskForSamples();
         const auto questions = Mute ? decltype(Questions)() : std::exchange(Questions, {});
         for (const Question& question : questions) {
             Timing = question.Timing;
+            // The library adds what was written since the question.
+            Timing.write_index = FrameBytes() * Written;
             Timing.transport_usec += static_cast<pa_usec_t>(NowUs - question.AtUs);
             question.Call(StreamPointer(), Knows, Asker);
         }
@@ -55,17 +60,50 @@ struct FakePulse {
         return Note("w=" + std::to_string(samples[0]) + ".." + std::to_string(end) +
                     (offset ? "/" + std::to_string(offset / FrameBytes()) : ""));
     }
+    /// Streams that were let go before they were there: they come all the same.
+    void MakeUnwanted() {
+        for (const auto& [stream, call] : std::exchange(Unwanted, {})) {
+            ++OnServer;
+            Made = stream;
+            if (call) call(stream, nullptr);
+        }
+        Made = nullptr;
+    }
+    void AskForSamples() {
+        Settle();
+        if (Mute || Stream != PA_STREAM_READY || !OnRequest || Read - AskedAt < RequestFrames)
+            return;
+        AskedAt = Read;
+        OnRequest(StreamPointer(), 1, Requester);
+    }
+    /// A stream that isn't made yet can't be left.
+    int Leave(pa_stream* stream) {
+        if (StateOf(stream) == PA_STREAM_CREATING) return -PA_ERR_BADSTATE;
+        if (StateOf(stream) == PA_STREAM_READY) --OnServer;
+        return Note("leave");
+    }
+    void Free() {
+        Questions.clear();
+        if (Stream == PA_STREAM_CREATING) Unwanted.emplace_back(StreamPointer(), OnState);
+        Stream = PA_STREAM_UNCONNECTED;
+        OnState = nullptr;
+        Note("free");
+    }
+    [[nodiscard]] pa_stream_state_t StateOf(const pa_stream* stream) const {
+        return stream == Made ? PA_STREAM_READY : Stream;
+    }
     pa_stream* Open(const std::string& name, const pa_sample_spec& spec) {
         Note("open=" + name);
         Spec = spec;
         Stream = PA_STREAM_CREATING;
-        Corked = false;
-        Read = Written = Queued = 0;
+        Read = Written = Queued = AskedAt = 0;
         ++Streams;
         return StreamPointer();
     }
-    int Connect(const pa_buffer_attr& buffer) {
+    int Connect(const pa_buffer_attr& buffer, pa_stream_flags_t flags) {
+        Corked = flags & PA_STREAM_START_CORKED;
         WantedFrames = buffer.tlength / FrameBytes();
+        RequestFrames = buffer.minreq / FrameBytes();
         std::string note = "buffer";
         for (const std::uint32_t n :
              {buffer.maxlength, buffer.tlength, buffer.prebuf, buffer.minreq, buffer.fragsize})
@@ -86,8 +124,8 @@ struct FakePulse {
     std::size_t RoomBytes() {
         Settle();
         const std::int64_t room = std::max<std::int64_t>(0, WantedFrames - (Written - Read));
-        if (RoomFrames == -2) return -1;
-        return FrameBytes() * (RoomFrames < 0 ? room : RoomFrames);
+        if (RoomFrames == -2) return static_cast<std::size_t>(-1);
+        return static_cast<std::size_t>(FrameBytes() * (RoomFrames < 0 ? room : RoomFrames));
     }
     pa_operation* AskTiming(pa_stream_success_cb_t call, void* who) {
         Settle();
@@ -95,10 +133,14 @@ struct FakePulse {
         pa_timing_info timing = Extra;
         timing.read_index = FrameBytes() * Read;
         timing.playing = Read < Written;
-        timing.since_underrun =
-            static_cast<std::uint64_t>((NowUs - DryUs) * Spec.rate / 1'000'000 * FrameBytes());
+        timing.since_underrun = (NowUs - DryUs) * Spec.rate / 1'000'000 * FrameBytes();
         if (!Refuses) Questions.push_back({call, timing, NowUs});
         return Ask("ask");
+    }
+    void Kill() {
+        Stream = PA_STREAM_FAILED;
+        OnServer = 0;
+        Unwanted.clear();
     }
     void Suspend(bool suspended) {
         Settle();
@@ -124,7 +166,7 @@ struct FakePulse {
     // What a test sets.
     bool Deaf = false;            ///< The server never answers.
     bool Slow = false;            ///< It takes no stream.
-    bool Mute = false;            ///< It answers no question.
+    bool Mute = false;            ///< It answers no question and asks for nothing.
     bool Knows = true;            ///< Its answers are answers.
     bool Refuses = false;         ///< Every request fails at once.
     bool Details = false;         ///< The stream's buffer is noted.
@@ -138,6 +180,14 @@ struct FakePulse {
     std::uintptr_t Streams = 0;
     pa_sample_spec Spec{};
     std::int64_t WantedFrames = 0;
+    std::int64_t RequestFrames = 0; ///< It asks for so many at a time.
+    std::int64_t AskedAt = 0;
+    int OnServer = 0; ///< Streams that are there.
+    std::vector<std::pair<pa_stream*, pa_stream_notify_cb_t>> Unwanted;
+    pa_stream* Made = nullptr; ///< An unwanted one, while its maker is told.
+    pa_stream_notify_cb_t OnState = nullptr;
+    pa_stream_request_cb_t OnRequest = nullptr;
+    void* Requester = nullptr;
     struct Question {
         pa_stream_success_cb_t Call;
         pa_timing_info Timing;
@@ -194,8 +244,8 @@ FAKE(pa_stream*, pa_stream_new_with_proplist,
 FAKE(int, pa_stream_connect_playback,
      (pa_stream * s, const char* d, const pa_buffer_attr* buffer, pa_stream_flags_t flags,
       const pa_cvolume* volume, pa_stream* other),
-     (s, d, buffer, flags, volume, other), return fake->Connect(*buffer))
-FAKE(pa_stream_state_t, pa_stream_get_state, (const pa_stream* s), (s), return fake->Stream)
+     (s, d, buffer, flags, volume, other), return fake->Connect(*buffer, flags))
+FAKE(pa_stream_state_t, pa_stream_get_state, (const pa_stream* s), (s), return fake->StateOf(s))
 FAKE(std::size_t, pa_stream_writable_size, (const pa_stream* s), (s), return fake->RoomBytes())
 FAKE(int, pa_stream_write,
      (pa_stream * s, const void* samples, std::size_t bytes, pa_free_cb_t f, std::int64_t at,
@@ -216,7 +266,12 @@ FAKE(const pa_sample_spec*, pa_stream_get_sample_spec, (pa_stream * s), (s), ret
 FAKE(void, pa_stream_set_suspended_callback, (pa_stream * s, Told call, void* who), (s, call, who),
      fake->OnSuspended = call)
 FAKE(void, pa_stream_set_moved_callback, (pa_stream * s, Told call, void* who), (s, call, who))
-FAKE(int, pa_stream_disconnect, (pa_stream * s), (s), return fake->Note("leave"))
-FAKE(void, pa_stream_unref, (pa_stream * s), (s), fake->Note("free"))
+FAKE(void, pa_stream_set_state_callback, (pa_stream * s, Told call, void* who), (s, call, who),
+     fake->OnState = call)
+FAKE(void, pa_stream_set_write_callback, (pa_stream * s, pa_stream_request_cb_t call, void* who),
+     (s, call, who), fake->OnRequest = call;
+     fake->Requester = who)
+FAKE(int, pa_stream_disconnect, (pa_stream * s), (s), return fake->Leave(s))
+FAKE(void, pa_stream_unref, (pa_stream * s), (s), fake->Free())
 
 } // extern "C"

@@ -9,12 +9,14 @@
 
 #include "platform/audio/decode/mpeg_decoder.h"
 
-void WriteWave(const std::string& path, int rateHz, int channels, const Samples16& samples) {
+void WriteWave(const std::string& path, int rateHz, int channels, const Samples16& samples,
+               bool floats) {
     SF_INFO info{};
     info.samplerate = rateHz;
     info.channels = channels;
-    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    info.format = SF_FORMAT_WAV | (floats ? SF_FORMAT_FLOAT : SF_FORMAT_PCM_16);
     SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
+    sf_command(file, SFC_SET_SCALE_INT_FLOAT_WRITE, nullptr, SF_TRUE);
     sf_write_short(file, samples.data(), static_cast<sf_count_t>(samples.size()));
     sf_close(file);
 }

@@ -10,8 +10,9 @@
 
 using Samples16 = std::vector<std::int16_t>;
 
-/// Writes a wave file of 16 bits.
-void WriteWave(const std::string& path, int rateHz, int channels, const Samples16& samples);
+/// Writes a wave file of 16 bits, or of the same as numbers with a point.
+void WriteWave(const std::string& path, int rateHz, int channels, const Samples16& samples,
+               bool floats = false);
 
 /// Waits, without end for a test's purposes, for what other threads do.
 [[nodiscard]] bool WaitUntil(const std::function<bool()>& done);

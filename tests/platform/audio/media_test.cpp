@@ -150,7 +150,7 @@ TEST_F(MediaTest, EveryFileTellsWhatItIsAndHowLongItIsHeard) {
     for (const auto& [what, bytes, dump] : rows)
         EXPECT_EQ(Dump(bytes), dump) << what;
     // Of MPEG 1 and 2, stereo and mono, behind a checksum or not.
-    for (const std::size_t offset : {38, 21, 23, 13, 15})
+    for (const std::size_t offset : {38U, 21U, 23U, 13U, 15U})
         EXPECT_EQ(Dump(Tagged(Xing(200, 0), offset)), "44100x2 128k says 231552") << offset;
     EXPECT_EQ(Dump(kSong, true), "refused") << "the reader is told to quit";
     // Strange files are played.

@@ -6,12 +6,6 @@
 #include <pulse/proplist.h>
 #include <utility>
 
-namespace {
-
-constexpr std::int64_t kConnectLimitUs = 2'000'000;
-
-} // namespace
-
 PulseServer::PulseServer(pa_mainloop* loop, std::string address)
     : m_loop(loop), m_address(std::move(address)) {}
 
@@ -26,11 +20,10 @@ void PulseServer::Disconnect() {
     m_context = nullptr;
 }
 
-void PulseServer::Connect(std::int64_t nowUs) {
+void PulseServer::Connect() {
     if (const State state = Current(); state == State::Connecting || state == State::Ready) return;
     Disconnect();
-    m_gaveUp = false;
-    m_limitUs = nowUs + kConnectLimitUs;
+    m_refused = false;
     pa_proplist* properties = pa_proplist_new();
     pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, "Velora");
     pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, "velora");
@@ -40,17 +33,11 @@ void PulseServer::Connect(std::int64_t nowUs) {
     const char* address = m_address.empty() ? nullptr : m_address.c_str();
     // Starting a server is the desktop's affair.
     if (!m_context || pa_context_connect(m_context, address, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
-        m_gaveUp = true;
-}
-
-void PulseServer::Poll(std::int64_t nowUs) {
-    if (Current() != State::Connecting || nowUs < m_limitUs) return;
-    Disconnect();
-    m_gaveUp = true;
+        m_refused = true;
 }
 
 PulseServer::State PulseServer::Current() const {
-    if (m_gaveUp) return State::Failed;
+    if (m_refused) return State::Failed;
     if (!m_context) return State::Idle;
     switch (pa_context_get_state(m_context)) {
     case PA_CONTEXT_READY:
@@ -61,9 +48,4 @@ PulseServer::State PulseServer::Current() const {
     default:
         return State::Connecting;
     }
-}
-
-std::optional<std::int64_t> PulseServer::DueUs() const {
-    if (Current() != State::Connecting) return std::nullopt;
-    return m_limitUs;
 }

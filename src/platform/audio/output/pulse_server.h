@@ -1,15 +1,14 @@
 // The connection to the sound server.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
 struct pa_context;
 struct pa_mainloop;
 
-/// Belongs to the player's thread and its loop. A server that refuses, or doesn't answer within two
-/// seconds, counts as none.
+/// Belongs to the player's thread and its loop. One that doesn't answer stays `Connecting` for as
+/// long as libpulse waits, which is half a minute: how long the player waits is the player's
+/// affair.
 class PulseServer {
 public:
     enum class State { Idle, Connecting, Ready, Failed };
@@ -21,13 +20,9 @@ public:
     PulseServer& operator=(const PulseServer&) = delete;
 
     /// Begins to connect, unless that is going on or done.
-    void Connect(std::int64_t nowUs);
-    /// Gives up a connection that takes too long.
-    void Poll(std::int64_t nowUs);
+    void Connect();
     [[nodiscard]] State Current() const;
     [[nodiscard]] pa_context* Context() const { return m_context; }
-    /// When `Poll` has something to do.
-    [[nodiscard]] std::optional<std::int64_t> DueUs() const;
 
 private:
     void Disconnect();
@@ -35,6 +30,5 @@ private:
     pa_mainloop* m_loop;
     std::string m_address;
     pa_context* m_context = nullptr;
-    std::int64_t m_limitUs = 0;
-    bool m_gaveUp = false;
+    bool m_refused = false;
 };

@@ -12,7 +12,7 @@ enum class OutputState {
     Closed,
     Opening, ///< Asked for; takes no samples yet.
     Running,
-    Lost ///< The server ended it, refused it or took too long. `Close` is still to be called.
+    Lost ///< The server ended or refused it. `Close` is still to be called.
 };
 
 /// How much of a track is queued ahead of what is heard.

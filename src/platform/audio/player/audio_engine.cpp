@@ -38,7 +38,7 @@ struct AudioEngine::Parts {
         std::visit(
             Overloaded{
                 [&](PrepareCommand&) {
-                    if (Engine.m_settings.UseServer) Server.Connect(nowUs);
+                    if (Engine.m_settings.UseServer) Server.Connect();
                 },
                 [&](PlayCommand& play) { Play(play, nowUs); },
                 [&](StopCommand&) { Track.Stop(nowUs); },
@@ -62,14 +62,12 @@ struct AudioEngine::Parts {
     }
 
     void DoWhatIsDue() {
-        Server.Poll(NowUs());
         Outputs.PollRest(NowUs());
         Track.Pump(NowUs());
     }
 
     [[nodiscard]] bool Sleep() {
-        return Loop.SleepUntil(
-            Earliest({Track.DueUs(NowUs()), Server.DueUs(), Outputs.RestDueUs()}));
+        return Loop.SleepUntil(Earliest({Track.DueUs(NowUs()), Outputs.RestDueUs()}));
     }
 
     AudioEngine& Engine;

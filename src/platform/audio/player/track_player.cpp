@@ -31,7 +31,7 @@ void TrackPlayer::Start(std::shared_ptr<TrackSession> session, const EventStamp&
     m_track.StreamName = std::move(fileName);
     m_track.Stage = TrackStage::Reading;
     m_report.Start(stamp);
-    m_outputs.Begin(nowUs);
+    m_outputs.Begin();
 }
 
 void TrackPlayer::Stop(std::int64_t nowUs) {
@@ -161,6 +161,9 @@ void TrackPlayer::SeeToOutput(std::int64_t nowUs) {
     }
     if (m_track.Stage == TrackStage::Ended && nowUs >= m_track.End.CloseAtUs())
         m_sound.Close(nowUs);
+    if (State() == TrackState::Opening && m_outputs.GivesUp(m_sound.WasAudible(), nowUs))
+        m_sound.Close(nowUs);
+    if (State() == TrackState::Playing && m_outputs.HasCome()) m_sound.CloseLost(nowUs);
     if (State() != TrackState::Finding) return;
     SoundOutput* output = m_outputs.Choose(m_sound.WasAudible(), nowUs);
     if (!output) return;
@@ -199,10 +202,10 @@ void TrackPlayer::TellEnd() {
 std::optional<std::int64_t> TrackPlayer::DueUs(std::int64_t nowUs) const {
     switch (State()) {
     case TrackState::Finding:
-        return m_outputs.DueUs();
+    case TrackState::Opening:
+        return m_outputs.DueUs(m_sound.WasAudible());
     case TrackState::Lost:
     case TrackState::Seeking:
-    case TrackState::Opening:
         return m_sound.DueUs();
     case TrackState::Playing: {
         std::optional<std::int64_t> placeUs;
@@ -221,5 +224,7 @@ std::optional<std::int64_t> TrackPlayer::DueUs(std::int64_t nowUs) const {
 /// When the end will have been heard; nothing while more may follow.
 std::optional<std::int64_t> TrackPlayer::EndDueUs(std::int64_t nowUs) const {
     if (!m_sound.IsAllSent() || !m_track.Session->AtEnd()) return std::nullopt;
+    // While it stands, only an answer of the server leads on.
+    if (m_sound.Pace() == 0) return std::nullopt;
     return nowUs + m_sound.LeftUs(nowUs) + kBehindEndUs;
 }

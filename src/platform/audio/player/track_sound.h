@@ -28,7 +28,7 @@ public:
     /// Opens `output`, which goes on where the one before was when it was lost.
     void Open(SoundOutput& output, const std::string& title, std::int64_t nowUs);
     void Close(std::int64_t nowUs);
-    /// Closes an output that was lost and keeps the place that was heard.
+    /// Closes an output that was lost, or stood in for another, and keeps the place that was heard.
     void CloseLost(std::int64_t nowUs);
     void Poll(std::int64_t nowUs);
     void Hold(bool held, std::int64_t nowUs);

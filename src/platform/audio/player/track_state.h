@@ -24,8 +24,8 @@ enum class TrackState {
     Finding,     ///< No output is open: the next one is looked for.
     FindingHeld, ///< No output is looked for until the user goes on.
 
-    Opening, ///< The output takes nothing yet. It reports itself lost when that takes too long.
-    OpeningHeld,
+    Opening,     ///< The output takes nothing yet. When that takes too long the clock stands in.
+    OpeningHeld, ///< It will come up held.
 
     Playing, ///< Samples are sent, and places, the scope's frames and the end are told.
     Held,    ///< Samples are sent, as far as there is room, and nothing is told.
