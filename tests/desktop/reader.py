@@ -45,7 +45,8 @@ def controls():
 
 def spoken(part):
     # Its role and name, and those of all in it.
-    own = f"{part.get_role_name()} {part.get_name()}".strip()
+    # Newer libraries call a push button a button.
+    own = f"{part.get_role_name()} {part.get_name()}".strip().removeprefix("push ")
     return [own, *(line for child in children(part) for line in spoken(child))]
 
 
