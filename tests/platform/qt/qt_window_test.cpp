@@ -59,7 +59,7 @@ TEST_F(QtWindowTest, ReportsTheMouseInWholePixelsWithButtonsAndKeys) {
     EXPECT_TRUE(m_window.hasMouseTracking()) << "a move without a button tells of a lost release";
 
     // At a scale the toolkit has rounded the event's own place.
-    QMouseEvent scaled(MouseMove, {3, 7}, {2.75, 6.5}, {}, Qt::NoButton, left, {});
+    QMouseEvent scaled(QEvent::MouseMove, {3, 7}, {2.75, 6.5}, {}, Qt::NoButton, left, {});
     QCoreApplication::sendEvent(&m_window, &scaled);
     EXPECT_EQ(Taken(), "move 2,6 button 0 held 1 keys 0;");
     for (int time = 0; time < 2; ++time) {
