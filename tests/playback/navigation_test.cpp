@@ -52,10 +52,13 @@ TEST(Steps, InOddPlaces) {
          "2_x ... , 900 ms"},
         {"a file that is chosen while they wait counts", "track:3 file:\\m\\new.mp3 picForward +R",
          "later:picEject&+L&-L -R",
-         "free, Stop, click, over picEject1, ChooseFile Select Media ..., Stop, TrackFile \\m\\new.mp3, Play, Stop, TrackFile \\m\\new.mp3, Play, track 4, entry \\m\\new.mp3 kind 3 flag 0, in \\m, title new ... , 460 ms"},
+         "free, Stop, click, over picEject1, ChooseFile Select Media ..., Stop, TrackFile "
+         "\\m\\new.mp3, Play, Stop, TrackFile \\m\\new.mp3, Play, track 4, entry \\m\\new.mp3 "
+         "kind 3 flag 0, in \\m, title new ... , 460 ms"},
         {"onto what starts while a stop still puts the lights out, which keeps its spectrum",
          "track:1 picPlay +L later:picForward&+R&-R", "-L",
-         "picPlay picStop1, free, Stop, Stop, Stop, TrackFile 2_x.mp3, Play, track 2, title x ... 2_, 700 ms"},
+         "picPlay picStop1, free, Stop, Stop, Stop, TrackFile 2_x.mp3, Play, track 2, title x ... "
+         "2_, 700 ms"},
         {"one that overtakes a seek leaves no hidden button",
          "track:2 picForward later:+R&-R&shift&+R&0.3s +R -R", "-R",
          "picForward picForeward1, free, Stop, Stop, TrackFile 1_x.mp3, Play, track 1, title 1_x "

@@ -156,7 +156,8 @@ TEST_F(Layers, EachIsToldToAScreenReaderAndTheLightsWithAWidthAreOneBar) {
         "15,17-45,37; picPause 0 Pause  0 of 0 at 30,22-60,42; picBackward 0 Previous ..:: backwar"
         "d in 0 of 0 at 95,17-125,37; picForward 0 Next ..:: forward tra 0 of 0 at 135,17-165,37; "
         "picPlaylist 0 Playlist  0 of 0 at 175,17-205,37; picEject 0 Open ..:: select file 0 of 0 "
-        "at 215,17-245,37; shpPercent 2 Progress  3 of 13 at 105,71-298,92; lblStatusLabel 3 Ready  0 "
+        "at 215,17-245,37; shpPercent 2 Progress  3 of 13 at 105,71-298,92; lblStatusLabel 3 "
+        "Ready  0 "
         "of 0 at 105,107-185,122; lblFilescroll 3 Title  0 of 0 at 165,107-245,122; ");
     form.picBackground.Visible = false;
     EXPECT_TRUE(AccessibleControls(velora).empty());

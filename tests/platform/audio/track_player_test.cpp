@@ -255,7 +255,8 @@ const Row kRows[] = {
     {"TellsTagStreamLengthPlacesAndOnceItsEnd",
      "details due start due pump title kbps=0 frames=1300 length=1300 facts run=9000 due",
      "@0 due=never dial due=never open=Moon buffer/-1/24000/4/8000/-1 "
-     "tag=Moon/Sun/Sky/1999/None/Folk stream=0/2000/2 length=650 uncork @40 ask @200 ask p200 @400 p400 "
+     "tag=Moon/Sun/Sky/1999/None/Folk stream=0/2000/2 length=650 uncork @40 ask @200 ask p200 "
+     "@400 p400 "
      "@600 p600 @651 p650 @1151 drop @6151 leave free @9000 due=never"},
     {"APauseHoldsThePlaceAndTellsNothing", "play=500 pause run=1000 due pause run=500",
      "@500 cork ask @1500 due=never uncork ask ask @1700 p700 @1900 p900"},
@@ -289,17 +290,21 @@ const Row kRows[] = {
      "@0 dial facts @2200 p200 @2400 p400"},
     {"AServerThatComesLateIsHeardFromThePlaceThatIsShown",
      "deaf start facts run=2500 slow deaf=0 run=300 slow=0 run=300",
-     "@0 dial facts @2200 p200 @2400 p400 @2500 open=file.mp3 @2700 p700 @2800 name=file.mp3 drop w=1601..7600 uncork @2840 ask @3000 ask p1000"},
+     "@0 dial facts @2200 p200 @2400 p400 @2500 open=file.mp3 @2700 p700 @2800 name=file.mp3 drop "
+     "w=1601..7600 uncork @2840 ask @3000 ask p1000"},
     {"AStreamThatComesLateIsHeardFromThePlaceThatIsShown",
      "slow start facts run=2500 slow=0 run=500",
-     "@0 dial facts open=file.mp3 @2200 p200 @2400 p400 @2500 name=file.mp3 drop w=1001..7000 uncork @2540 ask @2700 ask p700 @2900 p900"},
+     "@0 dial facts open=file.mp3 @2200 p200 @2400 p400 @2500 name=file.mp3 drop w=1001..7000 "
+     "uncork @2540 ask @2700 ask p700 @2900 p900"},
     {"WhatHasNotComeIsNotWaitedForAgain", "slow start facts run=2500 start facts run=250",
      "@0 dial facts open=file.mp3 @2200 p200 @2400 p400 @2500 quit facts @2700 p200"},
     {"ARestingStreamOfAServerThatHangsIsLeftForTheSilentClock",
      "play=100 stop mute start facts run=2500 mute=0 run=300",
-     "@100 drop quit name=file.mp3 drop facts @2300 p200 @2500 p400 @2600 name=file.mp3 drop w=1001..7000 uncork @2640 ask @2800 ask p700"},
+     "@100 drop quit name=file.mp3 drop facts @2300 p200 @2500 p400 @2600 name=file.mp3 drop "
+     "w=1001..7000 uncork @2640 ask @2800 ask p700"},
     {"ASeekWhoseAnswerFailsIsFoundByTheNextOne", "play=300 knows=0 seek=3 run=300 knows=1 run=400",
-     "@300 find=6600 drop w=6601..7300 uncork @340 ask @500 p3300 @540 ask @740 ask @900 ask p3900"},
+     "@300 find=6600 drop w=6601..7300 uncork @340 ask @500 p3300 @540 ask @740 ask @900 ask "
+     "p3900"},
     {"APauseWhileTheStreamOpensHoldsIt",
      "slow start facts run=100 pause slow=0 run=4000 pause run=300",
      "@0 dial facts open=file.mp3 @4100 uncork ask @4140 ask @4300 ask p200"},
@@ -311,10 +316,12 @@ const Row kRows[] = {
      "@100 quit facts @200 name=file.mp3 uncork @240 ask @300 ask p100"},
     {"AStreamOfAnotherFormatLeavesAsSoonAsItIsUp",
      "slow play=100 mono start facts run=100 slow=0 run=100",
-     "@100 quit free open=file.mp3 tag=///// stream=128/2000/1 length=10000 @200 leave uncork @240 ask"},
+     "@100 quit free open=file.mp3 tag=///// stream=128/2000/1 length=10000 @200 leave uncork "
+     "@240 ask"},
     {"AServerThatHangsIsNotRunAheadOfAndWhatItDidNotPlayIsHeard",
      "window=0 play=900 mute run=2900 due dies run=1300",
-     "@900 p900 @1490 ask p1490 @2490 p1740 @3800 due=690000 leave free @4800 hangup forget dial open=file.mp3 w=3481..9480 uncork @4840 ask"},
+     "@900 p900 @1490 ask p1490 @2490 p1740 @3800 due=690000 leave free @4800 hangup forget dial "
+     "open=file.mp3 w=3481..9480 uncork @4840 ask"},
     {"AnAnswerToAPauseThatComesLateDoesNotMoveThePlace",
      "play=450 mute pause run=1000 pause run=250 mute=0 run=250",
      "@450 cork ask @1450 uncork ask @1650 p450 @1700 ask @1850 p850"},
@@ -367,7 +374,8 @@ const Row kRows[] = {
     {"TheNextTracksScopeBeginsAtOnce", "scope play=100 start facts run=10 frames?",
      "drop quit name=file.mp3 drop facts uncork @110 100:1048576"},
     {"WhatIsNotDecodedYetWaitsForItsMoment", "limit=1400 scope start facts run=150 frames?",
-     "@0 dial facts open=file.mp3 uncork vis=1 @33 vis=2 @40 ask @66 vis=3 @99 ask vis=4 @132 vis=5 @150 "
+     "@0 dial facts open=file.mp3 uncork vis=1 @33 vis=2 @40 ask @66 vis=3 @99 ask vis=4 @132 "
+     "vis=5 @150 "
      "0:1048576 33:1048576 66:1336336 99:1493284 132:1658944 165:1833316"},
     {"AtTheSilentClockTimeStandsWhileHeld",
      "clock=10 play=300 pause run=100 due pause run=300 seek=2 run=300",
@@ -391,7 +399,8 @@ const Row kRows[] = {
      "@300 find=6600 drop w=6601..7300 uncork @500 p3300 @600 find=8600 drop w=8601..9300 uncork "
      "@800 p4300 @900 ask @1000 ask p4700"},
     {"AnotherFormatTakesAnotherStream", "play=100 stop mono start facts run=250 queued",
-     "@100 drop quit leave free open=file.mp3 tag=///// stream=128/2000/1 length=10000 uncork @140 ask "
+     "@100 drop quit leave free open=file.mp3 tag=///// stream=128/2000/1 length=10000 uncork "
+     "@140 ask "
      "@300 ask p200 @350 queued=6400"},
     {"AHoldBeforeTheNewPlaceIsQueuedStaysHeld",
      "play=300 room=0 seek=3 pump pause run=100 pause run=100 room=-1 run=300",
