@@ -44,6 +44,11 @@ int CreateNewFile(const char* path, mode_t mode) {
     return open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
 }
 
+int RenameToFreeName(const char* from, const char* to) {
+    const int result = renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
+    return result != 0 && (errno == EINVAL || errno == ENOSYS) ? std::rename(from, to) : result;
+}
+
 int SetAccessList(int descriptor, const std::string& list) {
     if (list.empty()) return fremovexattr(descriptor, kAccessList);
     return fsetxattr(descriptor, kAccessList, list.data(), list.size(), 0);
@@ -106,9 +111,10 @@ bool Replacement::Finish() {
     return m_calls.Close(descriptor) == 0;
 }
 
-Replacement::Move Replacement::MoveTo(const std::string& target) {
-    if (m_calls.Rename(m_path.c_str(), target.c_str()) != 0)
-        return errno == ENOENT ? Move::Removed : Move::Failed;
+Replacement::Move Replacement::MoveTo(const std::string& target, bool isNew) {
+    const auto rename = isNew ? m_calls.RenameToFree : m_calls.Rename;
+    if (rename(m_path.c_str(), target.c_str()) != 0)
+        return errno == ENOENT || errno == EEXIST ? Move::Overtaken : Move::Failed;
     m_made = false;
     return Move::Done;
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <functional>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -206,6 +207,15 @@ TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForIts
     failAt = 0;
     calls.Flush = [](int) { return failAt++ == 0 ? RemoveLeftovers("."), 0 : 0; };
     EXPECT_TRUE(WriteNew("new.ini", calls)) << "one that was taken for a leftover is made again";
+    calls.RenameToFree = [](const char* from, const char* to) {
+        EXPECT_TRUE(OpenIniFile(to) || WriteIniValue(to, {"b", "y", "1"}));
+        return RenameToFreeName(from, to);
+    };
+    EXPECT_TRUE(WriteNew("late.ini", calls));
+    EXPECT_EQ(directory.Get("late.ini"), "[b]\r\ny=1\r\n[a]\r\nx=new\r\n");
+    const FileHandle other = OpenForReading("late.ini"s);
+    EXPECT_EQ(flock(other.Descriptor(), LOCK_EX), 0);
+    EXPECT_FALSE(WriteNew("late.ini")) << "another program is just replacing it";
     NullLoop loop;
     auto lock = std::make_unique<DirectoryLock>(loop, ".");
     bool held = false;
