@@ -3,6 +3,8 @@
 #include "platform/replacement.h"
 
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
@@ -32,10 +34,15 @@ std::optional<std::string> AccessListOf(int descriptor) {
     return list;
 }
 
+// Whether a name is that of a replacement whose program has ended. This process makes one at a
+// time, so a name with its own number is an earlier one's.
 bool IsLeftover(std::string_view name) {
     if (!name.starts_with(kNameStart) || !name.ends_with(kNameEnd)) return false;
     name.remove_prefix(kNameStart.size());
-    return name.find_first_not_of("0123456789-") == name.size() - kNameEnd.size();
+    if (name.find_first_not_of("0123456789-") != name.size() - kNameEnd.size()) return false;
+    pid_t program = 0;
+    std::from_chars(name.data(), name.data() + name.size(), program);
+    return program > 0 && (program == getpid() || (kill(program, 0) != 0 && errno == ESRCH));
 }
 
 } // namespace

@@ -64,6 +64,7 @@ private:
     bool m_made = false;
 };
 
-/// Removes what killed programs have left of their replacements in a directory. Called with the
+/// Removes what killed programs have left of their replacements in a directory. One that another
+/// machine or container is still at may be among them, which is then made again. Called with the
 /// directory's lock held.
 void RemoveLeftovers(const std::string& directory);

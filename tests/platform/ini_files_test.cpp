@@ -234,13 +234,14 @@ TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
                       "half");
     }
     EXPECT_FALSE(WriteNew("f.ini"));
-    directory.Put(".velora-mine.tmp", "mine");
+    for (const auto* name : {".velora-1-0.tmp", ".velora-9999999-0.tmp", ".velora-mine.tmp"})
+        directory.Put(name, "the first one's, of a process that still runs");
     NullLoop loop;
     auto lock = std::make_unique<DirectoryLock>(loop, ".");
     EXPECT_FALSE(WriteText(u"f.ini", u"1")) << "whoever holds the lock may need them";
     lock.reset();
     EXPECT_TRUE(WriteText(u"f.ini", u"2"));
-    EXPECT_EQ(directory.Names(), (std::vector{".velora-mine.tmp"s, "f.ini"s}));
+    EXPECT_EQ(directory.Names(), (std::vector{".velora-1-0.tmp"s, ".velora-mine.tmp"s, "f.ini"s}));
 }
 
 TEST_F(IniFiles, AValueIsReadInItsOwnEncodingAsFarAsItFitsAndADefaultHoweverLong) {
