@@ -2,9 +2,11 @@
 // of it must not meet half of it.
 #include "platform/ini_write.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
 #include <memory>
+#include <sys/file.h>
 
 #include "platform/ini_file.h"
 
@@ -56,6 +58,13 @@ IniText TextToChange(const std::optional<IniFile>& old, const std::string& seed)
     return first ? first->Content : IniText();
 }
 
+// Takes the old file for its replacement, until its handle closes: between the look whether it is
+// still there and the new name nobody else may put another one there. False if another program is
+// just doing that.
+bool Hold(const IniFile& old) {
+    return flock(old.Handle.Descriptor(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
 Outcome ChangeOnce(const std::string& target, const IniChange& change, const FileCalls& calls,
                    const std::string& seed) {
     std::optional<IniFile> old;
@@ -71,13 +80,14 @@ Outcome ChangeOnce(const std::string& target, const IniChange& change, const Fil
     if (!fresh.Write(*content) || (old && !fresh.TakeOver(old->Handle.Descriptor())) ||
         !fresh.Finish())
         return Outcome::Failed;
-    if (old ? !IsUnchanged(*old, target) : IsNameTaken(target)) return Outcome::ChangedMeanwhile;
-    switch (fresh.MoveTo(target)) {
+    if (old ? !Hold(*old) || !IsUnchanged(*old, target) : IsNameTaken(target))
+        return Outcome::ChangedMeanwhile;
+    switch (fresh.MoveTo(target, !old)) {
     case Replacement::Move::Done:
         break;
     case Replacement::Move::Failed:
         return Outcome::Failed;
-    case Replacement::Move::Removed:
+    case Replacement::Move::Overtaken:
         return Outcome::ChangedMeanwhile;
     }
     FlushDirectoryOf(target, calls);

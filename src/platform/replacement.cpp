@@ -3,6 +3,8 @@
 #include "platform/replacement.h"
 
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
@@ -32,16 +34,26 @@ std::optional<std::string> AccessListOf(int descriptor) {
     return list;
 }
 
+// Whether a name is that of a replacement whose program has ended. This process makes one at a
+// time, so a name with its own number is an earlier one's.
 bool IsLeftover(std::string_view name) {
     if (!name.starts_with(kNameStart) || !name.ends_with(kNameEnd)) return false;
     name.remove_prefix(kNameStart.size());
-    return name.find_first_not_of("0123456789-") == name.size() - kNameEnd.size();
+    if (name.find_first_not_of("0123456789-") != name.size() - kNameEnd.size()) return false;
+    pid_t program = 0;
+    std::from_chars(name.data(), name.data() + name.size(), program);
+    return program > 0 && (program == getpid() || (kill(program, 0) != 0 && errno == ESRCH));
 }
 
 } // namespace
 
 int CreateNewFile(const char* path, mode_t mode) {
     return open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+}
+
+int RenameToFreeName(const char* from, const char* to) {
+    const int result = renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
+    return result != 0 && (errno == EINVAL || errno == ENOSYS) ? std::rename(from, to) : result;
 }
 
 int SetAccessList(int descriptor, const std::string& list) {
@@ -106,9 +118,10 @@ bool Replacement::Finish() {
     return m_calls.Close(descriptor) == 0;
 }
 
-Replacement::Move Replacement::MoveTo(const std::string& target) {
-    if (m_calls.Rename(m_path.c_str(), target.c_str()) != 0)
-        return errno == ENOENT ? Move::Removed : Move::Failed;
+Replacement::Move Replacement::MoveTo(const std::string& target, bool isNew) {
+    const auto rename = isNew ? m_calls.RenameToFree : m_calls.Rename;
+    if (rename(m_path.c_str(), target.c_str()) != 0)
+        return errno == ENOENT || errno == EEXIST ? Move::Overtaken : Move::Failed;
     m_made = false;
     return Move::Done;
 }

@@ -11,6 +11,10 @@
 /// Makes a new file for writing that nobody else has, or fails as `open` does.
 int CreateNewFile(const char* path, mode_t mode);
 
+/// Gives a file a name that isn't taken, or fails with `EEXIST`; where the file system can't tell
+/// in one step it takes the name.
+int RenameToFreeName(const char* from, const char* to);
+
 /// Gives an open file the access list that another file has, as the kernel tells it; an empty one
 /// takes the list away.
 int SetAccessList(int descriptor, const std::string& list);
@@ -25,6 +29,7 @@ struct FileCalls {
     int (*Flush)(int descriptor) = ::fsync;
     int (*Close)(int descriptor) = ::close;
     int (*Rename)(const char* from, const char* to) = ::rename;
+    int (*RenameToFree)(const char* from, const char* to) = RenameToFreeName;
 };
 
 /// A new file in the directory of the one that it is to replace. Unless it is moved there it goes
@@ -47,9 +52,10 @@ public:
     /// Brings the content to the disk.
     [[nodiscard]] bool Finish();
 
-    enum class Move { Done, Failed, Removed };
-    /// Puts it in the target's place. `Removed` if somebody has taken it for a leftover.
-    [[nodiscard]] Move MoveTo(const std::string& target);
+    enum class Move { Done, Failed, Overtaken };
+    /// Puts it in the target's place, which is empty if it `isNew`. `Overtaken` if another program
+    /// has filled that place, or has taken this file for a leftover.
+    [[nodiscard]] Move MoveTo(const std::string& target, bool isNew);
 
 private:
     const FileCalls& m_calls;
@@ -58,6 +64,7 @@ private:
     bool m_made = false;
 };
 
-/// Removes what killed programs have left of their replacements in a directory. Called with the
+/// Removes what killed programs have left of their replacements in a directory. One that another
+/// machine or container is still at may be among them, which is then made again. Called with the
 /// directory's lock held.
 void RemoveLeftovers(const std::string& directory);

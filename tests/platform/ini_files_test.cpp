@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <functional>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -206,6 +207,15 @@ TEST_F(IniFiles, AnotherProgramsChangeInTheMeantimeIsNotLostButNobodyWaitsForIts
     failAt = 0;
     calls.Flush = [](int) { return failAt++ == 0 ? RemoveLeftovers("."), 0 : 0; };
     EXPECT_TRUE(WriteNew("new.ini", calls)) << "one that was taken for a leftover is made again";
+    calls.RenameToFree = [](const char* from, const char* to) {
+        EXPECT_TRUE(OpenIniFile(to) || WriteIniValue(to, {"b", "y", "1"}));
+        return RenameToFreeName(from, to);
+    };
+    EXPECT_TRUE(WriteNew("late.ini", calls));
+    EXPECT_EQ(directory.Get("late.ini"), "[b]\r\ny=1\r\n[a]\r\nx=new\r\n");
+    const FileHandle other = OpenForReading("late.ini"s);
+    EXPECT_EQ(flock(other.Descriptor(), LOCK_EX), 0);
+    EXPECT_FALSE(WriteNew("late.ini")) << "another program is just replacing it";
     NullLoop loop;
     auto lock = std::make_unique<DirectoryLock>(loop, ".");
     bool held = false;
@@ -224,13 +234,14 @@ TEST_F(IniFiles, WhatKilledRunsLeftBehindIsNotInTheWayUntilItIsAHundred) {
                       "half");
     }
     EXPECT_FALSE(WriteNew("f.ini"));
-    directory.Put(".velora-mine.tmp", "mine");
+    for (const auto* name : {".velora-1-0.tmp", ".velora-9999999-0.tmp", ".velora-mine.tmp"})
+        directory.Put(name, "the first one's, of a process that still runs");
     NullLoop loop;
     auto lock = std::make_unique<DirectoryLock>(loop, ".");
     EXPECT_FALSE(WriteText(u"f.ini", u"1")) << "whoever holds the lock may need them";
     lock.reset();
     EXPECT_TRUE(WriteText(u"f.ini", u"2"));
-    EXPECT_EQ(directory.Names(), (std::vector{".velora-mine.tmp"s, "f.ini"s}));
+    EXPECT_EQ(directory.Names(), (std::vector{".velora-1-0.tmp"s, ".velora-mine.tmp"s, "f.ini"s}));
 }
 
 TEST_F(IniFiles, AValueIsReadInItsOwnEncodingAsFarAsItFitsAndADefaultHoweverLong) {
