@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <mutex>
 #include <sstream>
 
 #include "platform/audio/decode/track_reader.h"
@@ -81,6 +82,7 @@ protected:
         m_session = std::make_shared<TrackSession>(std::make_shared<Bell>());
         const auto open = [this, file = m_media.Write("song", bytes),
                            opens](const Text& asked) mutable {
+            const std::lock_guard lock(m_mutex);
             m_asked += Utf8(asked) + " ";
             return asked == u"\\n\\found" && opens-- > 0 ? OpenForReading(TextView(file))
                                                          : FileHandle();
@@ -113,6 +115,7 @@ protected:
 
     MediaMaker m_media;
     std::shared_ptr<TrackSession> m_session;
+    std::mutex m_mutex;
     std::string m_asked;
     Samples16 m_whole;
 };
@@ -203,6 +206,7 @@ TEST_F(MediaTest, ARelativePathIsLookedForInTheDirectoriesInTheirOrderAndThenAsI
         Start(path, Seed("mono.mp3"), 2);
         EXPECT_TRUE(WaitUntil([&] { return m_session.use_count() < 2 || m_session->TakeChunk(); }));
         End();
+        const std::lock_guard lock(m_mutex);
         EXPECT_EQ(m_asked, asked);
     }
     Start(u"\\n\\found", Seed("one.mp1"), 1);

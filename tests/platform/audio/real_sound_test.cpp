@@ -53,4 +53,10 @@ TEST_P(RealSoundTest, VolumeAndSeekAreHeardBeforeWhatWasQueuedAndWhatIsLostComes
     ASSERT_TRUE(server.Start());
     recorder.emplace(server);
     EXPECT_TRUE(isHeard(file, 1000));
+    // A server that hangs leaves the next track to the silent clock, for as long as it does.
+    server.Freeze();
+    Start(song);
+    EXPECT_TRUE(UntilPlace(100));
+    server.Thaw();
+    EXPECT_TRUE(isHeard(file, 1000));
 }

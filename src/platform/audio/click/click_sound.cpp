@@ -145,7 +145,6 @@ struct ClickSound::Stream {
             Rest = pa_context_rttime_new(Context, restUs, OnRest, this);
         else
             pa_context_rttime_restart(Context, Rest, restUs);
-        if (Timing) pa_operation_cancel(Timing);
         Forget(Timing);
         Timing = pa_stream_update_timing_info(Playback, OnTiming, this);
     }
@@ -168,6 +167,11 @@ struct ClickSound::Stream {
         Changed.notify_all();
     }
 
+    bool HasFailed() {
+        const std::lock_guard lock(Mutex);
+        return Current == State::Failed;
+    }
+
     bool IsReadyWithin(milliseconds limit) {
         std::unique_lock lock(Mutex);
         Changed.wait_for(lock, limit, [this] { return Current != State::Preparing; });
@@ -175,11 +179,18 @@ struct ClickSound::Stream {
     }
 
     bool PlayAndWait() {
-        const Clock::time_point start = Clock::now();
         {
-            const std::lock_guard lock(Mutex);
+            std::unique_lock lock(Mutex);
+            // A server that hasn't answered the last click plays this one no more than that.
+            const auto answered = [this] {
+                return Latency || !WasPlayed || Current == State::Failed;
+            };
+            if (!Changed.wait_for(lock, kReadyWait, answered)) Current = State::Failed;
+            if (Current == State::Failed) return false;
+            WasPlayed = true;
             Latency.reset();
         }
+        const Clock::time_point start = Clock::now();
         pa_threaded_mainloop_lock(Loop);
         Release();
         pa_threaded_mainloop_unlock(Loop);
@@ -204,6 +215,7 @@ struct ClickSound::Stream {
     std::mutex Mutex;
     std::condition_variable Changed;
     State Current = State::Preparing;
+    bool WasPlayed = false;
     std::optional<milliseconds> Latency; ///< Of the sink; nothing until it is told for this click.
 };
 
@@ -223,7 +235,8 @@ void ClickSound::Prepare(const Text& path) {
 bool ClickSound::PlayAndWait(const Text& path) {
     if (!m_stream || path != m_path) Prepare(path);
     if (m_stream->IsReadyWithin(kReadyWait) && m_stream->PlayAndWait()) return true;
-    // Perhaps the server or the file is there again when the next click comes.
-    Prepare(path);
+    // Perhaps the server or the file is there again when the next click comes. What only takes its
+    // time goes on.
+    if (m_stream->HasFailed()) Prepare(path);
     return false;
 }

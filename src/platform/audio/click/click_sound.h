@@ -22,7 +22,8 @@ public:
 
     /// Plays the file and returns when it has been heard, at the latest after one second; a longer
     /// sound goes on beyond that. False if it can't be played: no sound in the file, no server, or
-    /// a server that isn't ready within a tenth of a second. The next call tries anew.
+    /// a server that isn't ready within a tenth of a second, or hasn't answered the last call. The
+    /// next call tries anew, or takes what is ready by then.
     [[nodiscard]] bool PlayAndWait(const Text& path);
 
 private:
