@@ -55,7 +55,7 @@ STANDARD = Skin(
     cap_r=12, cap_size=4.6, sun_size=9.0,
     volume=dict(x=265.5, rows=[93.5 - 5 * i for i in range(7)], r=6.2,
                 left=257, top=56, right=274, bottom=102),
-    scope=(104, 112, 104, 16), title=(22, 131, 268, 10), status=(22, 114, 78, 12),
+    scope=(104, 112, 104, 16), title=(22, 129, 268, 12), status=(22, 112, 78, 14),
 )
 
 SMALL = Skin(
@@ -74,5 +74,5 @@ SMALL = Skin(
     cap_r=9, cap_size=3.6, sun_size=5.6,
     volume=dict(x=235.5, rows=[69.5 - 4 * i for i in range(7)], r=4.6,
                 left=229, top=39, right=242, bottom=76),
-    scope=(172, 75, 44, 11), title=(96, 64, 121, 10), status=(96, 76, 72, 12),
+    scope=(172, 75, 44, 11), title=(96, 62, 121, 12), status=(96, 74, 72, 14),
 )

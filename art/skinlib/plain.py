@@ -90,10 +90,10 @@ def skin_text():
                    filename2=f'{FOLDER}\\{name}_down.gif') for name, kind, (x, y) in BUTTONS]
     steps = {f'y{i}': row * TWIPS for i, row in enumerate(STEP_ROWS, 1)}
     things += [dict(name='visualisation', type=8, left=190, top=15, width=44, height=18),
-               dict(name='title', type=9, left=77, top=37, width=156, height=9),
+               dict(name='title', type=9, left=77, top=34, width=156, height=11),
                dict(name='volume', type=11, left=242, top=14, filename=f'{FOLDER}\\volume.gif',
                     filename2=f'{FOLDER}\\volume.gif', **steps),
-               dict(name='status', type=12, left=77, top=46, width=66, height=11),
+               dict(name='status', type=12, left=77, top=45, width=66, height=13),
                dict(name='lights', type=13, filename=f'{FOLDER}\\lights.ini')]
     objects = [(f'object{n}', dict(enabled=True, **keys)) for n, keys in enumerate(things, 1)]
     return [('Settings', settings), *regions, *objects]

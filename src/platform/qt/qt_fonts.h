@@ -1,10 +1,10 @@
-// The font of the labels, in its two sizes.
+// The font, in the two sizes of the labels, for characters that only the toolkit can lay out.
 #pragma once
 
 #include <QFont>
 
 /// Tahoma from its file, or Liberation Sans where that file is missing. The file is read when the
-/// first text is drawn.
+/// first such character is drawn.
 class QtFonts {
 public:
     /// The font at 9 pixels for a size up to 9, else at 11.

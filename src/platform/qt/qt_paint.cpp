@@ -5,18 +5,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/qt/qt_colour.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_rect.h"
-#include "platform/qt/qt_text.h"
 
 namespace {
 
 constexpr int kBarPitchPx = 4;
-
-// Red is the lowest byte of a colour number.
-QColor ToColour(Long colour) {
-    return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
-}
 
 void PaintPicture(QPainter& painter, const Figure& figure) {
     if (figure.Ground) painter.fillRect(ToQRect(figure.Place), Qt::black);
@@ -25,28 +20,6 @@ void PaintPicture(QPainter& painter, const Figure& figure) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
     const auto& picture = static_cast<const QtPicture&>(*figure.Picture);
     painter.drawImage(QPoint(figure.Place.Left, figure.Place.Top), picture.Image);
-}
-
-// The text to draw. Control characters are blanks, and the length is limited by the label's pixels,
-// since nobody draws a text of megabytes for a window of some hundred pixels.
-QString ShownText(const Figure& figure) {
-    Text text =
-        figure.Caption.substr(0, static_cast<std::size_t>(figure.Place.Right - figure.Place.Left));
-    for (char16_t& letter : text) {
-        if (letter < 0x20 || (letter >= 0x7F && letter < 0xA0) || letter == 0x2028 ||
-            letter == 0x2029)
-            letter = u' ';
-        if (letter == 0xF05C) letter = u'\\';
-    }
-    return ToQString(text);
-}
-
-void PaintText(QPainter& painter, QtFonts& fonts, const Figure& figure) {
-    painter.setFont(fonts.FontOf(figure.FontPx));
-    painter.setPen(ToColour(figure.Colour));
-    painter.setLayoutDirection(Qt::LeftToRight);
-    const int baselinePx = figure.FontPx <= 9 ? 7 : 9;
-    painter.drawText(QPointF(figure.Place.Left, figure.Place.Top + baselinePx), ShownText(figure));
 }
 
 // The rectangle that a shape fills; for square shapes the square in the middle of it.
@@ -110,13 +83,13 @@ void PaintBars(QPainter& painter, const Figure& figure, const ScopeBars& shown) 
     }
 }
 
-void PaintFigure(QPainter& painter, QtFonts& fonts, const Scene& scene, const Figure& figure) {
+void PaintFigure(QPainter& painter, QtLabels& labels, const Scene& scene, const Figure& figure) {
     switch (figure.Kind) {
     case ControlKind::PictureBox:
         PaintPicture(painter, figure);
         break;
     case ControlKind::Label:
-        PaintText(painter, fonts, figure);
+        labels.Paint(painter, figure);
         break;
     case ControlKind::Shape:
         PaintShape(painter, figure);
@@ -133,13 +106,13 @@ QColor FormColour() {
     return QColor(58, 110, 165);
 }
 
-void PaintScene(QPainter& painter, QtFonts& fonts, const Scene& scene, const Rect& damage) {
+void PaintScene(QPainter& painter, QtLabels& labels, const Scene& scene, const Rect& damage) {
     for (const Figure& figure : scene.Figures) {
         const Rect visible = Intersection(Intersection(figure.Place, figure.Clip), damage);
         if (visible.IsEmpty()) continue;
         painter.save();
         painter.setClipRect(ToQRect(visible), Qt::IntersectClip);
-        PaintFigure(painter, fonts, scene, figure);
+        PaintFigure(painter, labels, scene, figure);
         painter.restore();
     }
 }

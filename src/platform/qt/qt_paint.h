@@ -3,12 +3,12 @@
 
 #include <QPainter>
 
-#include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_labels.h"
 #include "state/scene.h"
 
 /// Draws what `damage` covers of the figures of `scene`, from back to front, in skin pixels. The
 /// ground, and a clip to the window's shape, are the caller's.
-void PaintScene(QPainter& painter, QtFonts& fonts, const Scene& scene, const Rect& damage);
+void PaintScene(QPainter& painter, QtLabels& labels, const Scene& scene, const Rect& damage);
 
 /// The form's own colour, visible where no control covers it.
 [[nodiscard]] QColor FormColour();

@@ -278,7 +278,7 @@ void QtWindow::paintEvent(QPaintEvent* event) {
     // Piece by piece, so that nothing is drawn between two changes that are far from each other.
     for (const QRect& piece : event->region()) {
         painter.fillRect(piece, FormColour());
-        PaintScene(painter, m_fonts, m_shown, FromQRect(piece));
+        PaintScene(painter, m_labels, m_shown, FromQRect(piece));
     }
     if (AfterFirstPaint) m_loop.Post(std::exchange(AfterFirstPaint, nullptr));
 }

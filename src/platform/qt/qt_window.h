@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "platform/qt/qt_accessible.h"
-#include "platform/qt/qt_fonts.h"
+#include "platform/qt/qt_labels.h"
 #include "platform/qt/qt_look.h"
 #include "platform/qt/qt_loop.h"
 #include "platform/qt/qt_move.h"
@@ -78,7 +78,7 @@ private:
     void LosePointer();
 
     QtLoop& m_loop;
-    QtFonts m_fonts;
+    QtLabels m_labels;
     QtLook m_look;
     QtMove m_move;
     Form* m_form = nullptr;

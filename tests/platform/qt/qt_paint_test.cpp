@@ -19,7 +19,7 @@ protected:
         image.setDevicePixelRatio(scale);
         image.fill(FormColour());
         QPainter painter(&image);
-        PaintScene(painter, m_fonts, SceneOf(m_form), damage);
+        PaintScene(painter, m_labels, SceneOf(m_form), damage);
         return image;
     }
 
@@ -54,7 +54,7 @@ protected:
     }
 
     Form m_form;
-    QtFonts m_fonts;
+    QtLabels m_labels;
 };
 
 // Each pixel as a letter: the form's ground, black, the colours of the tests by their initials, 1
@@ -73,7 +73,7 @@ char Letter(QColor colour) {
     return colour.green() == 0 && colour.blue() == 0 ? char('1' + colour.red() / 64) : '?';
 }
 
-std::string Letters(const QImage& image, QRect part) {
+std::string Shown(const QImage& image, QRect part) {
     std::string letters;
     for (int y = part.top(); y <= part.bottom(); ++y) {
         for (int x = part.left(); x <= part.right(); ++x)
@@ -89,13 +89,13 @@ TEST_F(Paint, PicturesLieOnTheBlackSurfaceAtEachScaleAndOnlyTheDamageIsPainted) 
     Show(m_form.picBackground, 0, 0,
          Dots({Qt::transparent, Qt::green, Qt::red, Qt::transparent, Qt::transparent}));
     Show(m_form.picPlay, 3, 0, Dots({Qt::blue, Qt::red, Qt::green}));
-    EXPECT_EQ(Letters(Draw(), {0, 0, 7, 2}), ".GRBR__\n_______\n");
-    EXPECT_EQ(Letters(Draw(3), {0, 2, 21, 2}), "...GGGRRRBBBRRR______\n_____________________\n");
-    EXPECT_NE(Letters(Draw(1.5), {0, 0, 8, 1}).find('?'), std::string::npos)
+    EXPECT_EQ(Shown(Draw(), {0, 0, 7, 2}), ".GRBR__\n_______\n");
+    EXPECT_EQ(Shown(Draw(3), {0, 2, 21, 2}), "...GGGRRRBBBRRR______\n_____________________\n");
+    EXPECT_NE(Shown(Draw(1.5), {0, 0, 8, 1}).find('?'), std::string::npos)
         << "smooth between whole scales";
     Place(m_form.lblStatusLabel, 50, 0, 9, 9);
     Show(m_form.picEject, 4, 0, Dots({Qt::green, Qt::green, Qt::green}));
-    EXPECT_EQ(Letters(Draw(1, {2, 0, 6, 1}), {0, 0, 8, 2}), "__RBR___\n________\n")
+    EXPECT_EQ(Shown(Draw(1, {2, 0, 6, 1}), {0, 0, 8, 2}), "__RBR___\n________\n")
         << "from back to front";
 }
 
@@ -108,7 +108,7 @@ TEST_F(Paint, LightsHaveTheirBorderInsideTheirForm) {
         light.BorderColour = 0x0000FF;
         Place(light, 1 + 13 * index, 1, 12, 8);
     }
-    EXPECT_EQ(Letters(Draw(), {0, 0, 79, 10}),
+    EXPECT_EQ(Shown(Draw(), {0, 0, 79, 10}),
               "...............................................................................\n"
               ".RRRRRRRRRRRR...RRRRRRRR.....1??????1.......????.....??RRRRRRRR??...??RRRR??...\n"
               ".RffffffffffR...RffffffR....??????????.....??????....?ffffffffff?...?ffffff?...\n"
@@ -139,50 +139,73 @@ TEST_F(Paint, LightsOfOneAndTwoPixelsAreTheirBorder) {
         light.BorderColour = 0x0000FF;
         Place(light, 3 * number - 2, 1, row.WidthPx, row.HeightPx);
     }
-    EXPECT_EQ(Letters(Draw(), {0, 0, 16, 5}), "................\n"
-                                              ".R..R..RR.R..R..\n"
-                                              ".......RR.R..R..\n"
-                                              "..........R..R..\n"
-                                              "................\n");
+    EXPECT_EQ(Shown(Draw(), {0, 0, 16, 5}), "................\n"
+                                            ".R..R..RR.R..R..\n"
+                                            ".......RR.R..R..\n"
+                                            "..........R..R..\n"
+                                            "................\n");
 }
 
 TEST_F(Paint, BarsAreTheHighestOfTheirBandsWithPeaksAboveThem) {
     Scope(21, 8);
-    EXPECT_EQ(Letters(Draw(), {1, 1, 23, 8}), ".WWW.............YYYY..\n"
-                                              ".................YYYY..\n"
-                                              ".....WWW.....YYY.YYYY..\n"
-                                              ".........WWW.YYY.YYYY..\n"
-                                              ".........YYY.YYY.YYYY..\n"
-                                              ".....YYY.YYY.WWW.YYYY..\n"
-                                              ".....YYY.YYY.YYY.WWWW..\n"
-                                              ".YYY.YYY.YYY.YYY.YYYY..\n");
+    EXPECT_EQ(Shown(Draw(), {1, 1, 23, 8}), ".WWW.............YYYY..\n"
+                                            ".................YYYY..\n"
+                                            ".....WWW.....YYY.YYYY..\n"
+                                            ".........WWW.YYY.YYYY..\n"
+                                            ".........YYY.YYY.YYYY..\n"
+                                            ".....YYY.YYY.WWW.YYYY..\n"
+                                            ".....YYY.YYY.YYY.WWWW..\n"
+                                            ".YYY.YYY.YYY.YYY.YYYY..\n");
     for (const auto& [widthPx, row] : {std::pair<Long, const char*>(1, "W..\n"),
                                        {3, "WW.\n"},
                                        {7, "WWWWWW.\n"},
                                        {8, "WWW.YYY.\n"}}) {
         Scope(widthPx, 8);
-        EXPECT_EQ(Letters(Draw(), {2, 1, std::max<int>(widthPx, 3), 1}), row) << widthPx;
+        EXPECT_EQ(Shown(Draw(), {2, 1, std::max<int>(widthPx, 3), 1}), row) << widthPx;
     }
     Scope(std::numeric_limits<Long>::max(), 30);
-    EXPECT_EQ(Letters(Draw(), {99, 1, 2, 1}), "W_\n") << "as far as it is visible";
+    EXPECT_EQ(Shown(Draw(), {99, 1, 2, 1}), "W_\n") << "as far as it is visible";
 }
 
 TEST_F(Paint, TextStandsOnItsBaselineInOneFaceOfTwoSizesAndEndsAtTheLabel) {
     const struct {
         int AskedPx, SizePx, BottomPx;
-    } rows[] = {{9, 9, 16}, {10, 11, 18}, {11, 11, 18}};
+    } rows[] = {{9, 9, 18}, {10, 11, 20}, {11, 11, 20}};
     for (const auto& row : rows) {
         const QImage image = Write(u"HHHHHHHHHHHH", row.AskedPx);
-        const std::string letters = Letters(image, {0, 0, 100, 40});
+        const std::string letters = Shown(image, {0, 0, 100, 40});
         EXPECT_EQ(letters.find_last_not_of(".\n") / 101, row.BottomPx);
         EXPECT_EQ(letters.find_first_of("?_"), std::string::npos) << "red and nothing else";
-        EXPECT_EQ(Letters(image, {50, 0, 50, 40}).find_first_not_of(".\n"), std::string::npos);
-        const QFont& font = m_fonts.FontOf(row.AskedPx);
+        EXPECT_EQ(Shown(image, {50, 0, 50, 40}).find_first_not_of(".\n"), std::string::npos);
+        QtFonts fonts;
+        const QFont& font = fonts.FontOf(row.AskedPx);
         EXPECT_EQ(font.pixelSize(), row.SizePx);
         EXPECT_TRUE(font.family() == "Tahoma" || font.family() == "Liberation Sans");
         EXPECT_EQ(font.hintingPreference(), QFont::PreferVerticalHinting);
         EXPECT_TRUE(font.styleStrategy() & QFont::NoSubpixelAntialias);
     }
+}
+
+TEST_F(Paint, ALetterIsTheFontsOwnPixelsAndWhatThoseLackComesFromTheToolkit) {
+    Write(u"\u00C4g");
+    EXPECT_EQ(Shown(Draw(), {10, 10, 13, 13}), ".............\n"
+                                               ".R..R........\n"
+                                               ".............\n"
+                                               "..RR.........\n"
+                                               "..RR.........\n"
+                                               ".R..R...RRRR.\n"
+                                               ".R..R..R...R.\n"
+                                               ".R..R..R...R.\n"
+                                               "RRRRRR.R...R.\n"
+                                               "R....R.R...R.\n"
+                                               "R....R..RRRR.\n"
+                                               "...........R.\n"
+                                               "........RRR..\n");
+    EXPECT_EQ(Draw(2), Draw().scaled(240, 100)) << "a pixel becomes a square";
+    EXPECT_NE(Draw(1.5), Draw().scaled(180, 75)) << "smooth between whole scales";
+    for (const char16_t* lacking : {u"\u4E2D", u"\u0301", u"\U0001F319"})
+        EXPECT_NE(Write(Text(u"e") + lacking + u"x"), Write(u"ex")) << "runs that the font lacks";
+    EXPECT_EQ(Letters({"/", __FILE__}).Find(11, 'A'), nullptr) << "no font is in these files";
 }
 
 TEST_F(Paint, ATextIsOneLineFromTheLeftWithoutControlCharacters) {
