@@ -7,20 +7,31 @@
 #include <cmath>
 
 #include "platform/qt/qt_colour.h"
+#include "platform/qt/qt_pixels.h"
 #include "platform/qt/qt_text.h"
 
 namespace {
 
-// The cell of the original platform: as many pixels above the base line as the size has.
-int BaseLinePx(int fontPx) {
+// The size of the letters. The base line is as far below the label's top, as in the cell of the
+// original platform.
+int LetterPx(int fontPx) {
     return fontPx <= 9 ? 9 : 11;
+}
+
+// As much of the label as can be seen. A skin can give it any size, and the lowest letters end in
+// the second cell.
+QSize VisibleSize(const Figure& figure) {
+    const Rect visible = Intersection(figure.Place, figure.Clip);
+    if (visible.IsEmpty()) return QSize(0, 0);
+    return QSize(
+        static_cast<int>(visible.Right - figure.Place.Left),
+        std::min(static_cast<int>(visible.Bottom - figure.Place.Top), 2 * LetterPx(figure.FontPx)));
 }
 
 // The text to draw. Control characters are blanks, and the length is limited by the label's pixels,
 // since nobody draws a text of megabytes for a window of some hundred pixels.
-Text ShownText(const Figure& figure) {
-    Text text =
-        figure.Caption.substr(0, static_cast<std::size_t>(figure.Place.Right - figure.Place.Left));
+Text ShownText(const Figure& figure, int widthPx) {
+    Text text = figure.Caption.substr(0, static_cast<std::size_t>(widthPx));
     for (char16_t& letter : text) {
         if (letter < 0x20 || (letter >= 0x7F && letter < 0xA0) || letter == 0x2028 ||
             letter == 0x2029)
@@ -49,23 +60,20 @@ void Stamp(QImage& picture, const Glyph& glyph, QPoint pen, QColor colour) {
 
 void QtLabels::Paint(QPainter& painter, const Figure& figure) {
     const Words& words = WordsOf(figure);
-    const double scale = painter.device()->devicePixelRatioF();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
     const QPoint corner(figure.Place.Left, figure.Place.Top);
-    painter.drawImage(corner, words.Letters);
+    DrawPixels(painter, corner, words.Letters);
     if (words.Runs.empty()) return;
     painter.setFont(m_fonts.FontOf(words.FontPx));
     painter.setPen(ToColour(words.Colour));
     painter.setLayoutDirection(Qt::LeftToRight);
     for (const Run& run : words.Runs)
-        painter.drawText(corner + QPoint(run.LeftPx, BaseLinePx(words.FontPx)), run.Words);
+        painter.drawText(corner + QPoint(run.LeftPx, LetterPx(words.FontPx)), run.Words);
 }
 
 const QtLabels::Words& QtLabels::WordsOf(const Figure& figure) {
-    const QSize size(static_cast<int>(figure.Place.Right - figure.Place.Left),
-                     static_cast<int>(figure.Place.Bottom - figure.Place.Top));
+    const QSize size = VisibleSize(figure);
     Words& words = m_words[figure.Source];
-    Text text = ShownText(figure);
+    Text text = ShownText(figure, size.width());
     if (text == words.Caption && figure.FontPx == words.FontPx && figure.Colour == words.Colour &&
         size == words.Size)
         return words;
@@ -77,9 +85,9 @@ const QtLabels::Words& QtLabels::WordsOf(const Figure& figure) {
 }
 
 void QtLabels::Compose(const Text& text, Words& words) {
-    const int sizePx = words.FontPx <= 9 ? 9 : 11;
+    const int sizePx = LetterPx(words.FontPx);
     const QColor colour = ToColour(words.Colour);
-    QPoint pen(0, BaseLinePx(words.FontPx));
+    QPoint pen(0, sizePx);
     QString run;
     const auto endRun = [&] {
         if (run.isEmpty()) return;

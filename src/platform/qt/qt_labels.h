@@ -29,7 +29,7 @@ private:
         int FontPx = 0;
         Long Colour = 0;
         QSize Size;
-        QImage Letters; ///< As large as the label.
+        QImage Letters; ///< As large as what can be seen of the label.
         std::vector<Run> Runs;
     };
 

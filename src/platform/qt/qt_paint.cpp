@@ -3,10 +3,10 @@
 #include "platform/qt/qt_paint.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "platform/qt/qt_colour.h"
 #include "platform/qt/qt_pictures.h"
+#include "platform/qt/qt_pixels.h"
 #include "platform/qt/qt_rect.h"
 
 namespace {
@@ -16,10 +16,8 @@ constexpr int kBarPitchPx = 4;
 void PaintPicture(QPainter& painter, const Figure& figure) {
     if (figure.Ground) painter.fillRect(ToQRect(figure.Place), Qt::black);
     if (!figure.Picture) return;
-    const double scale = painter.device()->devicePixelRatioF();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, scale != std::floor(scale));
     const auto& picture = static_cast<const QtPicture&>(*figure.Picture);
-    painter.drawImage(QPoint(figure.Place.Left, figure.Place.Top), picture.Image);
+    DrawPixels(painter, QPoint(figure.Place.Left, figure.Place.Top), picture.Image);
 }
 
 // The rectangle that a shape fills; for square shapes the square in the middle of it.

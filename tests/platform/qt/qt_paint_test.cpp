@@ -202,6 +202,9 @@ TEST_F(Paint, ALetterIsTheFontsOwnPixelsAndWhatThoseLackComesFromTheToolkit) {
                                                "...........R.\n"
                                                "........RRR..\n");
     EXPECT_EQ(Draw(2), Draw().scaled(240, 100)) << "a pixel becomes a square";
+    const QImage asIs = Draw().copy(0, 0, 40, 24);
+    Place(m_form.lblStatusLabel, 10, 10, 1'000'000, 1'000'000);
+    EXPECT_EQ(Draw().copy(0, 0, 40, 24), asIs) << "a skin's label of any size takes little memory";
     EXPECT_NE(Draw(1.5), Draw().scaled(180, 75)) << "smooth between whole scales";
     for (const char16_t* lacking : {u"\u4E2D", u"\u0301", u"\U0001F319"})
         EXPECT_NE(Write(Text(u"e") + lacking + u"x"), Write(u"ex")) << "runs that the font lacks";
