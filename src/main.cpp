@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/audio/click/click_sound.h"
@@ -120,9 +121,13 @@ int main(int count, char** arguments) {
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 
     Form_Load(velora);
-    window.AfterFirstPaint = [&] {
-        ShowProgramIcon();
-        click.Prepare(system.ApplicationDirectory() + u"\\click.wav");
+    bool isPainted = false;
+    window.AfterPaint = [&](const QRegion&) {
+        if (std::exchange(isPainted, true)) return;
+        loop.Post([&] {
+            ShowProgramIcon();
+            click.Prepare(system.ApplicationDirectory() + u"\\click.wav");
+        });
     };
     window.ShowFirst();
     loop.Run();
