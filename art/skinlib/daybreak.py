@@ -38,7 +38,7 @@ RECT, ELLIPSE, ROUND = 1, 2, 3
 
 STANDARD = Skin(
     name='Daybreak', file='velora.vs4', companion='velora_small.vs4', folder='standard',
-    width=312, height=153,
+    lights='lights.ini', width=312, height=153,
     regions=[
         ('arch', rgn(ELLIPSE, AXIS - 306, 1, AXIS + 306, 613)),
         ('dome', rgn(RECT, 32, 0, 280, 100, **join(AND, 1, 2))),
@@ -60,7 +60,7 @@ STANDARD = Skin(
 
 SMALL = Skin(
     name='Daybreak small', file='velora_small.vs4', companion='velora.vs4', folder='small',
-    width=312, height=100,
+    lights='lights.ini', width=312, height=100,
     regions=[
         ('arch', rgn(ELLIPSE, AXIS - 306, 1, AXIS + 306, 613)),
         ('bow', rgn(ELLIPSE, AXIS - 228, -357, AXIS + 228, 99, **join(AND, 1, 2))),

@@ -13,12 +13,13 @@ from .skinfile import FRAME, TWIPS, regions as numbered
 
 SIZE = (288, 80)
 GROUND, PANEL, LINE = '#2e3440', '#000000', '#4b5567'
+OUTLINE = ('#191c24', '#2a2f3a')
 FACE, SIGN = '#434c5e', '#f2e9c9'
 ON, ON_SIGN = '#e5b53a', '#2b2410'
 FULL, FAINT, MUTE = '#ffe14d', '#75692f', '#e0322a'
 FOLDER = 'plain'
 FINE = 8
-SCOPE, TITLE, STATUS = (215, 16, 44, 16), (91, 38, 165, 12), (91, 49, 70, 14)
+SCOPE, TITLE, STATUS = (215, 16, 44, 16), (91, 38, 165, 11), (91, 49, 70, 14)
 STEP_ROWS = [47 - 7 * i for i in range(7)]
 REGIONS = [('rgn1', dict(enabled=True, name='body', type=3, x1=27, y1=5, x2=287, y2=69,
                          x3=20, y3=20)),
@@ -49,10 +50,9 @@ class Drawing:
 def background():
     p = Drawing(SIZE, GROUND)
     # A light line inside of the outline, so that the case ends clearly on a dark desktop, too.
-    for inset, colour in ((0, LINE), (2, GROUND)):
+    for inset, colour in ((0, OUTLINE[0]), (1.25, LINE), (2.25, GROUND)):
         p.box(28 + inset, 8 + inset, 288 - inset, 72 - inset, colour, 10 - inset)
-        p.draw.ellipse((inset * FINE, inset * FINE, (80 - inset) * FINE - 1,
-                        (80 - inset) * FINE - 1), colour)
+        p.box(inset, inset, 80 - inset, 80 - inset, colour, 40 - inset)
     left, top, width, height = SCOPE
     for x1, y1, x2, y2 in ((86, 37, 261, 67),
                            (left - 2, top - 2, left + width + 2, top + height + 2)):
@@ -63,7 +63,7 @@ def background():
         p.box(x, top + height - 1, x + 3, top + height, FAINT)
     sections = {'settings': {'shapecount': len(REGIONS)}}
     sections.update((name, {**keys, 'enabled': 'True'}) for name, keys in REGIONS)
-    return Image.fromarray(outlined(np.asarray(p.done()), numbered(sections), '#191c24', '#363c49'))
+    return Image.fromarray(outlined(np.asarray(p.done()), numbered(sections), *OUTLINE))
 
 
 def sign(p, name, x, y, r, colour):
