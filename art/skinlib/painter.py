@@ -10,7 +10,7 @@ from .geometry import slab
 from .skinfile import regions as numbered
 
 STEPS = 7
-EDGE = ('#2a1a0e', '#46331f')
+EDGE = ('#4a321c', '#7a6044')
 
 
 def regions_of(skin):

@@ -13,7 +13,7 @@ from .skinfile import FRAME, TWIPS, regions as numbered
 
 SIZE = (288, 80)
 GROUND, PANEL, LINE = '#2e3440', '#000000', '#4b5567'
-OUTLINE = ('#191c24', '#2a2f3a')
+OUTLINE = ('#39404e', '#565e6d')
 FACE, SIGN = '#434c5e', '#f2e9c9'
 ON, ON_SIGN = '#e5b53a', '#2b2410'
 FULL, FAINT, MUTE = '#ffe14d', '#75692f', '#e0322a'
@@ -78,8 +78,8 @@ def sign(p, name, x, y, r, colour):
     elif name in ('forward', 'backward'):
         way = 1 if name == 'forward' else -1
         p.figure([(x - r * way, y - r), (x + (r - 2) * way, y), (x - r * way, y + r)], colour)
-        p.box(min(x + (r - 2) * way, x + r * way), y - r, max(x + (r - 2) * way, x + r * way), y + r,
-              colour)
+        near, far = sorted((x + (r - 2) * way, x + r * way))
+        p.box(near, y - r, far, y + r, colour)
     elif name == 'eject':
         p.figure([(x - r - 1, y + 1), (x, y - r), (x + r + 1, y + 1)], colour)
         p.box(x - r - 1, y + r - 2, x + r + 1, y + r, colour)
