@@ -2,17 +2,16 @@
 import numpy as np
 from PIL import Image
 
-from . import symbols
 from .canvas import Canvas, cover, linear, smooth
 from .edge import outlined
-from .geometry import disc, slab, stroke
+from .geometry import disc, polygon, slab, slope, stroke
 from .painter import STEPS, regions_of
 from .pebble import CORNER, FACE_LEFT, GAP, HOLE, RIM
 
 STONE, LIT, SHADED = linear('#d8d3c9'), linear('#f4f1ea'), linear('#b3ada2')
 GLASS = linear('#000000')
 KEY, KEY_DOWN = linear('#2a2c30'), linear('#131416')
-SIGN, SIGN_DOWN = linear('#f6f4ef'), linear('#a9a69f')
+SIGN, SIGN_DOWN = linear('#f6f4ef'), linear('#ff7a5a')
 CORAL, CORAL_DOWN = linear('#e05a3e'), linear('#a03c28')
 INK, PALE, HALF = linear('#2f2d2a'), linear('#bab4a8'), linear('#8d877c')
 DOT, BADGE = linear('#6a6852'), linear('#ffff80')
@@ -20,31 +19,28 @@ OUTLINE = ('#5f5a52', '#736d64')
 FAR = 10000
 
 
-def case(c, height, left, inset, corner):
+def case(c, skin, left, inset, corner):
     """The stone's outline drawn in by `inset`, with its left end at `left`."""
-    middle = c.whole - height / 2
-    body = slab(c, left, inset, FAR, height - inset, corner)
-    return np.where(c.x < middle, body, disc(c, middle, height / 2, height / 2 - inset))
+    r = skin.height / 2
+    body = slab(c, left, inset, FAR, skin.height - inset, corner)
+    return np.where(c.x < skin.width - r, body, disc(c, skin.width - r, r, r - inset))
 
 
 def meet(a, b, corner):
-    """What two figures have in common, with round corners."""
+    """What two figures have in common, rounded where their edges cross, at whatever angle."""
+    (ax, ay), (bx, by) = slope(a), slope(b)
+    k = np.clip(ax * bx + ay * by, -0.99, 0.99)
     a, b = a + corner, b + corner
-    out = np.hypot(np.maximum(a, 0), np.maximum(b, 0))
-    return out + np.minimum(np.maximum(a, b), 0) - corner
-
-
-def canvas(skin):
-    c = Canvas(skin.width, skin.height)
-    Canvas.whole = skin.width
-    return c
+    beyond = (np.maximum(a, b) > 0) & (a > k * b) & (b > k * a)
+    far = np.sqrt(np.maximum(a * a + b * b - 2 * k * a * b, 0) / (1 - k * k))
+    return np.where(beyond, far, np.maximum(a, b)) - corner
 
 
 def ground(skin):
     """The stone and the glass, and what is seen of the spectrum's seat while it rests."""
-    c = canvas(skin)
+    c = Canvas(skin.width, skin.height)
     c.rgb[:] = STONE
-    d = case(c, skin.height, 0, 0, CORNER)
+    d = case(c, skin, 0, 0, CORNER)
     hole = -disc(c, *HOLE)
     for edge in (d, hole):
         gy, gx = np.gradient(edge)
@@ -53,7 +49,7 @@ def ground(skin):
         c.paint(line * np.clip(towards, 0, 1) * 0.9, LIT)
         c.paint(line * np.clip(-towards, 0, 1) * 0.7, SHADED)
         c.paint(smooth(-1.9, -0.9, edge), linear(OUTLINE[0]))
-    c.paint(cover(case(c, skin.height, FACE_LEFT, RIM, 12)), GLASS)
+    c.paint(cover(case(c, skin, FACE_LEFT, RIM, 12)), GLASS)
     left, top, width, height = skin.scope
     for x in range(left, left + width, 4):
         c.paint(cover(slab(c, x, top + height - 2, x + 3, top + height)), DOT)
@@ -71,8 +67,37 @@ def badge(c, skin):
                             slab(c, right - third, top, right, bottom)))
 
 
+def sign(c, name, x, y, high, wide, bar, leg, base, play, stop):
+    """A sign around x, y. All of its edges lie between two pixels, so that they are sharp."""
+    def box(left, top, right, bottom):
+        return slab(c, x + left, y + top, x + right, y + bottom)
+
+    def arrow(back, tip, high):
+        points = [(x + back, y - high), (x + tip, y), (x + back, y + high)]
+        return polygon(c, points if tip > back else points[::-1])
+
+    if name == 'play':
+        return arrow(4 - play, play - 1, play)
+    if name == 'stop':
+        return box(-stop, -stop, stop, stop)
+    if name == 'pause':
+        return np.minimum(box(-2 - leg, -high, -2, high), box(2, -high, 2 + leg, high))
+    if name == 'forward':
+        return np.minimum(arrow(-high, high - bar, high), box(high - bar, -high, high, high))
+    if name == 'backward':
+        return np.minimum(arrow(high, bar - high, high), box(-high, -high, bar - high, high))
+    if name == 'eject':
+        roof = polygon(c, [(x - wide, y + base), (x, y - high), (x + wide, y + base)])
+        return np.minimum(roof, box(-wide, high - bar, wide, high))
+    thick = bar // 2
+    rows = (1 - high, 0, high - 1) if bar % 2 else (thick - high, 0, high - thick)
+    dots = [box(a, row - thick, b, row + thick) for row in rows
+            for a, b in ((-wide, 2 * thick - wide), (2 * thick + 3 - wide, wide))]
+    return np.minimum.reduce(dots)
+
+
 def key(c, d, colour, pressed):
-    """A key of glass: flat, and pressed a shade deeper, with the shadow of the upper edge."""
+    """A key of glass: flat, and pressed a shade deeper, under the shadow of its upper edge."""
     c.paint(cover(d), colour)
     if pressed:
         gy, gx = np.gradient(d)
@@ -81,7 +106,7 @@ def key(c, d, colour, pressed):
 
 def key_shape(skin, c, box, corner):
     """A key with round corners that keeps to the round end of the glass."""
-    end = case(c, skin.height, -FAR, RIM + GAP, 0)
+    end = case(c, skin, -FAR, RIM + GAP, 0)
     return meet(slab(c, *box, corner), end, corner).astype(np.float32)
 
 
@@ -92,9 +117,8 @@ def small_key(skin, c, name, box):
         d = key_shape(skin, part, box, 7)
         key(part, d, KEY_DOWN if pressed else KEY, pressed)
         # In the middle of what there is of the key, which the round end may have cut.
-        x, y = part.x[d < 0].mean(), (box[1] + box[3]) / 2 + pressed
-        part.paint(cover(getattr(symbols, name)(part, x, y, skin.key_size)),
-                   SIGN_DOWN if pressed else SIGN)
+        x, y = round(float(part.x[d < 0].mean())), (box[1] + box[3]) // 2 + pressed
+        part.paint(cover(sign(part, name, x, y, **skin.sign)), SIGN_DOWN if pressed else SIGN)
         pictures.append(part.image())
     return box[:2], pictures
 
@@ -112,8 +136,8 @@ def play_key(skin, c, name):
         key(part, d, face, pressed)
         part.paint(cover(window), GLASS)
         x, y = skin.play_sign
-        part.paint(cover(getattr(symbols, name)(part, x, y + pressed, skin.play_size)),
-                   SIGN_DOWN if pressed else SIGN)
+        part.paint(cover(sign(part, name, x, y + pressed, **skin.sign)),
+                   SIGN_DOWN if pressed and not on else SIGN)
         pixels = part.pixels()
         seen = np.full((skin.height, skin.width, 1), 255, np.uint8)
         seen[sy:sy + sh, sx:sx + sw] = 0

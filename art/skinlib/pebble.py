@@ -47,9 +47,10 @@ HEAD = dict(title=(INNER_LEFT + 2, 10, 288, 12), status=(INNER_LEFT + 2, 22, 74,
 STANDARD = Skin(
     name='Pebble', file='pebble.vs4', companion='pebble_small.vs4', folder='pebble',
     lights='pebble\\lights.ini', width=WIDTH, height=152, regions=stone(152), **HEAD,
-    play=(INNER_LEFT, 43, 388, 93), play_sign=(324, 68), play_size=15,
-    keys=keys(ORDER, INNER_LEFT, 101, 58, 38, 4), key_size=9.5,
-    scope=(64, 49, 192, 38), badge=(228, 249, 55, 81),
+    play=(INNER_LEFT, 43, 388, 93), play_sign=(324, 68),
+    keys=keys(ORDER, INNER_LEFT, 101, 58, 38, 4),
+    sign=dict(high=9, wide=11, bar=4, leg=5, base=2, play=15, stop=10),
+    scope=(64, 49, 192, 38), badge=(228, 249, 54, 80),
     volume=dict(x=CORNER, rows=[116 - 8 * i for i in range(7)], reach=11, thick=5,
                 left=10, top=60, right=36, bottom=130),
 )
@@ -57,9 +58,10 @@ STANDARD = Skin(
 SMALL = Skin(
     name='Pebble small', file='pebble_small.vs4', companion='pebble.vs4', folder='pebble_small',
     lights='pebble\\lights.ini', width=WIDTH, height=86, regions=stone(86), **HEAD,
-    play=(220, 43, 388, 73), play_sign=(334, 58), play_size=10,
-    keys=keys(ORDER, INNER_LEFT, 43, 28, 30, 4), key_size=6.5,
-    scope=(226, 49, 60, 18), badge=(268, 280, 51, 65),
+    play=(220, 43, 388, 73), play_sign=(334, 58),
+    keys=keys(ORDER, INNER_LEFT, 43, 28, 30, 4),
+    sign=dict(high=6, wide=7, bar=3, leg=3, base=1, play=10, stop=7),
+    scope=(226, 49, 60, 18), badge=(268, 280, 50, 63),
     volume=dict(x=CORNER, rows=[69 - 5 * i for i in range(7)], reach=11, thick=3,
                 left=10, top=34, right=36, bottom=80),
 )
