@@ -31,7 +31,6 @@ class Drawing:
     """A picture that is drawn larger and made small at the end, so that its figures are smooth."""
 
     def __init__(self, size, colour):
-        self.size = size
         self.image = Image.new('RGB', (size[0] * FINE, size[1] * FINE), colour)
         self.draw = ImageDraw.Draw(self.image)
 
