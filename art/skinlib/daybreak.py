@@ -74,5 +74,5 @@ SMALL = Skin(
     cap_r=9, cap_size=3.6, sun_size=5.6,
     volume=dict(x=235.5, rows=[69.5 - 4 * i for i in range(7)], r=4.6,
                 left=229, top=39, right=242, bottom=76),
-    scope=(168, 76, 40, 9), title=(96, 62, 121, 12), status=(96, 74, 72, 14),
+    scope=(172, 76, 40, 9), title=(96, 62, 121, 12), status=(96, 74, 72, 14),
 )
