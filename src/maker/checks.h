@@ -1,0 +1,41 @@
+// The checks that a skin goes through, one procedure for each subject. Each reads the trial and
+// adds what it finds; none changes anything.
+#pragma once
+
+#include "maker/check_skin.h"
+#include "maker/finding.h"
+
+/// The text of a file that was read: keys and sections that nothing reads or that don't count,
+/// values that don't convert or are cut.
+void CheckKeys(Report& report, const Text& file);
+
+/// The window's size, its background, what the counts leave out, the type.
+void CheckSettings(Report& report);
+
+/// The regions and the shape that they make.
+void CheckShape(Report& report);
+
+/// The objects: their types, their files, the sizes of their pictures.
+void CheckObjects(Report& report);
+
+/// Whether the file that fills `field` is there, under that very name, and a picture, if it was
+/// loaded as one. What is wrong in words, or nothing.
+[[nodiscard]] Text FileWords(const Trial& trial, const void* field, const Text& path);
+
+/// What can be seen of the client area, as rectangles that don't overlap.
+[[nodiscard]] std::vector<Rect> VisiblePart(const Form& form);
+
+/// How many pixels of `place` the rectangles cover.
+[[nodiscard]] std::int64_t AreaIn(const std::vector<Rect>& rectangles, const Rect& place);
+
+/// Where the controls stand on the window, by the order in which they are painted.
+void CheckPlaces(Report& report);
+
+/// Whether the texts have room for their words.
+void CheckTexts(Report& report, const Form& playing, const MeasureText& measure);
+
+void CheckVolume(Report& report);
+void CheckLights(Report& report);
+
+/// The companion beside this skin. `other` is the null pointer where there is none to look at.
+void CheckCompanion(Report& report, const Trial* other);
