@@ -18,16 +18,18 @@ bool Places(const SkinRecord& skin, Long type) {
 // and a background always comes with a skin.
 void CheckLeftBehind(Report& report, const SkinRecord& other, const Text& name) {
     const SkinRecord& skin = report.Trial.Skin();
-    std::set<Long> told;
+    std::set<Long> seen;
+    Text words;
     for (const SkinObjectRecord& object : skin.Objects) {
-        if (!ObjectCounts(object) || !told.insert(object.Type).second) continue;
+        if (!ObjectCounts(object) || !seen.insert(object.Type).second) continue;
         const ObjectType& type = *ObjectTypeOf(object.Type);
-        const bool moves =
+        const bool stays =
             (type.Box && type.Box != &Form::picBackground) || type.TextLabel || type.Scope;
-        if (moves && !Places(other, object.Type))
-            report.At(&skin.Playlist, name + u" doesn't place the " + Text(type.Words) +
-                                          u", which then stays where this skin has it");
+        if (stays && !Places(other, object.Type))
+            words += (words.empty() ? u" doesn't place the " : u", ") + Text(type.Words);
     }
+    if (!words.empty())
+        report.At(&skin.Playlist, name + words + u"; what it doesn't place stays as it is here");
 }
 
 bool SameLights(const Form& one, const Form& other) {
@@ -46,7 +48,7 @@ void CheckCompanion(Report& report, const Trial* other) {
     const SkinRecord& skin = report.Trial.Skin();
     const KeyRead& read = report.Trial.ReadOf(&skin.Playlist);
     if (!read.Given) return;
-    const Text wrong = FileWords(report.Trial, &skin.Playlist, skin.Playlist);
+    const Text wrong = FileWords(report.Trial, skin.Playlist, FileKind::Other);
     if (!FileExists(skin.Playlist))
         return report.At(&skin.Playlist, wrong + u", so the playlist button does nothing");
     if (!wrong.empty()) report.At(&skin.Playlist, wrong);

@@ -127,6 +127,9 @@ private:
     [[nodiscard]] Text RefusedWords(const KeyRead& read) const {
         Text words =
             Quoted(*read.Given) + u" isn't " + Text(read.Wanted) + RemarkWords(*read.Given);
+        if (read.Wanted == kNumberWords<Long> && DecimalNumber(*read.Given)) words += u" that fits";
+        if (m_asked.at(LowerCase(read.Section)).Reads.size() == 1 && !IsBroken(read.Section))
+            words += u"; nothing of the section counts";
         if (IsBroken(read.Section)) words += u"; this light and those behind it aren't made";
         return words;
     }

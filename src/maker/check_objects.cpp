@@ -27,7 +27,7 @@ PicturePtr LoadedFrom(const Trial& trial, const Text& path) {
 }
 
 // Why a path gives no file, or not by its right name; empty if all is well.
-Text PathWords(const Trial& trial, const Text& path) {
+Text PathWords(const Trial& trial, const Text& path, FileKind kind) {
     const Text name = Quoted(NameIn(trial, path));
     const std::optional<std::string> found = FindPath(path);
     if (!found) return name + u" isn't there";
@@ -36,13 +36,13 @@ Text PathWords(const Trial& trial, const Text& path) {
         return name + u" is called " + Quoted(NameIn(trial, PathText(*found))) +
                u"; capital and small letters differ";
     const auto loaded = trial.Pictures.Loaded.find(path);
-    if (loaded != trial.Pictures.Loaded.end() && !loaded->second)
+    if (kind == FileKind::Picture && loaded != trial.Pictures.Loaded.end() && !loaded->second)
         return name + u" is no picture that can be read";
     return {};
 }
 
-void CheckFile(Report& report, const Text& path) {
-    if (const Text words = FileWords(report.Trial, &path, path); !words.empty())
+void CheckFile(Report& report, const Text& path, FileKind kind) {
+    if (const Text words = FileWords(report.Trial, path, kind); !words.empty())
         report.At(&path, words);
 }
 
@@ -59,25 +59,25 @@ void CheckSteps(Report& report, const SkinObjectRecord& object) {
         return report.At(&object.FileName2, u"missing, so the steps have no pictures");
     const SkinRecord& skin = report.Trial.Skin();
     Text words;
-    int more = 0;
+    int wrongs = 0;
     for (Integer step = 1; step <= kVolumeSteps; ++step) {
-        const Text wrong = PathWords(report.Trial, skin.VolumeImages[step]);
-        if (!wrong.empty() && !words.empty()) ++more;
+        const Text wrong = PathWords(report.Trial, skin.VolumeImages[step], FileKind::Picture);
+        wrongs += wrong.empty() ? 0 : 1;
         if (words.empty()) words = wrong;
     }
-    if (more > 0) words += u", nor are " + Decimal(more) + u" more of the seven right";
+    if (wrongs > 1) words += u"; " + Decimal(wrongs) + u" of the seven are wrong";
     if (!words.empty()) report.At(&object.FileName2, words);
 }
 
 void CheckFiles(Report& report, const ObjectType& type, const SkinObjectRecord& object) {
     if (type.TextLabel || type.Scope) return;
-    CheckFile(report, object.FileName);
+    CheckFile(report, object.FileName, IsLights(type) ? FileKind::Other : FileKind::Picture);
     if (IsVolume(type)) CheckSteps(report, object);
     if (!type.NormalHolder) return;
     // The second picture of the background never shows.
     const bool isBackground = type.Box == &Form::picBackground;
     if (!isBackground || report.Trial.ReadOf(&object.FileName2).Given)
-        CheckFile(report, object.FileName2);
+        CheckFile(report, object.FileName2, FileKind::Picture);
     CheckSameSize(report, object.FileName2, object.FileName, u"the picture at rest");
 }
 
@@ -113,10 +113,10 @@ void CheckPlayAndStop(Report& report) {
 
 } // namespace
 
-Text FileWords(const Trial& trial, const void* field, const Text& path) {
-    const KeyRead& read = trial.ReadOf(field);
+Text FileWords(const Trial& trial, const Text& path, FileKind kind) {
+    const KeyRead& read = trial.ReadOf(&path);
     if (!read.Given) return u"missing";
-    const Text words = PathWords(trial, path);
+    const Text words = PathWords(trial, path, kind);
     return words.empty() ? words : words + RemarkWords(*read.Given);
 }
 

@@ -76,16 +76,19 @@ std::optional<std::vector<Finding>> CheckSkin(const PlatformParts& parts,
     const std::optional<std::string> found = FindPath(path);
     if (!found || !OpenIniFile(*found)) return std::nullopt;
     const auto trial = std::make_unique<Trial>(parts, path);
+    // As while a track plays: that it is hidden at rest is no reason not to look at its place.
+    trial->State.frmMain.VFmp3scope1.Visible = true;
     Report report(*trial);
     const std::vector<Text> files = FilesRead(*trial);
-    for (const Text& file : files)
-        CheckKeys(report, file);
-    const bool isSkin = std::ranges::any_of(
-        trial->Reads, [&](const KeyRead& read) { return read.File == trial->Path && read.Given; });
-    if (isSkin)
-        CheckTrial(report, parts, measure);
-    else
-        report.In({}, u"nothing in this file is read, so it is no skin");
+    if (std::ranges::none_of(trial->Reads, [](const KeyRead& read) { return !!read.Given; })) {
+        report.In({}, u"nothing in this file is read; a skin has a section " +
+                          Quoted(trial->Reads.front().Section));
+        return std::move(report.Findings);
+    }
+    if (trial->IsShown()) // Of one that isn't the program doesn't read all.
+        for (const Text& file : files)
+            CheckKeys(report, file);
+    CheckTrial(report, parts, measure);
     const Order order(files);
     std::ranges::stable_sort(report.Findings, {}, [&](const Finding& f) { return order.Of(f); });
     return std::move(report.Findings);

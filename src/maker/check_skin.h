@@ -2,14 +2,10 @@
 // looked over.
 #pragma once
 
-#include <functional>
 #include <optional>
 
 #include "maker/finding.h"
-#include "platform/rect.h"
-
-/// The place that words take on a label, in pixels from its corner. `fontPx` as in a `Label`.
-using MeasureText = std::function<Rect(const Text& words, int fontPx)>;
+#include "maker/measure_text.h"
 
 /// The findings on the skin file at `path` and on the shape file of its lights, in the order of the
 /// sections; those on the shape file come last. Nothing if the file can't be read. Of `parts` the

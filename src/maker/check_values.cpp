@@ -71,7 +71,7 @@ void CheckSettings(Report& report) {
     CheckSide(report, skin.Width, form.Width);
     CheckSide(report, skin.Height, form.Height);
     const bool named = !!report.Trial.ReadOf(&skin.Graphic).Given;
-    const Text wrong = named ? FileWords(report.Trial, &skin.Graphic, skin.Graphic) : Text();
+    const Text wrong = named ? FileWords(report.Trial, skin.Graphic, FileKind::Picture) : Text();
     if (!wrong.empty())
         report.At(&skin.Graphic,
                   wrong + (form.picBackground.Visible ? Text()

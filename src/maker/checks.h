@@ -2,8 +2,8 @@
 // adds what it finds; none changes anything.
 #pragma once
 
-#include "maker/check_skin.h"
 #include "maker/finding.h"
+#include "maker/measure_text.h"
 
 /// The text of a file that was read: keys and sections that nothing reads or that don't count,
 /// values that don't convert or are cut.
@@ -18,9 +18,11 @@ void CheckShape(Report& report);
 /// The objects: their types, their files, the sizes of their pictures.
 void CheckObjects(Report& report);
 
-/// Whether the file that fills `field` is there, under that very name, and a picture, if it was
-/// loaded as one. What is wrong in words, or nothing.
-[[nodiscard]] Text FileWords(const Trial& trial, const void* field, const Text& path);
+enum class FileKind { Picture, Other };
+
+/// Whether the file that a path of the skin's record names is there, under that very name, and can
+/// be read. What is wrong in words, or nothing.
+[[nodiscard]] Text FileWords(const Trial& trial, const Text& path, FileKind kind);
 
 /// What can be seen of the client area, as rectangles that don't overlap.
 [[nodiscard]] std::vector<Rect> VisiblePart(const Form& form);

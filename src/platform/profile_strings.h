@@ -84,7 +84,7 @@ private:
 template<typename Whole>
 constexpr TextView kNumberWords = sizeof(Whole) == sizeof(Integer)
                                       ? TextView(u"a number from -32,768 to 32,767")
-                                      : TextView(u"a number up to 2,147,483,647");
+                                      : TextView(u"a number");
 
 /// Reads a text into a record's field; a missing one is empty.
 void ReadProfileText(ProfileReader& reader, TextView Section, TextView Key, Text& field);
