@@ -86,17 +86,22 @@ void CheckUnplacedScope(Report& report, const std::vector<Rect>& visible,
                       u") while a track plays");
 }
 
-void CheckBackground(Report& report, const std::vector<Rect>& visible, const Rect& place) {
+// Whether the background fills what can be seen. If not, what stands beyond it is cut off, which
+// needn't be told of each control.
+bool CheckBackground(Report& report, const std::vector<Rect>& visible, const Rect& place) {
     std::int64_t seen = 0;
     for (const Rect& part : visible)
         seen += AreaOf(part);
-    if (AreaIn(visible, place) == seen) return;
+    if (AreaIn(visible, place) == seen) return true;
     const Rect client = ClientArea(report.Trial.State.frmMain);
     const PictureBox& background = report.Trial.State.frmMain.picBackground;
-    report.At(&report.Trial.Skin().Graphic, u"the background has " +
-                                                SizeWords(background.Width, background.Height) +
-                                                u" and doesn't fill the client area of " +
-                                                SizeWords(client.Right, client.Bottom));
+    Text words = u"the background has " + SizeWords(background.Width, background.Height);
+    if (background.Left != 0 || background.Top != 0)
+        words += u" at (" + Decimal(background.Left) + u", " + Decimal(background.Top) + u")";
+    report.At(&report.Trial.Skin().Graphic, words + u" and doesn't fill the client area of " +
+                                                SizeWords(client.Right, client.Bottom) +
+                                                u"; what stands beyond it is cut off");
+    return false;
 }
 
 } // namespace
@@ -120,14 +125,14 @@ void CheckPlaces(Report& report) {
     const std::vector<Rect> visible = VisiblePart(form);
     const std::vector<StackedControl> stack = ControlStack(form);
     if (visible.empty() || stack.empty() || !form.picBackground.Picture) return;
-    CheckBackground(report, visible, stack.front().Place);
+    const bool filled = CheckBackground(report, visible, stack.front().Place);
     for (std::size_t index = 1; index < stack.size(); ++index) {
         const StackedControl& one = stack[index];
         const Owner owner = OwnerOf(report.Trial, *one.Source);
         if (!owner.Field && one.Source == &form.VFmp3scope1)
             CheckUnplacedScope(report, visible, one);
         if (!owner.Field || one.Place.IsEmpty() || IsBare(one, owner)) continue;
-        CheckInside(report, visible, one, owner);
+        if (filled) CheckInside(report, visible, one, owner);
         CheckCovered(report, stack, index, owner);
     }
 }

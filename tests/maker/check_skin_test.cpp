@@ -320,7 +320,7 @@ const Row kFaults[] = {
     {"a background smaller than the client area",
      {{"picture 100 60", "picture 99 60"}},
      "[Settings] Graphic: the background has 99 x 60 pixels and doesn't fill the client "
-     "area of 100 x 60 pixels\n"},
+     "area of 100 x 60 pixels; what stands beyond it is cut off\n"},
     {"no background's file, and no background at all",
      {{"Graphic=back.gif", "Graphic=none.gif"}},
      "[Settings] Graphic: \"none.gif\" isn't there; without a background nothing "
