@@ -61,6 +61,29 @@ void CheckInside(Report& report, const std::vector<Rect>& visible, const Stacked
                                    u" of its " + Decimal(all) + u" pixels don't show");
 }
 
+// The picture that a box shows when `under` does: the visualisation is there while a track plays,
+// when the play button shows stop.
+const LoadedPicture* PictureOver(const Form& form, const Control& under, const Control& box) {
+    const bool stops = &under == &form.VFmp3scope1 && &box == &form.picPlay;
+    return stops ? form.picStop1.Picture.get() : static_cast<const PictureBox&>(box).Picture.get();
+}
+
+// How much of `common` the control in front hides. A button beneath another one loses the mouse
+// there, whatever shows; all else may be seen through a picture.
+std::int64_t HiddenArea(const Form& form, const StackedControl& under, const StackedControl& front,
+                        const Rect& common) {
+    const bool seenThrough =
+        under.Row->Kind != ControlKind::PictureBox && front.Row->Kind == ControlKind::PictureBox;
+    const LoadedPicture* const picture =
+        seenThrough ? PictureOver(form, *under.Source, *front.Source) : nullptr;
+    if (!picture) return AreaOf(common);
+    std::int64_t hidden = 0;
+    for (int y = common.Top - front.Place.Top; y < common.Bottom - front.Place.Top; ++y)
+        for (int x = common.Left - front.Place.Left; x < common.Right - front.Place.Left; ++x)
+            if (x < picture->WidthPx && y < picture->HeightPx && picture->Covers(x, y)) ++hidden;
+    return hidden;
+}
+
 // What is in front of the control at `index`, each thing once.
 void CheckCovered(Report& report, const std::vector<StackedControl>& stack, std::size_t index,
                   const Owner& owner) {
@@ -70,8 +93,12 @@ void CheckCovered(Report& report, const std::vector<StackedControl>& stack, std:
         const Rect common = Intersection(Intersection(one.Place, one.Clip), stack[front].Place);
         if (common.IsEmpty()) continue;
         const Owner other = OwnerOf(report.Trial, *stack[front].Source);
-        if (IsBare(stack[front], other) || !told.insert(other.Words).second) continue;
-        const bool whole = AreaOf(common) == AreaOf(one.Place);
+        if (IsBare(stack[front], other) || told.contains(other.Words)) continue;
+        const std::int64_t hidden =
+            HiddenArea(report.Trial.State.frmMain, one, stack[front], common);
+        if (hidden == 0) continue;
+        const bool whole = hidden == AreaOf(one.Place);
+        told.insert(other.Words);
         report.At(owner.Field,
                   owner.Words + (whole ? u" lies under " : u" lies partly under ") + other.Words);
     }

@@ -42,6 +42,8 @@ void CheckCombination(Report& report, const SkinRegionRecord& region) {
 void CheckRegion(Report& report, Integer number) {
     const SkinRegionRecord& region = report.Trial.Skin().Regions[number];
     const std::shared_ptr<const Region> built = BuiltFrom(report.Trial, number);
+    if (!built && region.Type >= 1 && region.Type <= 3)
+        return report.In(NameOf(number), u"a side is too large a number, so this is no region");
     if (!built)
         return report.At(&region.Type, Decimal(region.Type) + u" makes no region; it has to be 1 "
                                                               u"(rectangle), 2 (ellipse) or 3");

@@ -21,16 +21,17 @@ void CheckSide(Report& report, const Long& asked, Long taken) {
 
 void CheckText(Report& report, const Label& label, const Label& playing, const Rect& needed) {
     if (!label.Visible || (label.Width >= needed.Right && label.Height >= needed.Bottom)) return;
+    const SkinObjectRecord* placed = nullptr; // The last one counts.
     for (const SkinObjectRecord& object : report.Trial.Skin().Objects) {
         const ObjectType* const type = ObjectTypeOf(object.Type);
-        if (!object.Enabled || !type || !type->TextLabel) continue;
-        if (&(report.Trial.State.frmMain.*type->TextLabel) != &label) continue;
-        const bool narrow = label.Width < needed.Right;
-        report.At(narrow ? &object.Width : &object.Height,
+        if (object.Enabled && type && type->TextLabel &&
+            &(report.Trial.State.frmMain.*type->TextLabel) == &label)
+            placed = &object;
+    }
+    if (placed)
+        report.At(label.Width < needed.Right ? &placed->Width : &placed->Height,
                   u"no room for " + Quoted(playing.Caption) + u", which needs " +
                       SizeWords(needed.Right, needed.Bottom));
-        return;
-    }
 }
 
 // The highest of the pictures of the volume.
