@@ -74,10 +74,10 @@ std::int64_t HiddenArea(const Form& form, const StackedControl& under, const Sta
                         const Rect& common) {
     const bool seenThrough =
         under.Row->Kind != ControlKind::PictureBox && front.Row->Kind == ControlKind::PictureBox;
-    const LoadedPicture* const picture =
-        seenThrough ? PictureOver(form, *under.Source, *front.Source) : nullptr;
-    if (!picture) return AreaOf(common);
+    if (!seenThrough) return AreaOf(common);
+    const LoadedPicture* const picture = PictureOver(form, *under.Source, *front.Source);
     std::int64_t hidden = 0;
+    if (!picture) return hidden;
     for (int y = common.Top - front.Place.Top; y < common.Bottom - front.Place.Top; ++y)
         for (int x = common.Left - front.Place.Left; x < common.Right - front.Place.Left; ++x)
             if (x < picture->WidthPx && y < picture->HeightPx && picture->Covers(x, y)) ++hidden;
@@ -104,7 +104,7 @@ void CheckCovered(Report& report, const std::vector<StackedControl>& stack, std:
     }
 }
 
-// The visualisation comes up by itself. The hole that it tears is the skin's, so to say.
+// The visualisation comes up by itself, whether the skin has a place for it or not.
 void CheckUnplacedScope(Report& report, const std::vector<Rect>& visible,
                         const StackedControl& one) {
     if (AreaIn(visible, Intersection(one.Place, one.Clip)) == 0) return;
