@@ -115,7 +115,11 @@ private:
         const auto read = std::ranges::find_if(
             reads, [&](const KeyRead* one) { return EqualIgnoringCase(one->Key, key); });
         if (read == reads.end()) {
-            if (reads.size() > 1 && !IsBroken(section)) Say(section, key, UnreadWords(key, reads));
+            // Where reading has ended early the rest wasn't asked for. A slip of the pen shows
+            // still.
+            const bool isCut = reads.size() == 1 || IsBroken(section);
+            const Text words = UnreadWords(key, reads);
+            if (!isCut || words.ends_with(u'?')) Say(section, key, words);
             return;
         }
         if (!(*read)->Fits && (*read)->Given) Say(section, (*read)->Key, RefusedWords(**read));

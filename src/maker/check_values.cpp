@@ -8,13 +8,16 @@
 
 namespace {
 
-constexpr Long kLeastLightPx = 3, kLeastBarPx = 2;
+constexpr Long kLeastLightPx = 3, kLeastBarPx = 2, kLeastWindowPx = 40;
 
 // A side of the window in twips, and what the window made of it.
 void CheckSide(Report& report, const Long& asked, Long taken) {
     if (asked != taken)
         report.At(&asked, Decimal(asked) + u" is no size for a window, so it keeps the size that "
                                            u"it had; count in twips, 15 to the pixel");
+    else if (PixelsOfTwips(asked) < kLeastWindowPx)
+        report.At(&asked, Decimal(asked) + u" are only " + Decimal(PixelsOfTwips(asked)) +
+                              u" pixels, since this counts in twips, 15 to the pixel");
     else if (asked % kTwipsPerPixel != 0)
         report.At(&asked, Decimal(asked) + u" is no whole number of pixels; take a multiple of 15");
 }

@@ -269,8 +269,10 @@ const Row kFaults[] = {
      {{"[object8]", "[objekt8]"}},
      "[objekt8] nothing reads this section; is \"object8\" meant?\n"},
     {"a section without a yes, and one with a no, which is all right",
-     {{"enabled=True\ntype=8", "type=8"}, {"enabled=True\ntype=4", "enabled=0\nodd=1\ntype=4"}},
-     "[object8] enabled: missing, so nothing of the section counts\n"},
+     {{"enabled=True\ntype=8", "enabeld=True\ntype=8"},
+      {"enabled=True\ntype=4", "enabled=0\nodd=1\ntype=4"}},
+     "[object8] enabled: missing, so nothing of the section counts\n"
+     "[object8] enabeld: nothing reads this key; is \"enabled\" meant?\n"},
     {"a value is cut",
      {{"Playlist=other.vs4\n",
        "Author=12345678901234567890123456789012345678901234567890123456789012345678901234567890"
@@ -328,6 +330,10 @@ const Row kFaults[] = {
     {"no background at all",
      {{"Graphic=back.gif\n", ""}},
      "[Settings] Graphic: missing, so the background is black\n"},
+    {"a window in pixels instead of twips",
+     {{"Height=1275", "Height=85"}},
+     "[Settings] Height: 85 are only 6 pixels, since this counts in twips, 15 to the pixel\n"
+     "[rgn1] the shape is empty, so nothing of the window shows\n"},
     {"sizes of a window",
      {{"Width=1590", "Width=1591"}, {"Height=1275", "Height=1e9"}},
      "[Settings] Width: 1591 is no whole number of pixels; take a multiple of 15\n"
