@@ -12,6 +12,7 @@ constexpr Long kLeastLightPx = 3, kLeastBarPx = 2, kLeastWindowPx = 40;
 
 // A side of the window in twips, and what the window made of it.
 void CheckSide(Report& report, const Long& asked, Long taken) {
+    if (!report.Trial.ReadOf(&asked).Fits) return; // That was said of the text.
     if (asked != taken)
         report.At(&asked, Decimal(asked) + u" is no size for a window, so it keeps the size that "
                                            u"it had; count in twips, 15 to the pixel");

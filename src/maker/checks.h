@@ -9,7 +9,7 @@
 /// values that don't convert or are cut.
 void CheckKeys(Report& report, const Text& file);
 
-/// The window's size, its background, what the counts leave out, the type.
+/// The window's size and its background's file.
 void CheckSettings(Report& report);
 
 /// The regions and the shape that they make.
@@ -33,10 +33,13 @@ enum class FileKind { Picture, Other };
 /// Where the controls stand on the window, by the order in which they are painted.
 void CheckPlaces(Report& report);
 
-/// Whether the texts have room for their words.
+/// Whether texts and visualisation have room; `playing` has the words of a track that is on.
 void CheckTexts(Report& report, const Form& playing, const MeasureText& measure);
 
+/// The rows by which a drag over the volume finds its steps.
 void CheckVolume(Report& report);
+
+/// Whether all lights are there and large enough. Faults of their values are `CheckKeys`'s.
 void CheckLights(Report& report);
 
 /// The companion beside this skin. `other` is the null pointer where there is none to look at.
