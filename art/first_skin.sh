@@ -25,6 +25,9 @@ awk '
 ' "$top/docs/first_skin.md" >"$work/script"
 (cd "$work/skin" && PATH="$build:$PATH" bash -e "$work/script")
 
+# Without the hour of their making the same pictures are the same files.
+mogrify -strip -define png:exclude-chunks=date,time "$work/skin"/[!s]*.png "$work/skin"/stop*.png
+
 rm -f "$work/skin/said" "$top/docs/first_skin"/*.png "$top/docs/first_skin/skin"/*
 mkdir -p "$top/docs/first_skin/skin"
 mv "$work/skin"/step*.png "$top/docs/first_skin"
