@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t kMostValueBytes = 254, kLongestName = 40;
+constexpr std::size_t kLongestName = 40;
 
 // What was asked of one section.
 struct AskedSection {

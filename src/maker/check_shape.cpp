@@ -2,11 +2,10 @@
 #include <algorithm>
 
 #include "maker/checks.h"
+#include "skin/apply_skin.h"
 #include "skin/load_skin.h"
 
 namespace {
-
-constexpr Long kLastMode = 5;
 
 std::shared_ptr<const Region> BuiltFrom(const Trial& trial, Integer number) {
     return FindRegion(trial.State.Regions, trial.Skin().Regions[number].Handle);
@@ -28,7 +27,7 @@ void CheckCombination(Report& report, const SkinRegionRecord& region) {
     if (region.CombineMode == 0 && region.DestRgn == 0 && region.SrcRgn1 == 0 &&
         region.SrcRgn2 == 0)
         return;
-    if (region.CombineMode < 1 || region.CombineMode > kLastMode)
+    if (!IsCombineMode(region.CombineMode))
         return report.At(&region.CombineMode,
                          (region.CombineMode == 0 ? u"missing" : Decimal(region.CombineMode)) +
                              u", so nothing is combined; it has to be 1 to 5");
@@ -42,7 +41,7 @@ void CheckCombination(Report& report, const SkinRegionRecord& region) {
 void CheckRegion(Report& report, Integer number) {
     const SkinRegionRecord& region = report.Trial.Skin().Regions[number];
     const std::shared_ptr<const Region> built = BuiltFrom(report.Trial, number);
-    if (!built && region.Type >= 1 && region.Type <= 3)
+    if (!built && IsRegionType(region.Type))
         return report.In(NameOf(number), u"a side is too large a number, so this is no region");
     if (!built)
         return report.At(&region.Type, Decimal(region.Type) + u" makes no region; it has to be 1 "

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr std::size_t kMostValueBytes = 254;
-
 // The longest start of `value` that comes back. In a value of UTF-8 it ends between two letters.
 std::string_view CutToLimit(std::string_view value) {
     if (value.size() <= kMostValueBytes) return value;

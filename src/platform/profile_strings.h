@@ -12,6 +12,9 @@
 #include "platform/number_text.h"
 #include "platform/text.h"
 
+/// No more of a value comes back.
+constexpr std::size_t kMostValueBytes = 254;
+
 /// The value of a key, without the blanks and the one pair of quotation marks around it. At most
 /// 254 bytes of it come back, without a half letter at the cut, and nothing behind a NUL.
 /// `Default`, unchanged, if the file, the section or the key is missing or the value is empty. Goes
