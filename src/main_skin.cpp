@@ -3,9 +3,11 @@
 #include <QGuiApplication>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <set>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "maker/check_skin.h"
 #include "maker/states.h"
@@ -64,6 +66,7 @@ int Show(Unseen& unseen, const std::string& file, const std::string& picture,
     std::vector<std::string_view> names(states.begin(), states.end());
     const std::vector<std::string_view> all = StateNames();
     std::vector<NamedScene> scenes;
+    std::vector<std::unique_ptr<Trial>> trials;
     for (const std::string_view name : names.empty() ? all : names) {
         if (std::ranges::find(all, name) == all.end()) {
             std::string known;
@@ -71,10 +74,12 @@ int Show(Unseen& unseen, const std::string& file, const std::string& picture,
                 known += " " + std::string(one);
             return Fail(std::string(name), "is no state; there are" + known);
         }
-        if (auto scene = SceneInState(unseen.Parts, PathText(file), name))
-            scenes.push_back({TextFromBytes(name), std::move(*scene)});
-        else if (!names.empty())
-            return Fail(file, "has no state " + std::string(name));
+        auto trial = TrialInState(unseen.Parts, PathText(file), name);
+        if (!trial && !names.empty()) return Fail(file, "has no state " + std::string(name));
+        if (!trial) continue;
+        scenes.push_back({TextFromBytes(name), SceneOf(trial->State.frmMain)});
+        // The scene's figures point to its controls.
+        trials.push_back(std::move(trial));
     }
     if (scenes.empty()) return Fail(file, "is no skin that is shown");
     if (!SavePicture(scenes, picture)) return Fail(picture, "can't be written");

@@ -63,17 +63,16 @@ std::vector<std::string_view> StateNames() {
     return names;
 }
 
-std::optional<Scene> SceneInState(const PlatformParts& parts, const Text& path,
-                                  std::string_view state) {
+std::unique_ptr<Trial> TrialInState(const PlatformParts& parts, const Text& path,
+                                    std::string_view state) {
     const auto row = std::ranges::find(kStates, state, &State::Name);
-    if (row == std::end(kStates)) return std::nullopt;
-    const auto trial = std::make_unique<Trial>(parts, path);
+    if (row == std::end(kStates)) return nullptr;
+    auto trial = std::make_unique<Trial>(parts, path);
     Velora& velora = trial->State;
-    if (!trial->IsShown()) return std::nullopt;
+    if (!trial->IsShown()) return nullptr;
     if (row->Plays) PlayTrial(velora);
-    if (row->Pressed && !Press(velora, velora.frmMain.*row->Pressed, row->Releases))
-        return std::nullopt;
-    if (row->Volume > 0 && velora.frmMain.lCurVol == 0) return std::nullopt;
+    if (row->Pressed && !Press(velora, velora.frmMain.*row->Pressed, row->Releases)) return nullptr;
+    if (row->Volume > 0 && velora.frmMain.lCurVol == 0) return nullptr;
     if (row->Volume > 0) ShowVolumeStep(velora.frmMain, row->Volume);
-    return SceneOf(velora.frmMain);
+    return trial;
 }

@@ -61,8 +61,8 @@ void CheckFindings(const PlatformParts& parts, const Text& path) {
     }
     // One state is enough for a run: each begins with a form of its own.
     const std::vector<std::string_view> states = StateNames();
-    const auto scene = SceneInState(parts, path, states[findings->size() % states.size()]);
-    Require(!scene || !scene->Client.IsEmpty());
+    const auto trial = TrialInState(parts, path, states[findings->size() % states.size()]);
+    Require(!trial || !SceneOf(trial->State.frmMain).Client.IsEmpty());
 }
 
 } // namespace

@@ -491,13 +491,13 @@ TEST(SkinStates, AreWhatAHandOnTheSkinWouldSee) {
     };
     Bench whole({}), bare({{"enabled=True\ntype=11", ""}, {"enabled=True\ntype=5", ""}});
     const auto stateOf = [](Bench& at, std::string_view name) {
-        return SceneInState(at.PartsWith(at.pictures), at.directory.PathText("skin.vs4"), name);
+        return TrialInState(at.PartsWith(at.pictures), at.directory.PathText("skin.vs4"), name);
     };
     ASSERT_EQ(StateNames().size(), std::size(rows));
     for (const StateRow& row : rows) {
-        const auto scene = stateOf(whole, row.Name);
-        EXPECT_EQ(scene ? Shown(*scene) : "none", row.Shown) << row.Name;
-        EXPECT_EQ(stateOf(bare, row.Name).has_value(), row.BareToo) << row.Name;
+        const auto trial = stateOf(whole, row.Name);
+        EXPECT_EQ(trial ? Shown(SceneOf(trial->State.frmMain)) : "none", row.Shown) << row.Name;
+        EXPECT_EQ(stateOf(bare, row.Name) != nullptr, row.BareToo) << row.Name;
     }
     EXPECT_FALSE(stateOf(whole, "asleep"));
 }

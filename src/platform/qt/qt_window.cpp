@@ -247,6 +247,10 @@ void QtWindow::PrepareDialog() {
 }
 
 bool QtWindow::event(QEvent* event) {
+    // Not every platform lets a menu take the keyboard; what is typed is for it all the same.
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    if (QWidget* menu = QApplication::activePopupWidget(); menu && isKey)
+        return QCoreApplication::sendEvent(menu, event);
     // A dialog takes the mouse; a release will not come here.
     if (event->type() == QEvent::WindowBlocked) LosePointer();
     if (event->type() == QEvent::Leave) m_toolTip.Forget();
