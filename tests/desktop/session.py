@@ -22,6 +22,9 @@ OWN_PLACES = "CONFIG_HOME", "DATA_HOME", "CACHE_HOME", "STATE_HOME"
 SOUND_SERVER = pathlib.Path(__file__).parent.parent / "support" / "sound_server"
 NULL_SINK = "module-null-sink sink_name=out format=s16le rate=44100 channels=2"
 
+# What compositors show behind all windows, and who is nobody.
+GROUND, NOBODY = "#204060", 65534
+
 # It starts nothing by itself, or a real desktop's file chooser might come up.
 BUS = """<busconfig><type>session</type><listen>{}</listen><policy context="default">
 <allow own="*"/>
@@ -111,6 +114,41 @@ class Session:
     def start_shared_sound(self):
         # The same with that memory, as on a desktop: it is a part of what sound costs.
         self.start_sound(without_memory="no")
+
+    def start_tiling_manager(self, name):
+        # One that has windows beside each other: `i3` or `dwm`.
+        file = self.directory / "i3.config"
+        file.write_text("font pango:monospace 8\n")
+        self.manager = self.start(*{"i3": ("i3", "-c", file), "dwm": ("dwm",)}[name])
+
+    def start_compositor(self, name):
+        # `weston` or `sway`, in a window of its own that fills the display, so that hand and eye
+        # are the same as elsewhere. One refuses to be root.
+        place = self.directory / name
+        place.mkdir(mode=0o700)
+        told = {"weston": f"[core]\nidle-time=0\n[shell]\npanel-position=none\nlocking=false\n"
+                          f"animation=none\nstartup-animation=none\nclose-animation=none\n"
+                          f"background-color=0xff{GROUND[1:]}\nbackground-type=tile\n",
+                "sway": f"output * bg {GROUND} solid_color\ndefault_border none\n"
+                        f"xwayland disable\nfor_window [app_id=velora] floating enable\n"}[name]
+        (place / "config").write_text(told)
+        command = {"weston": ("weston", "--backend=x11-backend.so", "--use-pixman",
+                              "--width=1280", "--height=800"),
+                   "sway": ("sway",)}[name]
+        if os.geteuid() == 0:
+            self.directory.chmod(0o711)
+            for file in (place, place / "config"):
+                os.chown(file, NOBODY, NOBODY)
+            command = ("setpriv", f"--reuid={NOBODY}", f"--regid={NOBODY}", "--clear-groups",
+                       *command)
+        self.compositor = self.start(
+            *command, "-c", place / "config", log=name,
+            env={**os.environ, "XDG_RUNTIME_DIR": str(place), "HOME": str(place),
+                 "WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"})
+        wait_for("the compositor", lambda: [*place.glob("wayland-?")])
+        os.environ.update(WAYLAND_DISPLAY=str([*place.glob("wayland-?")][0]),
+                          QT_QPA_PLATFORM="wayland")
+        return place
 
     def start_manager(self):
         # Without a file of its own it would complain in a window.

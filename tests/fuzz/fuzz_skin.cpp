@@ -13,6 +13,7 @@
 #include "skin/apply_skin.h"
 #include "skin/load_skin.h"
 #include "skin/skin_catalogue.h"
+#include "state/scene.h"
 
 namespace {
 

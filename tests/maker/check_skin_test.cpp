@@ -2,6 +2,7 @@
 #include "maker/check_skin.h"
 
 #include "maker/states.h"
+#include "state/scene.h"
 #include "support/skin_fixture.h"
 
 namespace {
