@@ -1,4 +1,4 @@
-// One posted task carries out all that waits.
+// Each command is a task of its own, so that what it did shows before the next.
 #include "comforts/command_queue.h"
 
 #include <utility>
@@ -13,10 +13,9 @@ void CommandQueue::AddOwn(std::function<void()> command) {
 }
 
 void CommandQueue::Run() {
-    while (!m_waiting.empty()) {
-        const std::function<void()> command = std::move(m_waiting.front());
-        m_waiting.pop_front();
-        command();
-    }
-    m_runs = false;
+    const std::function<void()> command = std::move(m_waiting.front());
+    m_waiting.pop_front();
+    command();
+    m_runs = !m_waiting.empty();
+    if (m_runs) m_loop.Post([this] { Run(); });
 }

@@ -49,6 +49,7 @@ void StopHeardTrack(ComfortContext& context) {
 }
 
 void SeekInTrack(ComfortContext& context, Long milliseconds) {
+    if (milliseconds == 0) return;
     const PlayerState state = context.State.PlayerState;
     if (IsSeeking(context.State) || (state == PlayerState::Stopped && !IsInTail(context))) return;
     TakeUpTail(context);

@@ -98,7 +98,7 @@ void PlayerEar::OnTrackLength(Long Length) {
 void PlayerEar::OnPosition(Long Position) {
     NotePlace(Position);
     m_notes.IsHeard = true;
-    m_notes.AtEnd = Position >= m_notes.LengthMs;
+    m_notes.AtEnd = m_notes.Loaded && Position >= m_notes.LengthMs;
     if (m_notes.AtEnd && Ended && Ended()) return;
     m_events->OnPosition(Position);
 }

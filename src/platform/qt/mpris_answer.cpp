@@ -14,6 +14,10 @@ namespace {
 
 constexpr qlonglong kUsPerMs = 1000;
 constexpr double kOnlyRate = 1;
+constexpr char kBusItself[] = "org.freedesktop.DBus.";
+constexpr char kNoMethod[] = "There is no such method";
+constexpr char kNoProperty[] = "There is no such property";
+constexpr char kNoInterface[] = "There is no such interface";
 
 struct MethodRow {
     const char* Interface;
@@ -205,6 +209,10 @@ QDBusMessage WrongArguments(const QDBusMessage& message) {
                                     QStringLiteral("Those aren't the arguments"));
 }
 
+QDBusMessage Unknown(const QDBusMessage& message, QDBusError::ErrorType kind, const char* words) {
+    return message.createErrorReply(kind, QString::fromLatin1(words));
+}
+
 bool IsInterface(const QString& interface) {
     return interface == QLatin1String(kMprisRoot) || interface == QLatin1String(kMprisPlayer);
 }
@@ -213,15 +221,13 @@ QDBusMessage Get(const QDBusMessage& message, const MediaRequests& requests) {
     const QVariantList arguments = message.arguments();
     const QVariant value = ValueOf(arguments[0].toString(), arguments[1].toString(), requests);
     if (value.isValid()) return message.createReply(QVariant::fromValue(QDBusVariant(value)));
-    return message.createErrorReply(QDBusError::UnknownProperty,
-                                    QStringLiteral("There is no such property"));
+    return Unknown(message, QDBusError::UnknownProperty, kNoProperty);
 }
 
 QDBusMessage GetAll(const QDBusMessage& message, const MediaRequests& requests) {
     const QString interface = message.arguments().constFirst().toString();
     if (!IsInterface(interface))
-        return message.createErrorReply(QDBusError::UnknownInterface,
-                                        QStringLiteral("There is no such interface"));
+        return Unknown(message, QDBusError::UnknownInterface, kNoInterface);
     QVariantMap all;
     for (const PropertyRow& row : kPropertyRows)
         if (interface == QLatin1String(row.Interface))
@@ -236,9 +242,7 @@ QDBusMessage Set(const QDBusMessage& message, MediaRequests& requests) {
     const QVariantList arguments = message.arguments();
     const QString interface = arguments[0].toString(), name = arguments[1].toString();
     const QVariant before = ValueOf(interface, name, requests);
-    if (!before.isValid())
-        return message.createErrorReply(QDBusError::UnknownProperty,
-                                        QStringLiteral("There is no such property"));
+    if (!before.isValid()) return Unknown(message, QDBusError::UnknownProperty, kNoProperty);
     const QVariant value = arguments[2].value<QDBusVariant>().variant();
     for (const PropertyRow& row : kPropertyRows) {
         if (interface != QLatin1String(row.Interface) || name != QLatin1String(row.Name) ||
@@ -280,5 +284,10 @@ QDBusMessage AnswerTo(const QDBusMessage& message, MediaRequests& requests) {
         if (message.signature() != QLatin1String(row.Signature)) return WrongArguments(message);
         return ReplyTo(message, row.Run(requests, message.arguments()));
     }
-    return {};
+    if (IsInterface(message.interface()))
+        return Unknown(message, QDBusError::UnknownMethod, kNoMethod);
+    // Every object has those of the bus itself, which the toolkit answers.
+    if (message.interface().isEmpty() || message.interface().startsWith(QLatin1String(kBusItself)))
+        return {};
+    return Unknown(message, QDBusError::UnknownInterface, kNoInterface);
 }

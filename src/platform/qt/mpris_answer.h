@@ -6,8 +6,8 @@
 
 #include "platform/media_bus.h"
 
-/// Carries out the message and gives the answer to it. Invalid for a message to another interface,
-/// which is somebody else's.
+/// Carries out the message and gives the answer to it. Invalid for a message that is the toolkit's
+/// to answer.
 [[nodiscard]] QDBusMessage AnswerTo(const QDBusMessage& message, MediaRequests& requests);
 
 /// The present value of a property of the player; invalid if it has no such property.
