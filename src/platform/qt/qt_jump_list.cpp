@@ -71,8 +71,8 @@ JumpList::JumpList(QWidget* owner, const std::vector<Text>& rows, std::size_t ma
 
 void JumpList::Search(const QString& words) {
     m_found->setFilterFixedString(words);
-    if (!m_list->currentIndex().isValid()) m_list->setCurrentIndex(m_found->index(0, 0));
-    m_list->scrollTo(m_list->currentIndex());
+    // The first that fits; the list by itself would keep to the neighbour of what fell out.
+    m_list->setCurrentIndex(m_found->index(0, 0));
 }
 
 bool JumpList::eventFilter(QObject* field, QEvent* event) {
