@@ -9,7 +9,7 @@
 /// What a status is made of.
 struct StatusFacts {
     PlayerState State = PlayerState::Stopped;
-    bool IsHeard = false; ///< The player still has a track that isn't at its end.
+    bool IsHeard = false; ///< The display has stopped, the sound hasn't.
     bool Steps = false;   ///< A step from one track to the next is under way.
 };
 
