@@ -1,6 +1,7 @@
 // Thirty events a second change nothing here: a few numbers are compared before any text is.
 #include "comforts/media_desk.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -181,7 +182,7 @@ void MediaDesk::OnShuffle(bool shuffle) {
 
 MediaAnswer MediaDesk::OnVolume(double volume) {
     if (std::isnan(volume)) return MediaAnswer::Invalid;
-    const Integer step = StepNearest(volume * 100);
+    const Integer step = StepNearest(std::clamp(volume, 0.0, 1.0) * 100);
     if (step != StepNearest(m_context.Ear.Notes().VolumePercent))
         GoToVolumeStep(m_context.State, step);
     return MediaAnswer::Done;

@@ -44,6 +44,7 @@ void QtMediaBus::Send(const QDBusMessage& message) const {
 }
 
 void QtMediaBus::TellChanged(std::span<const MediaProperty> changed) {
+    if (!m_isThere) return;
     QVariantMap values;
     for (const MediaProperty property : changed) {
         const QString name = NameOfProperty(property);
