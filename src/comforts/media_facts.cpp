@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -25,19 +26,23 @@ MediaStatus StatusOf(const StatusFacts& facts) {
 }
 
 std::vector<MediaProperty> ChangedProperties(const MediaFacts& before, const MediaFacts& now) {
-    std::vector<MediaProperty> changed;
-    const auto add = [&](bool same, std::initializer_list<MediaProperty> properties) {
-        if (!same) changed.insert(changed.end(), properties);
-    };
     using enum MediaProperty;
-    add(before.Status == now.Status, {PlaybackStatus});
-    add(before.Repeat == now.Repeat, {LoopStatus});
-    add(before.Shuffle == now.Shuffle, {Shuffle});
-    add(SameMetadata(before, now), {Metadata});
-    add(before.VolumePercent == now.VolumePercent, {Volume});
-    add(before.CanStep == now.CanStep, {CanGoNext, CanGoPrevious});
-    add(before.CanPlay == now.CanPlay, {CanPlay, CanPause});
-    add(before.CanSeek == now.CanSeek, {CanSeek});
+    const bool steps = before.CanStep != now.CanStep, plays = before.CanPlay != now.CanPlay;
+    const std::pair<MediaProperty, bool> properties[] = {
+        {PlaybackStatus, before.Status != now.Status},
+        {LoopStatus, before.Repeat != now.Repeat},
+        {Shuffle, before.Shuffle != now.Shuffle},
+        {Metadata, !SameMetadata(before, now)},
+        {Volume, before.VolumePercent != now.VolumePercent},
+        {CanGoNext, steps},
+        {CanGoPrevious, steps},
+        {CanPlay, plays},
+        {CanPause, plays},
+        {CanSeek, before.CanSeek != now.CanSeek},
+    };
+    std::vector<MediaProperty> changed;
+    for (const auto& [property, differs] : properties)
+        if (differs) changed.push_back(property);
     return changed;
 }
 
