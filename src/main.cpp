@@ -4,23 +4,19 @@
 #include <QPixmapCache>
 #include <csignal>
 #include <cstdlib>
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "comforts/comforts.h"
+#include "main_comforts.h"
 #include "platform/audio/click/click_sound.h"
 #include "platform/audio/player/audio_player.h"
 #include "platform/audio/scope/audio_scope.h"
-#include "platform/doorway.h"
 #include "platform/program_places.h"
 #include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_extras.h"
 #include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_loop.h"
-#include "platform/qt/qt_media_bus.h"
 #include "platform/qt/qt_pictures.h"
 #include "platform/qt/qt_signals.h"
 #include "platform/qt/qt_system.h"
@@ -90,55 +86,13 @@ void LetScreenReadersIn(QtWindow& window, QtLoop& loop, Velora& velora, FormHand
                                    }});
 }
 
-// Before the application object, which looks at this once. What the user's own environment says
-// counts as well.
-void ScaleBy(Integer scale) {
-    if (scale < 2) return;
-    constexpr char kFactor[] = "QT_SCALE_FACTOR";
-    const double given = qEnvironmentVariable(kFactor, QStringLiteral("1")).toDouble();
-    qputenv(kFactor, QByteArray::number(scale * (given > 0 ? given : 1)));
-}
-
-// What there is only with the comforts: between the system and its player stands an ear.
-struct ComfortParts {
-    ComfortParts(Player& player, QtLoop& loop, QtWindow& window, std::unique_ptr<Doorway> door)
-        : Ear(player, loop), Bus(loop), Extras(window, loop, std::move(door)) {}
-
-    PlayerEar Ear;
-    QtMediaBus Bus;
-    QtExtras Extras;
-    std::optional<Comforts> All;
-};
-
-// The places where the comforts listen: between system and player, after each event, at the end.
-// The listeners in the shared state they set by themselves.
-void AddComforts(ComfortParts& parts, const ComfortSettings& settings, AudioPlayer& player,
-                 QtSystem& system, Velora& velora, FormHandlers& handlers,
-                 PlayerEvents& playerEvents) {
-    parts.Ear.Attach(playerEvents);
-    player.Attach(parts.Ear);
-    Comforts& all = parts.All.emplace(velora, parts.Ear, settings, parts.Bus, parts.Extras);
-    all.StartFile = [&](TextView commandLine) { StartFromCommandLine(velora, commandLine); };
-    all.Quit = [&] { velora.Loop.Post([&] { handlers.OnClose(); }); };
-    system.BeforeEnd = [&] { all.End(); };
-}
-
 } // namespace
 
 int main(int count, char** arguments) {
     const Text commandLine = CommandLineText(
         std::vector<std::string>(arguments + 1, arguments + count), ProcessDirectory());
-    const ComfortSettings comforts =
-        ReadComforts(IniPlace(ProgramDirectory(), u"\\velsettings.ini"));
-    std::unique_ptr<Doorway> door;
-    if (comforts.Enabled) {
-        const std::optional<std::string> place = DoorwayPath();
-        if (comforts.OneWindow && place) {
-            if (HandOver(*place, HandoverMessage(commandLine))) return 0;
-            door = std::make_unique<Doorway>(*place);
-        }
-        ScaleBy(comforts.Scale);
-    }
+    std::optional<WantedComforts> wanted = PrepareComforts(commandLine);
+    if (!wanted) return 0;
     PrepareToolkit();
 
     QtLoop loop;
@@ -157,32 +111,29 @@ int main(int count, char** arguments) {
     QtPictures pictures;
     ClickSound click;
     QtSystem system{commandLine, [&](const Text& path) { return click.PlayAndWait(path); }};
-    std::optional<ComfortParts> parts;
-    if (comforts.Enabled) parts.emplace(player, loop, window, std::move(door));
-    Player& heardPlayer = parts ? static_cast<Player&>(parts->Ear) : player;
-    Logic logic(window, dialogs, loop, pictures, system, heardPlayer, player.Ring());
+    MainComforts comforts(std::move(*wanted), player, loop, window);
+    Logic logic(window, dialogs, loop, pictures, system, comforts.PlayerOf(player), player.Ring());
     Velora& velora = logic.State;
     FormHandlers formHandlers(velora);
     PlayerHandlers playerHandlers(velora);
 
     system.Attach(window);
-    player.Attach(playerHandlers);
-    if (parts) AddComforts(*parts, comforts, player, system, velora, formHandlers, playerHandlers);
+    comforts.Attach(velora, player, playerHandlers, formHandlers, system);
     window.Attach(velora.frmMain, formHandlers,
                   [&](bool visible, bool scope) { player.SetVisibility(visible, scope); });
     loop.Attach(velora.frmMain, formHandlers, [&] {
-        if (parts) parts->All->Look();
+        comforts.Look();
         window.ShowChanges();
     });
     LetScreenReadersIn(window, loop, velora, formHandlers);
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 
     Form_Load(velora);
-    if (parts) parts->All->Load();
+    comforts.Load();
     window.AfterFirstPaint = [&] {
         ShowProgramIcon();
         click.Prepare(system.ApplicationDirectory() + u"\\click.wav");
-        if (parts) parts->All->Begin();
+        comforts.Begin();
     };
     window.ShowFirst();
     loop.Run();

@@ -10,6 +10,7 @@
 #include "comforts/remember.h"
 #include "platform/window_extras.h"
 
+/// All of them. Stays as long as the system that it listens to.
 class Comforts : public ExtraEvents {
 public:
     /// `ear` has to be the player that `velora` was made with.

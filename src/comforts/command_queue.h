@@ -7,6 +7,7 @@
 
 #include "platform/loop.h"
 
+/// Belongs to the loop's thread.
 class CommandQueue {
 public:
     explicit CommandQueue(Loop& loop) : m_loop(loop) {}

@@ -6,6 +6,7 @@
 #include "comforts/settings.h"
 #include "state/velora.h"
 
+/// The system, the ear at its player, and what the settings say now.
 struct ComfortContext {
     Velora& State;
     PlayerEar& Ear;

@@ -3,6 +3,7 @@
 
 #include "platform/window_extras.h"
 
+/// What a key asks for.
 enum class KeyCommand {
     None,
     Pause,

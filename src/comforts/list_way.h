@@ -7,6 +7,7 @@
 #include "comforts/context.h"
 #include "comforts/play_order.h"
 
+/// Listens to the steps and to the ends of tracks, as long as it lives.
 class ListWay {
 public:
     /// From now on it is asked where steps go, and hears how tracks end.

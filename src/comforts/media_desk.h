@@ -7,6 +7,7 @@
 #include "comforts/media_facts.h"
 #include "platform/media_bus.h"
 
+/// Knows what the desktop was told last.
 class MediaDesk : public MediaRequests {
 public:
     MediaDesk(ComfortContext& context, ListWay& way, MediaBus& bus)

@@ -23,4 +23,5 @@ struct MenuChoice {
     Integer Scale = 0;
 };
 
+/// What the entry called `name` asks for; nothing for one that isn't a comfort's.
 [[nodiscard]] MenuChoice ChoiceOf(std::string_view name);

@@ -25,6 +25,7 @@ public:
     virtual void OnSecondStart(const Text& commandLine) = 0;
 };
 
+/// The extras of the one window.
 class WindowExtras {
 public:
     virtual ~WindowExtras() = default;

@@ -8,8 +8,10 @@
 
 #include "platform/numbers.h"
 
+/// Where a step through the list goes.
 enum class StepDirection { Backward, Forward };
 
+/// Set by whoever listens; all are called on the loop's thread.
 struct Listeners {
     /// A step through the list asks where it goes. What is given takes the place of the system's
     /// own neighbour: an entry, 0 for one that starts nothing, or nothing for no step at all.

@@ -144,7 +144,8 @@ TEST(Comforts, WhatIsDoneAndWhatComesOfIt) {
                         std::string(count ? ", " : " CanSeek, ");
              return all + "playing 4";
          }()},
-        {"the nearest step of the volume", "", "", "loud:0.64 loud:0.62 loud:-3 loud:1e308 loud:nan",
+        {"the nearest step of the volume", "", "",
+         "loud:0.64 loud:0.62 loud:-3 loud:1e308 loud:nan",
          "Player.SetVolume 60, answer 0, Changed Volume, answer 0, Player.SetVolume 0, answer 0, "
          "Changed Volume, Player.SetVolume 100, answer 0, Changed Volume, answer 1, stopped 0"},
         {"a step by the keys", "", "", "key:4 key:5",
