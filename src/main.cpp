@@ -130,10 +130,14 @@ int main(int count, char** arguments) {
 
     Form_Load(velora);
     comforts.Load();
-    window.AfterFirstPaint = [&] {
-        ShowProgramIcon();
-        click.Prepare(system.ApplicationDirectory() + u"\\click.wav");
-        comforts.Begin();
+    bool isPainted = false;
+    window.AfterPaint = [&](const QRegion&) {
+        if (std::exchange(isPainted, true)) return;
+        loop.Post([&] {
+            ShowProgramIcon();
+            click.Prepare(system.ApplicationDirectory() + u"\\click.wav");
+            comforts.Begin();
+        });
     };
     window.ShowFirst();
     loop.Run();

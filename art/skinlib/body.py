@@ -125,9 +125,16 @@ def name_plate(c, x, y, size, gap):
     c.paint(cover(symbols.word(c, 'VELORA', x, y, size, gap, 1.05)), colour)
 
 
-def glitter(c, x, top):
+def scope_seat(c, left, top, width, height):
+    """A window in the onyx, black to the ground, that the spectrum fills to its edges."""
+    d = slab(c, left - 1, top - 1, left + width + 1, top + height + 1, 1.5)
+    c.paint(cover(d - 1) * (1 - cover(d)), linear('#6b4c22'))
+    c.paint(cover(d), linear('#000000'))
+
+
+def glitter(c, x, top, halves=(46, 30, 37, 21, 27, 14, 18, 8)):
     """The sun's way on the water: strokes of gold that shorten as they come nearer."""
-    for n, half in enumerate((46, 30, 37, 21, 27, 14, 18, 8)):
+    for n, half in enumerate(halves):
         d = stroke(c, [(x - half, top + 2 * n + 0.5), (x + half, top + 2 * n + 0.5)], 0.9)
         fade = (1 - smooth(0.25 * half, 1.05 * half, np.abs(c.x - x))) * (0.95 - 0.085 * n)
         c.paint(smooth(0.3, -0.1, d) * fade, linear('#ffc163'))

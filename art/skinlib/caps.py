@@ -8,12 +8,14 @@ import numpy as np
 
 from .canvas import cover, linear, smooth
 from .geometry import disc
-from .materials import bead, dome, gold, lit
+from .materials import COPPER, GOLD, bead, dome, gold, lit
 
 NIGHT = linear('#0b1533')
 IVORY = linear('#fff3cf')
 INK = linear('#2a1405')
 DARK = linear('#05060c')
+# The faces of a cap. The sun is an ember while nothing plays, and gold while a track is on.
+NIGHT_CAP, EMBER, SUN = 'night', 'ember', 'sun'
 
 
 def bore(c, x, y, r, wire):
@@ -27,8 +29,9 @@ def bore(c, x, y, r, wire):
     c.paint(cover(d), DARK)
 
 
-def cap(c, x, y, r, symbol, size, pressed, sun=False):
+def cap(c, x, y, r, symbol, size, pressed, kind):
     """The moving part in a bore of radius r."""
+    sun = kind != NIGHT_CAP
     dx, dy = (0.9, 1.1) if pressed else (0.0, 0.0)
     face = r - (1.3 if pressed else 0.7)
     wall = disc(c, x, y, r)
@@ -38,9 +41,11 @@ def cap(c, x, y, r, symbol, size, pressed, sun=False):
     d = disc(c, x + dx * 0.55, y + dy * 0.55, face)
     px, py = c.x - x - dx, c.y - y - dy
     n = dome(px, py, face, -0.40 if pressed else (0.46 if sun else 0.60))
-    colour = gold(*n, polish=0.25) if sun else enamelled(n, px, py, face)
     if sun:
-        colour = colour * (0.80 if pressed else 1.06)
+        metal, shine = (GOLD, 1.12) if kind == SUN else (COPPER, 0.98)
+        colour = gold(*n, polish=0.25, metal=metal) * (0.76 * shine if pressed else shine)
+    else:
+        colour = enamelled(n, px, py, face)
     c.paint(cover(d), colour)
     edge(c, d, px, py, face, pressed)
     if sun:

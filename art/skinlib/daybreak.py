@@ -38,7 +38,7 @@ RECT, ELLIPSE, ROUND = 1, 2, 3
 
 STANDARD = Skin(
     name='Daybreak', file='velora.vs4', companion='velora_small.vs4', folder='standard',
-    width=312, height=153,
+    lights='lights.ini', width=312, height=153,
     regions=[
         ('arch', rgn(ELLIPSE, AXIS - 306, 1, AXIS + 306, 613)),
         ('dome', rgn(RECT, 32, 0, 280, 100, **join(AND, 1, 2))),
@@ -60,7 +60,7 @@ STANDARD = Skin(
 
 SMALL = Skin(
     name='Daybreak small', file='velora_small.vs4', companion='velora.vs4', folder='small',
-    width=312, height=100,
+    lights='lights.ini', width=312, height=100,
     regions=[
         ('arch', rgn(ELLIPSE, AXIS - 306, 1, AXIS + 306, 613)),
         ('bow', rgn(ELLIPSE, AXIS - 228, -357, AXIS + 228, 99, **join(AND, 1, 2))),
@@ -74,5 +74,5 @@ SMALL = Skin(
     cap_r=9, cap_size=3.6, sun_size=5.6,
     volume=dict(x=235.5, rows=[69.5 - 4 * i for i in range(7)], r=4.6,
                 left=229, top=39, right=242, bottom=76),
-    scope=(172, 75, 44, 11), title=(96, 62, 121, 12), status=(96, 74, 72, 14),
+    scope=(172, 76, 40, 9), title=(96, 62, 121, 12), status=(96, 74, 72, 14),
 )

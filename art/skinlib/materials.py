@@ -10,6 +10,10 @@ LIGHT /= np.linalg.norm(LIGHT)
 GOLD = [(-1.0, '#1c0f08'), (-0.45, '#3d230f'), (-0.10, '#6e451d'), (0.12, '#8a5b26'),
         (0.30, '#b98a42'), (0.52, '#dcb468'), (0.74, '#f3d795'), (0.90, '#fff0c8'),
         (1.0, '#fffdf2')]
+# The same of copper, which the sun is made of before it rises.
+COPPER = [(-1.0, '#150807'), (-0.45, '#32110e'), (-0.10, '#5a1f17'), (0.12, '#78301d'),
+          (0.30, '#9c4427'), (0.52, '#c0603a'), (0.74, '#de8c60'), (0.90, '#f7bf98'),
+          (1.0, '#ffeada')]
 
 
 def ramp(stops, t):
@@ -23,11 +27,11 @@ def mirrored(nx, ny, nz):
     return (2 * nz * nx) * LIGHT[0] + (2 * nz * ny) * LIGHT[1] + (2 * nz * nz - 1) * LIGHT[2]
 
 
-def gold(nx, ny, nz, polish=1.0):
+def gold(nx, ny, nz, polish=1.0, metal=GOLD):
     t = mirrored(nx, ny, nz)
     # The edge of the table that the thing lies on: a darker line in the mirror.
     line = np.exp(-((2 * nz * ny - 0.42) / 0.16) ** 2) * 0.30 * polish
-    return ramp(GOLD, np.clip(t, -1, 1) - line)
+    return ramp(metal, np.clip(t, -1, 1) - line)
 
 
 def bead(distance, width, gx, gy):

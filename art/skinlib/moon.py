@@ -2,13 +2,14 @@
 import numpy as np
 
 from .canvas import cover, linear, smooth
-from .geometry import disc, slab
+from .geometry import disc, slab, stroke
 from .materials import bead, dome, gold, lit
 
 PEARL = linear('#f6ecd4')
 DARKSIDE = linear('#101a38')
 LAMP = linear('#ffe96a')
 UNLIT = linear('#59607c')
+DIM = linear('#b39a62')
 
 
 def slot(c, box, corner):
@@ -34,15 +35,28 @@ def trail(c, x, rows, step):
         c.paint(cover(d), LAMP if passed else UNLIT)
 
 
+def night_sky(c, x, rows, r):
+    """The slot before the first change: no moon yet, and every mark as faint as the next.
+
+    Nothing here tells a loudness. An arrow head shows where the hand begins, and which way.
+    """
+    d = slab(c, x - r, rows[-1] - r, x + r, rows[0] + r, r)
+    c.glow(smooth(0, -r, d) * 0.5, linear('#2c3f7c'))
+    for row in rows[1:]:
+        d = disc(c, x, row, 0.9)
+        c.glow(smooth(2.6, 0, d) * 0.07, LAMP)
+        c.paint(cover(d), DIM)
+    tip, reach = rows[0] - 0.26 * r, 0.44 * r
+    d = stroke(c, [(x - reach, tip + reach), (x, tip), (x + reach, tip + reach)], 1.3)
+    c.paint(cover(d), DIM)
+
+
 def moon(c, x, y, r, phase):
-    """phase 0 is the new moon, 1 the full one; None is a plain bead of gold."""
+    """phase 0 is the new moon, 1 the full one."""
     d = disc(c, x, y, r)
     c.paint(smooth(2.4, -0.6, disc(c, x + 1.2, y + 1.6, r)) * 0.8, linear('#000104'))
     px, py = c.x - x, c.y - y
     n = dome(px, py, r, 0.75)
-    if phase is None:
-        c.paint(cover(d), gold(*n))
-        return
     gx, gy = px / np.maximum(d + r, 1e-3), py / np.maximum(d + r, 1e-3)
     c.paint(cover(d), gold(*bead(d + 1.1, 1.1, gx, gy)))
     inner = disc(c, x, y, r - 1.0)

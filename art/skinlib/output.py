@@ -1,8 +1,6 @@
 """Writes a skin's pictures, its shape file and its skin file."""
 from PIL import Image
 
-from .daybreak import LIGHT_SIZE, lights
-from .painter import STEPS, pictures
 from .skinfile import FRAME, TWIPS, text_of
 
 TYPES = {'play': 1, 'stop': 2, 'forward': 3, 'backward': 4, 'eject': 5, 'playlist': 6, 'pause': 7}
@@ -40,7 +38,8 @@ def volume_object(skin):
     return keys
 
 
-def write_skin(skin, home):
+def write_skin(skin, home, pictures):
+    """Writes all of a skin but its lights; `pictures` is what paints it."""
     folder = home / skin.folder
     folder.mkdir(parents=True, exist_ok=True)
     back, buttons, steps = pictures(skin)
@@ -52,11 +51,11 @@ def write_skin(skin, home):
             picture.save(folder / file, optimize=True)
         objects.append(thing(name, TYPES[name], place, filename=f'{skin.folder}\\{files[0]}',
                              filename2=f'{skin.folder}\\{files[1]}'))
-    for step in range(STEPS + 1):
-        save_gif(steps[step], folder / f"volume{step or ''}.gif")
+    for step, picture in enumerate(steps):
+        save_gif(picture, folder / f"volume{step or ''}.gif")
     objects += [volume_object(skin), thing('visualisation', 8, skin.scope),
                 thing('title', 9, skin.title), thing('status', 12, skin.status),
-                {'enabled': True, 'name': 'lights', 'type': 13, 'filename': 'lights.ini'}]
+                {'enabled': True, 'name': 'lights', 'type': 13, 'filename': skin.lights}]
     sections = [('Settings', {**settings(skin, f'{skin.folder}\\background.png'),
                               'ObjectCount': len(objects)})]
     for n, (name, keys) in enumerate(skin.regions, 1):
@@ -66,9 +65,9 @@ def write_skin(skin, home):
     write_text(home / skin.file, sections)
 
 
-def write_lights(home):
-    """Both skins share one row: the lights are made once in a run."""
-    rows = [(str(i), {'left': x, 'top': y, 'width': LIGHT_SIZE, 'height': LIGHT_SIZE, 'shape': 3,
+def write_lights(path, places, size, shape):
+    """The companions share one row: the lights are made once in a run."""
+    rows = [(str(i), {'left': x, 'top': y, 'width': size[0], 'height': size[1], 'shape': shape,
                       'backcolor': 'vbRed', 'bordercolor': 'vbBlack'})
-            for i, (x, y) in enumerate(lights(), 1)]
-    write_text(home / 'lights.ini', rows)
+            for i, (x, y) in enumerate(places, 1)]
+    write_text(path, rows)

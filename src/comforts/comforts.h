@@ -22,7 +22,7 @@ public:
     void Load();
     /// When the window has been painted for the first time: the bus, the keys, the door.
     void Begin();
-    /// Sees what has changed. Called after each event, before the window shows it.
+    /// Sees what has changed. Called before the window shows changes.
     void Look();
     /// The program ends: what is to be remembered is written.
     void End();

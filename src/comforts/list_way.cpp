@@ -1,5 +1,5 @@
 // What is decided at the end of a track is done by a command of its own, since the player's event
-// has to return.
+// has to return. A start is noted before the next thing happens, however soon that is.
 #include "comforts/list_way.h"
 
 #include <utility>
@@ -32,6 +32,7 @@ std::optional<StepGoal> ListWay::Decide(StepCause cause) {
 }
 
 std::optional<Integer> ListWay::ChooseStep(StepDirection direction) {
+    Look();
     const bool wasOn = m_context.State.PlayerState != PlayerState::Stopped || IsInTail(m_context);
     std::optional<StepGoal> goal = std::exchange(m_forced, std::nullopt);
     if (!goal) {
@@ -46,6 +47,7 @@ std::optional<Integer> ListWay::ChooseStep(StepDirection direction) {
 }
 
 bool ListWay::OnEnded() {
+    Look();
     if (!m_context.Settings.GoOn || IsSeeking(m_context.State)) return false;
     const std::optional<StepGoal> goal = Decide(StepCause::Ended);
     if (!goal) return false;
@@ -55,6 +57,7 @@ bool ListWay::OnEnded() {
 }
 
 void ListWay::OnUnplayable() {
+    Look();
     if (!m_context.Settings.GoOn) return;
     const bool back = m_cause == StepCause::Backward;
     const std::optional<StepGoal> goal =

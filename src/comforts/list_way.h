@@ -13,7 +13,7 @@ public:
     /// From now on it is asked where steps go, and hears how tracks end.
     explicit ListWay(ComfortContext& context);
 
-    /// Notes what was started. Called after each event.
+    /// Notes what was started. Called before the window shows changes.
     void Look();
     /// A step from one track to the next is under way.
     [[nodiscard]] bool Steps() const { return m_steps; }

@@ -100,6 +100,11 @@ void MediaDesk::Look() {
     if (std::exchange(m_jumps, jumps) != jumps) m_bus.TellSeeked(PositionUs());
 }
 
+const MediaFacts& MediaDesk::Facts() {
+    Look();
+    return m_facts;
+}
+
 std::int64_t MediaDesk::PositionUs() const {
     if (m_facts.Status == MediaStatus::Stopped) return 0;
     return PlaceAt(m_context.Ear.Notes(), m_context.State.Loop.NowMs()) * kUsPerMs;

@@ -15,7 +15,7 @@ public:
 
     /// Whether the player is on the bus.
     void Show(bool shown);
-    /// Tells the desktop what has changed. Called after each event.
+    /// Tells the desktop what has changed. Called before the window shows changes.
     void Look();
 
     /// What is done at the wish to end, and at that to come to the front.
@@ -37,7 +37,7 @@ public:
     void OnRepeat(bool repeat) override;
     void OnShuffle(bool shuffle) override;
     [[nodiscard]] MediaAnswer OnVolume(double volume) override;
-    [[nodiscard]] const MediaFacts& Facts() const override { return m_facts; }
+    [[nodiscard]] const MediaFacts& Facts() override;
     [[nodiscard]] std::int64_t PositionUs() const override;
 
 private:

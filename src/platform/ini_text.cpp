@@ -3,6 +3,7 @@
 #include "platform/ini_text.h"
 
 #include <algorithm>
+#include <set>
 
 #include "platform/text.h"
 
@@ -39,6 +40,12 @@ std::string_view Strip(std::string_view value) {
 
 char LowerLetter(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+std::string InLowerCase(std::string_view text) {
+    std::string lower(text);
+    std::ranges::transform(lower, lower.begin(), LowerLetter);
+    return lower;
 }
 
 bool LessWithoutCase(std::string_view left, std::string_view right) {
@@ -123,6 +130,32 @@ IniText::Place IniText::FindKey(const Section& section, std::string_view key) co
         behindLastKey = line.Next;
     }
     return {behindLastKey, behindLastKey};
+}
+
+std::vector<IniLine> IniText::Lines() const {
+    using enum IniLine::Kind;
+    std::vector<IniLine> lines;
+    std::set<std::pair<std::string, std::string>> seen; // Sections have no key.
+    std::string_view section;
+    bool counts = false;
+    const std::string_view bytes = m_bytes;
+    for (std::size_t at = ByteOrderMarkLength(bytes); at < bytes.size();) {
+        const Line place = LineAt(bytes, at);
+        at = place.Next;
+        const std::string_view line = bytes.substr(place.Start, place.End - place.Start);
+        if (const auto name = HeaderName(line)) {
+            section = *name;
+            counts = seen.emplace(InLowerCase(section), std::string()).second;
+            lines.push_back({Section, section, {}, {}, counts});
+        } else if (const auto key = KeyName(line)) {
+            const bool first =
+                counts && seen.emplace(InLowerCase(section), "=" + InLowerCase(*key)).second;
+            lines.push_back({Key, section, *key, Strip(line.substr(line.find('=') + 1)), first});
+        } else if (!Trim(line).empty() && !Trim(line).starts_with(';')) {
+            lines.push_back({Neither, section, Trim(line), {}, false});
+        }
+    }
+    return lines;
 }
 
 std::optional<std::string> IniText::With(std::string_view section, std::string_view key,

@@ -16,6 +16,18 @@
 #include <string_view>
 #include <vector>
 
+/// A line of an ini file that says something, or means to.
+struct IniLine {
+    enum class Kind { Section, Key, Neither };
+
+    Kind What = Kind::Neither;
+    std::string_view Section; ///< Its own name, or that of the section above; empty without one.
+    std::string_view Key;     ///< Its key; of `Neither` the whole line.
+    std::string_view Value;   ///< Without the white space and the quotation marks around it.
+    /// Whether a look-up can find it: not above the first section, and not a second time.
+    bool Counts = false;
+};
+
 /// The text of an ini file with the places of its sections, so that many look-ups are quick in a
 /// large file.
 class IniText {
@@ -33,6 +45,9 @@ public:
     [[nodiscard]] bool HasSection(std::string_view name) const {
         return FindSection(name) != nullptr;
     }
+
+    /// All lines but blank ones and comments, in their order, as views on `Bytes`.
+    [[nodiscard]] std::vector<IniLine> Lines() const;
 
     /// The bytes with the key set to that value; all other lines stay byte for byte. The key's line
     /// is written anew, or comes after the last key of its section, or in a new section at the end.

@@ -75,8 +75,8 @@ public:
     virtual void OnShuffle(bool shuffle) = 0; ///< For this run.
     /// 1 is full; what lies outside 0 to 1 counts as the nearer end.
     [[nodiscard]] virtual MediaAnswer OnVolume(double volume) = 0;
-    /// As they were told last.
-    [[nodiscard]] virtual const MediaFacts& Facts() const = 0;
+    /// As they are now; what the desktop wasn't told yet is told first.
+    [[nodiscard]] virtual const MediaFacts& Facts() = 0;
     /// The place in the track, 0 where nothing plays or is held.
     [[nodiscard]] virtual std::int64_t PositionUs() const = 0;
 };

@@ -14,6 +14,9 @@ public:
     LoadedPicture(const LoadedPicture&) = delete;
     LoadedPicture& operator=(const LoadedPicture&) = delete;
 
+    /// Whether the pixel hides anything of what is beneath. The place has to lie in the picture.
+    [[nodiscard]] virtual bool Covers(int /*xPx*/, int /*yPx*/) const { return true; }
+
     const int WidthPx;
     const int HeightPx;
 };

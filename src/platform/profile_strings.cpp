@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr std::size_t kMostValueBytes = 254;
-
 // The longest start of `value` that comes back. In a value of UTF-8 it ends between two letters.
 std::string_view CutToLimit(std::string_view value) {
     if (value.size() <= kMostValueBytes) return value;
@@ -39,6 +37,14 @@ void ProfileReader::LookAtFile() {
     m_file = OpenIniFile(m_foundPath);
 }
 
+void ProfileReader::TellWatch(TextView Section, TextView Key, const void* field, bool fits,
+                              TextView wanted) {
+    ProfileRead read{m_path, Section, Key, field, {}, fits, wanted};
+    const auto value = m_file ? m_file->Content.Find(Utf8(Section), Utf8(Key)) : std::nullopt;
+    if (value && !value->empty()) read.Given = TextFromBytes(*value);
+    (*m_watch)(read);
+}
+
 Text ReadProfileString(TextView File, TextView Section, TextView Key, TextView Default) {
     return ProfileReader(File).Read(Section, Key, Default);
 }
@@ -66,7 +72,14 @@ bool ReadsBackWhole(TextView Value) {
            Utf8(Value).size() <= kMostValueBytes;
 }
 
+void ReadProfileText(ProfileReader& reader, TextView Section, TextView Key, Text& field) {
+    field = reader.Read(Section, Key, {});
+    reader.Tell(Section, Key, &field, true, {});
+}
+
 void ReadProfileBoolean(ProfileReader& reader, TextView Section, TextView Key, TextView Default,
                         Boolean& field) {
-    if (const auto truth = TruthValue(reader.Read(Section, Key, Default))) field = *truth;
+    const auto truth = TruthValue(reader.Read(Section, Key, Default));
+    if (truth) field = *truth;
+    reader.Tell(Section, Key, &field, truth.has_value(), u"True or False");
 }

@@ -186,13 +186,15 @@ Long CreateRoundRectRgn(RegionTable& table, const Rect& outer, const Rect& sides
     return CreateRounded(table, outer, InOrder(sides, cornerWidth, cornerHeight));
 }
 
+bool IsCombineMode(Long mode) {
+    return mode >= 1 && mode <= Long{std::size(kModes)};
+}
+
 void CombineRgn(RegionTable& table, Long dest, Long source1, Long source2, Long mode) {
     const std::shared_ptr<const Region> first = FindRegion(table, source1);
     const std::shared_ptr<const Region> second = FindRegion(table, source2);
     const auto target = table.Regions.find(dest);
-    if (mode < 1 || mode > Long{std::size(kModes)} || !first || !second ||
-        target == table.Regions.end())
-        return;
+    if (!IsCombineMode(mode) || !first || !second || target == table.Regions.end()) return;
     target->second = std::make_shared<const Region>(Combine(*first, *second, kModes[mode - 1]));
 }
 

@@ -75,6 +75,9 @@ struct RegionTable {
 [[nodiscard]] Long CreateRoundRectRgn(RegionTable& table, const Rect& outer, const Rect& sides,
                                       Long cornerWidth, Long cornerHeight);
 
+/// Whether a number is one of the modes of `CombineRgn`.
+[[nodiscard]] bool IsCombineMode(Long mode);
+
 /// Puts the combination of two regions in the place of the region `dest`, which may be one of them.
 /// `mode` is 1 for what both have, 2 for what any has, 3 for what one of them has, 4 for the first
 /// without the second, 5 for the first. Nothing changes for a handle that isn't in `table` (also

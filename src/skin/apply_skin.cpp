@@ -38,7 +38,7 @@ std::optional<Rect> MovedSides(const SkinRegionRecord& region, std::int64_t offs
 void BuildRegion(Velora& velora, SkinRegionRecord& region) {
     const std::optional<Rect> sides =
         MovedSides(region, velora.RegionOffsetX, velora.RegionOffsetY);
-    if (!sides || region.Type < kRectangle || region.Type > kRoundedRectangle) return;
+    if (!sides || !IsRegionType(region.Type)) return;
     const Rect outer = OuterRectangle(velora.frmMain);
     ReleaseRegion(velora.Regions, region.Handle);
     if (region.Type == kRectangle)
@@ -73,6 +73,10 @@ void ApplySkin(Velora& velora, Integer Slot) {
                                              .PressedHolder = background,
                                              .FileName = skin.Graphic,
                                              .FileName2 = skin.Graphic});
+}
+
+bool IsRegionType(Long Type) {
+    return Type >= kRectangle && Type <= kRoundedRectangle;
 }
 
 void BuildWindowRegion(Velora& velora, Integer Slot) {

@@ -9,6 +9,9 @@
 /// below 1 or above 16,383 pixels leaves that side as it was.
 void ApplySkin(Velora& velora, Integer Slot);
 
+/// Whether a region of that type can be built.
+[[nodiscard]] bool IsRegionType(Long Type);
+
 /// Builds the regions of slot `Slot`, combines them in their order and sets region 1 as the
 /// window's; without a region 1 the window has none and shows its frame. Regions that an earlier
 /// call built for the slot are released; the one that the window shows lives on with the window.

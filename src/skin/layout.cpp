@@ -12,28 +12,6 @@
 
 namespace {
 
-struct ObjectType;
-
-// An object on its way to its control.
-struct PlacedObject {
-    Integer Slot;
-    Integer Index;
-    const SkinObjectRecord& Record;
-    const ObjectType& Type;
-};
-
-// When an object counts: if it is enabled, or if its first file is there as well.
-enum class Rule { Enabled, FirstFile };
-
-struct ObjectType {
-    Rule Counts;
-    void (*Place)(Velora& velora, const PlacedObject& object);
-    PictureBox Form::*Box = nullptr;
-    PictureBox Form::*NormalHolder = nullptr;
-    PictureBox Form::*PressedHolder = nullptr;
-    Label Form::*TextLabel = nullptr;
-};
-
 void PlacePictures(Velora& velora, const PlacedObject& object) {
     Form& form = velora.frmMain;
     PlacePictureObject(velora.Pictures,
@@ -43,7 +21,7 @@ void PlacePictures(Velora& velora, const PlacedObject& object) {
 }
 
 void PlaceScope(Velora& velora, const PlacedObject& object) {
-    ScopeBox& scope = velora.frmMain.VFmp3scope1;
+    ScopeBox& scope = velora.frmMain.*object.Type.Scope;
     scope.Left = object.Record.Left;
     scope.Top = object.Record.Top;
     scope.Width = object.Record.Width;
@@ -66,38 +44,60 @@ void PlaceLights(Velora& velora, const PlacedObject& object) {
 
 // The place in the table is the object's `Type`. A row without a procedure stands for no object.
 constexpr ObjectType kObjectTypes[] = {
-    {Rule::FirstFile, PlacePictures, &Form::picBackground, &Form::picBackground1,
-     &Form::picBackground2},
-    {Rule::FirstFile, PlacePictures, &Form::picPlay, &Form::picPlay1, &Form::picPlay2},
-    {Rule::FirstFile, PlacePictures, &Form::picStop, &Form::picStop1, &Form::picStop2},
-    {Rule::FirstFile, PlacePictures, &Form::picForward, &Form::picForeward1, &Form::picForeward2},
-    {Rule::FirstFile, PlacePictures, &Form::picBackward, &Form::picBackward1, &Form::picBackward2},
-    {Rule::FirstFile, PlacePictures, &Form::picEject, &Form::picEject1, &Form::picEject2},
-    {Rule::FirstFile, PlacePictures, &Form::picPlaylist, &Form::picPlaylist1, &Form::picPlaylist2},
-    {Rule::FirstFile, PlacePictures, &Form::picPause, &Form::picPause1, &Form::picPause2},
-    {Rule::Enabled, PlaceScope},
-    {Rule::Enabled, PlaceText, nullptr, nullptr, nullptr, &Form::lblFilescroll},
-    {Rule::Enabled, nullptr},
-    {Rule::Enabled, PlaceVolume},
-    {Rule::Enabled, PlaceText, nullptr, nullptr, nullptr, &Form::lblStatusLabel},
-    {Rule::Enabled, PlaceLights},
+    {u"background", ObjectRule::FirstFile, PlacePictures, &Form::picBackground,
+     &Form::picBackground1, &Form::picBackground2},
+    {u"play button", ObjectRule::FirstFile, PlacePictures, &Form::picPlay, &Form::picPlay1,
+     &Form::picPlay2},
+    {u"stop picture", ObjectRule::FirstFile, PlacePictures, &Form::picStop, &Form::picStop1,
+     &Form::picStop2},
+    {u"forward button", ObjectRule::FirstFile, PlacePictures, &Form::picForward,
+     &Form::picForeward1, &Form::picForeward2},
+    {u"backward button", ObjectRule::FirstFile, PlacePictures, &Form::picBackward,
+     &Form::picBackward1, &Form::picBackward2},
+    {u"eject button", ObjectRule::FirstFile, PlacePictures, &Form::picEject, &Form::picEject1,
+     &Form::picEject2},
+    {u"playlist button", ObjectRule::FirstFile, PlacePictures, &Form::picPlaylist,
+     &Form::picPlaylist1, &Form::picPlaylist2},
+    {u"pause button", ObjectRule::FirstFile, PlacePictures, &Form::picPause, &Form::picPause1,
+     &Form::picPause2},
+    {.Words = u"visualisation",
+     .Counts = ObjectRule::Enabled,
+     .Place = PlaceScope,
+     .Scope = &Form::VFmp3scope1},
+    {.Words = u"title",
+     .Counts = ObjectRule::Enabled,
+     .Place = PlaceText,
+     .TextLabel = &Form::lblFilescroll},
+    {u"", ObjectRule::Enabled, nullptr},
+    {u"volume", ObjectRule::Enabled, PlaceVolume, &Form::picVolume},
+    {.Words = u"status",
+     .Counts = ObjectRule::Enabled,
+     .Place = PlaceText,
+     .TextLabel = &Form::lblStatusLabel},
+    {u"lights", ObjectRule::Enabled, PlaceLights},
 };
 
-bool Counts(const SkinObjectRecord& object, Rule rule) {
-    return object.Enabled && (rule == Rule::Enabled || FileExists(object.FileName));
+} // namespace
+
+const ObjectType* ObjectTypeOf(Long Type) {
+    if (Type < 0 || Type >= Long{std::size(kObjectTypes)}) return nullptr;
+    return kObjectTypes[Type].Place ? &kObjectTypes[Type] : nullptr;
 }
 
-} // namespace
+bool ObjectCounts(const SkinObjectRecord& object) {
+    const ObjectType* const type = ObjectTypeOf(object.Type);
+    return object.Enabled && type &&
+           (type->Counts == ObjectRule::Enabled || FileExists(object.FileName));
+}
 
 void LayoutSkinObjects(Velora& velora, Integer Slot) {
     const SkinRecord& skin = velora.Skins[Slot];
     const Integer last = std::min(skin.ObjectCount, skin.Objects.kLast);
     for (Integer index = 1; index <= last; ++index) {
         const SkinObjectRecord& object = skin.Objects[index];
-        if (object.Type < 0 || object.Type >= Long{std::size(kObjectTypes)}) continue;
-        const ObjectType& type = kObjectTypes[object.Type];
-        if (type.Place && Counts(object, type.Counts))
-            type.Place(velora, {Slot, index, object, type});
+        if (!ObjectCounts(object)) continue;
+        const ObjectType& type = *ObjectTypeOf(object.Type);
+        type.Place(velora, {Slot, index, object, type});
     }
 }
 

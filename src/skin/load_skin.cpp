@@ -15,7 +15,12 @@ class SkinSection {
 public:
     SkinSection(ProfileReader& file, Text name) : m_file(file), m_name(std::move(name)) {}
 
-    [[nodiscard]] Text String(TextView key) { return m_file.Read(m_name, key, {}); }
+    void String(TextView key, Text& field) { ReadProfileText(m_file, m_name, key, field); }
+    // A path, which counts from `directory`. The directory alone if there is none.
+    void Path(TextView key, const Text& directory, Text& field) {
+        String(key, field);
+        field.insert(0, directory);
+    }
     template<typename Whole>
     void Number(TextView key, TextView otherwise, Whole& field) {
         ReadProfileNumber(m_file, m_name, key, otherwise, field);
@@ -35,20 +40,20 @@ void ReadSettings(ProfileReader& file, SkinRecord& skin) {
     settings.Number(u"Height", u"200", skin.Height);
     settings.Number(u"Left", u"200", skin.Left);
     settings.Number(u"Top", u"200", skin.Top);
-    skin.Graphic = skin.Directory + settings.String(u"Graphic");
-    skin.Name = settings.String(u"Name");
+    settings.Path(u"Graphic", skin.Directory, skin.Graphic);
+    settings.String(u"Name", skin.Name);
     settings.Number(u"ShapeCount", u"0", skin.ShapeCount);
     settings.Number(u"ObjectCount", u"0", skin.ObjectCount);
-    skin.Author = settings.String(u"Author");
+    settings.String(u"Author", skin.Author);
     settings.Number(u"Type", u"1", skin.Type);
-    skin.Playlist = settings.String(u"Playlist");
-    if (!skin.Playlist.empty()) skin.Playlist = skin.Directory + skin.Playlist;
+    settings.String(u"Playlist", skin.Playlist);
+    if (!skin.Playlist.empty()) skin.Playlist.insert(0, skin.Directory);
 }
 
 void ReadRegion(SkinSection section, SkinRegionRecord& region) {
     section.Truth(u"enabled", u"", region.Enabled);
     if (!region.Enabled) return;
-    region.Name = section.String(u"name");
+    section.String(u"name", region.Name);
     section.Number(u"destrgn", u"0", region.DestRgn);
     section.Number(u"srcrgn1", u"0", region.SrcRgn1);
     section.Number(u"srcrgn2", u"0", region.SrcRgn2);
@@ -65,9 +70,9 @@ void ReadRegion(SkinSection section, SkinRegionRecord& region) {
 void ReadObject(SkinSection section, const Text& directory, SkinObjectRecord& object) {
     section.Truth(u"enabled", u"False", object.Enabled);
     if (!object.Enabled) return;
-    object.Name = section.String(u"name");
-    object.FileName = directory + section.String(u"filename");
-    object.FileName2 = directory + section.String(u"filename2");
+    section.String(u"name", object.Name);
+    section.Path(u"filename", directory, object.FileName);
+    section.Path(u"filename2", directory, object.FileName2);
     section.Number(u"height", u"0", object.Height);
     section.Number(u"width", u"0", object.Width);
     section.Number(u"left", u"0", object.Left);
@@ -90,12 +95,12 @@ Integer LoadSkinFile(Velora& velora, const Text& Path) {
     skin.Directory = Path.substr(0, Path.size() - skin.FileName.size());
     if (!skin.Directory.ends_with(u'\\')) skin.Directory += u'\\';
 
-    ProfileReader file(Path);
+    ProfileReader file(Path, velora.SkinWatch);
     ReadSettings(file, skin);
     for (Integer number = 1; number <= std::min(skin.ShapeCount, skin.Regions.kLast); ++number)
-        ReadRegion(SkinSection(file, u"rgn" + Decimal(number)), skin.Regions[number]);
+        ReadRegion(SkinSection(file, Text(kRegionSection) + Decimal(number)), skin.Regions[number]);
     for (Integer number = 1; number <= std::min(skin.ObjectCount, skin.Objects.kLast); ++number)
-        ReadObject(SkinSection(file, u"object" + Decimal(number)), skin.Directory,
+        ReadObject(SkinSection(file, Text(kObjectSection) + Decimal(number)), skin.Directory,
                    skin.Objects[number]);
     return slot;
 }

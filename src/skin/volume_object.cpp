@@ -4,15 +4,17 @@
 #include <algorithm>
 
 #include "platform/profile_strings.h"
+#include "skin/load_skin.h"
 #include "skin/picture_object.h"
 
 namespace {
 
 constexpr std::size_t kSuffixLength = 4;
 
-void ReadMousePositions(SkinRecord& skin, Integer objectIndex) {
-    ProfileReader file(skin.Directory + skin.FileName);
-    const Text section = u"object" + Decimal(objectIndex);
+void ReadMousePositions(Velora& velora, Integer objectIndex) {
+    SkinRecord& skin = velora.Skins[velora.CurrentSkin];
+    ProfileReader file(skin.Directory + skin.FileName, velora.SkinWatch);
+    const Text section = Text(kObjectSection) + Decimal(objectIndex);
     for (Integer step = 1; step <= kVolumeSteps; ++step) {
         const Text number = Decimal(step);
         ReadProfileNumber(file, section, u"x" + number, u"", skin.VolumeX[step]);
@@ -34,7 +36,7 @@ void LoadVolumeObject(Velora& velora, Integer ObjectIndex, Long Left, Long Top,
         LoadPictureInto(velora.Pictures, form.picVolumeArray[step], path);
         skin.VolumeImages[step] = path;
     }
-    ReadMousePositions(skin, ObjectIndex);
+    ReadMousePositions(velora, ObjectIndex);
     form.picVolume.Left = Left;
     form.picVolume.Top = Top;
     form.lCurVol = 1;

@@ -32,9 +32,26 @@ bool ShowsNothing(const Figure& figure) {
 } // namespace
 
 Scene SceneOf(const Form& form) {
-    Scene scene{form.Caption, ClientArea(form), form.State, form.Region, {}, {}};
+    Scene scene;
+    TakeScene(form, scene);
+    return scene;
+}
+
+void TakeScene(const Form& form, Scene& scene) {
+    scene.Caption = form.Caption;
+    scene.Client = ClientArea(form);
+    scene.State = form.State;
+    scene.Region = form.Region;
+    scene.Bars = {};
+    std::size_t count = 0;
     for (const StackedControl& row : ControlStack(form)) {
-        Figure figure{};
+        if (count == scene.Figures.size()) scene.Figures.emplace_back();
+        Figure& figure = scene.Figures[count];
+        // All but the memory of its caption.
+        Text caption = std::move(figure.Caption);
+        caption.clear();
+        figure = {};
+        figure.Caption = std::move(caption);
         figure.Kind = row.Row->Kind;
         figure.Source = row.Source;
         figure.Place = row.Place;
@@ -53,9 +70,9 @@ Scene SceneOf(const Form& form) {
             scene.Bars = form.VFmp3scope1.Bars;
             break;
         }
-        if (!ShowsNothing(figure)) scene.Figures.push_back(std::move(figure));
+        if (!ShowsNothing(figure)) ++count;
     }
-    return scene;
+    scene.Figures.resize(count);
 }
 
 std::vector<Rect> DamageBetween(const Scene& shown, const Scene& now) {

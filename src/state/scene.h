@@ -12,8 +12,8 @@
 /// One figure: what a visible control looks like, with all that its look depends on. A picture box
 /// without a picture is no figure, but for `picBackground`, which is black beneath its picture.
 struct Figure {
-    ControlKind Kind;
-    const Control* Source;
+    ControlKind Kind = ControlKind::PictureBox;
+    const Control* Source = nullptr;
     Rect Place;
     Rect Clip;
     PicturePtr Picture;
@@ -37,6 +37,9 @@ struct Scene {
 };
 
 [[nodiscard]] Scene SceneOf(const Form& form);
+
+/// The same, into a scene whose memory is used again.
+void TakeScene(const Form& form, Scene& scene);
 
 /// The places, clipped, that have to be drawn again when `now` follows `shown`: the old and the new
 /// place of each figure that changed, appeared or vanished. Size, region, caption and state aren't

@@ -37,6 +37,8 @@ std::vector<StackedControl> ControlStack(const Form& form) {
     std::vector<StackedControl> stack;
     const PictureBox& surface = form.picBackground;
     if (!surface.Visible) return stack;
+    // A full skin's, in one piece: this is done for each picture of the spectrum.
+    stack.reserve(32);
     const Rect place = PlaceOf(surface, 0, 0);
     const Rect clip = Intersection(place, ClientArea(form));
     stack.push_back({&ControlTable().front(), &surface, place, clip});

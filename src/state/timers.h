@@ -15,15 +15,18 @@
 [[nodiscard]] bool TimerCanAct(const Form& form, const Timer& timer);
 
 /// Follows the timers of one form. A timer that begins to be able to act ticks one interval later;
-/// late ticks merge into one.
+/// late ticks merge into one. A tick comes earlier or later by up to a quarter of its interval, and
+/// 17 milliseconds at most, where the process wakes up anyway, and keeps its rhythm from there: so
+/// the title steps with a picture of the spectrum, which comes 30 times a second.
 class TimerSchedule {
 public:
     /// The time of the next tick, at or after `nowMs`; nothing while no timer can act, which spares
-    /// the process the wake-up.
-    [[nodiscard]] std::optional<std::int64_t> NextDue(const Form& form, std::int64_t nowMs);
+    /// the process the wake-up. `wakesMs` is when the process will wake up for something else.
+    [[nodiscard]] std::optional<std::int64_t> NextDue(const Form& form, std::int64_t nowMs,
+                                                      std::optional<std::int64_t> wakesMs = {});
 
-    /// A timer whose tick is due at `nowMs`, now counted as ticked; the null pointer if there is
-    /// none.
+    /// A timer whose tick may come at `nowMs`, when the process is awake, now counted as ticked;
+    /// the null pointer if there is none.
     [[nodiscard]] const Timer* TakeDue(const Form& form, std::int64_t nowMs);
 
 private:

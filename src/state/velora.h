@@ -9,6 +9,7 @@
 #include "platform/loop.h"
 #include "platform/picture.h"
 #include "platform/player.h"
+#include "platform/profile_strings.h"
 #include "platform/regions.h"
 #include "platform/scope.h"
 #include "platform/system.h"
@@ -75,4 +76,5 @@ struct Velora : PlatformParts {
     Integer RegionOffsetX = 0; ///< Pixels added to a region's `X1` and `X2`.
     Integer RegionOffsetY = 0; ///< Pixels added to a region's `Y1` and `Y2`.
     RegionTable Regions;       ///< The region objects behind the skins' handles.
+    ProfileWatch SkinWatch;    ///< Hears what each key of a skin comes to; empty in the player.
 };

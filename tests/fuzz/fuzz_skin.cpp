@@ -1,11 +1,14 @@
 // A skin file of any bytes: loaded, applied twice, shown, and its companion after it. As its own
-// shape file it also makes lights: the row is whole up to the first fault, and no further.
+// shape file it also makes lights: the row is whole up to the first fault, and no further. Then it
+// is checked and shown as for its maker.
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include "../support/null_platform.h"
+#include "maker/check_skin.h"
+#include "maker/states.h"
 #include "platform/paths.h"
 #include "skin/apply_skin.h"
 #include "skin/load_skin.h"
@@ -43,6 +46,25 @@ void CheckWindow(const Velora& velora) {
     }
 }
 
+// Each finding is one line of print that begins with a file of the skin.
+void CheckFindings(const PlatformParts& parts, const Text& path) {
+    const auto measure = [](const Text& words, int fontPx) {
+        return Rect{0, 0, static_cast<std::int32_t>(words.size()), fontPx};
+    };
+    const auto findings = CheckSkin(parts, measure, path);
+    Require(findings.has_value());
+    for (const Finding& finding : *findings) {
+        const std::string line = LineOf(finding);
+        Require(!finding.Words.empty() && line.starts_with('/'));
+        for (const char letter : line)
+            Require(static_cast<unsigned char>(letter) >= ' ' && letter != 0x7F);
+    }
+    // One state is enough for a run: each begins with a form of its own.
+    const std::vector<std::string_view> states = StateNames();
+    const auto scene = SceneInState(parts, path, states[findings->size() % states.size()]);
+    Require(!scene || !scene->Client.IsEmpty());
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -61,5 +83,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(!region == !velora.frmMain.Region && (!region || *region == *velora.frmMain.Region));
     ShowCompanionSkin(velora);
     CheckWindow(velora);
+    CheckFindings(platform.PartsWith(pictures), path);
     return 0;
 }

@@ -17,6 +17,32 @@ TEST(TimerSchedule, NothingIsDueWhileNoTimerCanAct) {
     EXPECT_EQ(schedule.NextDue(form, 130), 230) << "a timer starts anew when it can act again";
 }
 
+TEST(TimerSchedule, ATickSharesAWakingAndKeepsItsRhythmFromThere) {
+    const struct {
+        std::int64_t WakesMs, DueMs;
+    } rows[] = {{117, 117}, {118, 100}, {99, 100}, {100, 100}, {1000, 100}};
+    for (const auto& row : rows) {
+        Form form;
+        TimerSchedule schedule;
+        form.tmrSeekForward = {"", 100, true};
+        EXPECT_EQ(schedule.TakeDue(form, 0), nullptr);
+        EXPECT_EQ(schedule.NextDue(form, 0, row.WakesMs), row.DueMs) << row.WakesMs;
+    }
+    Form form;
+    TimerSchedule schedule;
+    form.tmrSeekForward = {"", 100, true};
+    EXPECT_EQ(schedule.TakeDue(form, 0), nullptr);
+    EXPECT_EQ(schedule.TakeDue(form, 82), nullptr);
+    EXPECT_EQ(schedule.TakeDue(form, 83), &form.tmrSeekForward);
+    EXPECT_EQ(schedule.NextDue(form, 83), 183);
+    EXPECT_EQ(schedule.TakeDue(form, 200), &form.tmrSeekForward);
+    EXPECT_EQ(schedule.NextDue(form, 200), 300);
+    form.tmrSeekForward.IntervalMs = 8;
+    EXPECT_EQ(schedule.TakeDue(form, 305), &form.tmrSeekForward) << "late, and by its own measure";
+    EXPECT_EQ(schedule.NextDue(form, 305), 308);
+    EXPECT_EQ(schedule.TakeDue(form, 305), nullptr) << "not for ever";
+}
+
 TEST(TimerSchedule, LateTicksMergeIntoOneAndTheRhythmStays) {
     Form form;
     TimerSchedule schedule;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdio>
 #include <gtest/gtest.h>
 
 #include "platform/files.h"
@@ -12,14 +13,26 @@
 #include "support/null_platform.h"
 #include "support/temp_directory.h"
 
-/// Takes every file that begins with "picture" for a picture of 20 by 10 pixels, called by its file
-/// and the number of the load: "a.gif#1".
+/// A picture of nothing.
+struct ClearPicture : NamedPicture {
+    using NamedPicture::NamedPicture;
+    [[nodiscard]] bool Covers(int, int) const override { return false; }
+};
+
+/// Takes every file that begins with "picture" for a picture of 20 by 10 pixels, or of those that
+/// the file goes on with, called by its file and the number of the load: "a.gif#1". One with the
+/// word "clear" hides nothing.
 struct FilePictures : Pictures {
     PicturePtr LoadPicture(const Text& path) override {
         const auto bytes = ReadFileBytes(path, 1 << 20);
         if (!bytes || !bytes->starts_with("picture")) return nullptr;
         const Text name = path.substr(path.rfind(u'\\') + 1);
-        return std::make_shared<NamedPicture>(20, 10, Joined(name, "#", ++Loads));
+        int widthPx = 20, heightPx = 10;
+        (void)std::sscanf(bytes->c_str(), "picture %d %d", &widthPx, &heightPx);
+        const std::string called = Joined(name, "#", ++Loads);
+        if (bytes->find("clear") != std::string::npos)
+            return std::make_shared<ClearPicture>(widthPx, heightPx, called);
+        return std::make_shared<NamedPicture>(widthPx, heightPx, called);
     }
     int Loads = 0;
 };

@@ -178,7 +178,7 @@ constexpr PropertyRow kPropertyRows[] = {
 
 constexpr char kPosition[] = "Position";
 
-QVariant ValueOf(const QString& interface, const QString& name, const MediaRequests& requests) {
+QVariant ValueOf(const QString& interface, const QString& name, MediaRequests& requests) {
     if (interface == QLatin1String(kMprisPlayer) && name == QLatin1String(kPosition))
         return QVariant(static_cast<qlonglong>(requests.PositionUs()));
     for (const PropertyRow& row : kPropertyRows)
@@ -217,14 +217,14 @@ bool IsInterface(const QString& interface) {
     return interface == QLatin1String(kMprisRoot) || interface == QLatin1String(kMprisPlayer);
 }
 
-QDBusMessage Get(const QDBusMessage& message, const MediaRequests& requests) {
+QDBusMessage Get(const QDBusMessage& message, MediaRequests& requests) {
     const QVariantList arguments = message.arguments();
     const QVariant value = ValueOf(arguments[0].toString(), arguments[1].toString(), requests);
     if (value.isValid()) return message.createReply(QVariant::fromValue(QDBusVariant(value)));
     return Unknown(message, QDBusError::UnknownProperty, kNoProperty);
 }
 
-QDBusMessage GetAll(const QDBusMessage& message, const MediaRequests& requests) {
+QDBusMessage GetAll(const QDBusMessage& message, MediaRequests& requests) {
     const QString interface = message.arguments().constFirst().toString();
     if (!IsInterface(interface))
         return Unknown(message, QDBusError::UnknownInterface, kNoInterface);
@@ -269,7 +269,7 @@ QDBusMessage AnswerProperties(const QDBusMessage& message, MediaRequests& reques
 
 } // namespace
 
-QVariant PlayerProperty(const QString& name, const MediaRequests& requests) {
+QVariant PlayerProperty(const QString& name, MediaRequests& requests) {
     return ValueOf(QString::fromLatin1(kMprisPlayer), name, requests);
 }
 

@@ -11,4 +11,4 @@
 [[nodiscard]] QDBusMessage AnswerTo(const QDBusMessage& message, MediaRequests& requests);
 
 /// The present value of a property of the player; invalid if it has no such property.
-[[nodiscard]] QVariant PlayerProperty(const QString& name, const MediaRequests& requests);
+[[nodiscard]] QVariant PlayerProperty(const QString& name, MediaRequests& requests);

@@ -10,6 +10,7 @@
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QUuid>
+#include <QWindow>
 
 #include "platform/qt/portal_names.h"
 #include "platform/qt/qt_text.h"
@@ -57,7 +58,7 @@ const QDBusArgument& operator>>(const QDBusArgument& in, PortalFilter&) {
 
 // The window that the chooser belongs to, as portals name it. On Wayland a window has no such name
 // unless it is exported, and the toolkit has no public call for that: there it belongs to none.
-QString WindowName(const QWidget* owner) {
+QString WindowName(const QWindow* owner) {
     if (!owner || QGuiApplication::platformName() != QStringLiteral("xcb")) return {};
     return QStringLiteral("x11:") + QString::number(owner->winId(), 16);
 }
@@ -100,13 +101,13 @@ QByteArray PathOfUri(const QString& uri) {
     return path < 0 ? QByteArray() : QByteArray::fromPercentEncoding(bytes.mid(path));
 }
 
-PortalAnswer AskPortal(QWidget* owner, const FileQuestion& question) {
+PortalAnswer AskPortal(QWindow* owner, const FileQuestion& question) {
     if (!QDBusConnection::sessionBus().isConnected()) return {};
     PortalRequest request(owner);
     return request.Ask(question);
 }
 
-PortalRequest::PortalRequest(QWidget* owner) : QDialog(owner) {
+PortalRequest::PortalRequest(QWindow* owner) : m_owner(owner) {
     setAttribute(Qt::WA_DontShowOnScreen);
 }
 
@@ -149,7 +150,7 @@ void PortalRequest::Send(const FileQuestion& question, const QString& token) {
     QDBusMessage call = QDBusMessage::createMethodCall(
         QString::fromLatin1(kPortalService), QString::fromLatin1(kPortalPath),
         QString::fromLatin1(kChooser), QStringLiteral("OpenFile"));
-    call << WindowName(parentWidget()) << question.Title << Options(question, token);
+    call << WindowName(m_owner) << question.Title << Options(question, token);
     auto* accepted = new QDBusPendingCallWatcher(
         QDBusConnection::sessionBus().asyncCall(call, kPatienceMs), this);
     connect(accepted, &QDBusPendingCallWatcher::finished, this, [this, accepted] {

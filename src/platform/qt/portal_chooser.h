@@ -24,7 +24,7 @@ struct PortalAnswer {
 
 /// Asks the portal and returns when the user has answered. Meanwhile events go on, and `owner` is
 /// blocked as by a dialog of the toolkit. `owner` may be null; the desktop then places the chooser.
-[[nodiscard]] PortalAnswer AskPortal(QWidget* owner, const FileQuestion& question);
+[[nodiscard]] PortalAnswer AskPortal(QWindow* owner, const FileQuestion& question);
 
 /// A `FilterRow`'s pattern in the portal's form. There letters match in their own case only, so
 /// `*.mp3` becomes `*.[mM][pP]3`; and `*.*` would want a point, so it becomes `*`.
@@ -38,7 +38,7 @@ struct PortalAnswer {
 class PortalRequest : public QDialog {
     Q_OBJECT
 public:
-    explicit PortalRequest(QWidget* owner);
+    explicit PortalRequest(QWindow* owner);
 
     /// As `AskPortal`, once. Needs a session bus.
     [[nodiscard]] PortalAnswer Ask(const FileQuestion& question);
@@ -55,6 +55,7 @@ private:
     void CloseRequest();
     void Finish(PortalOutcome outcome);
 
+    QWindow* m_owner;
     PortalAnswer m_answer;
     QString m_requestPath;
 };

@@ -1,7 +1,8 @@
 // The toolkit's interfaces keep no state of a control: each question looks into the kept controls.
 #include "platform/qt/qt_accessible.h"
 
-#include <QAccessibleWidget>
+#include <QAccessibleObject>
+#include <QGuiApplication>
 #include <algorithm>
 #include <map>
 #include <utility>
@@ -107,14 +108,31 @@ private:
 };
 
 // The window itself; its children are the visible controls.
-class WindowInterface : public QAccessibleWidget {
+class WindowInterface : public QAccessibleObject {
 public:
     explicit WindowInterface(AccessibleWindow& window)
-        : QAccessibleWidget(&window, QAccessible::Window), m_window(window) {}
+        : QAccessibleObject(&window), m_window(window) {}
+
+    QAccessible::Role role() const override { return QAccessible::Window; }
+    QWindow* window() const override { return &m_window; }
+    QRect rect() const override { return m_window.geometry(); }
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(qApp);
+    }
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? QStringLiteral("Velora") : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name ? QStringLiteral("Velora") : QString();
     }
+
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.invisible = !m_window.isVisible();
+        state.focusable = true;
+        state.active = state.focused = m_window.isActive();
+        state.movable = true;
+        return state;
+    }
+
     int childCount() const override { return static_cast<int>(Controls().size()); }
 
     QAccessibleInterface* child(int index) const override {
@@ -162,6 +180,10 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 }
 
 } // namespace
+
+QAccessibleInterface* AccessibleWindow::accessibleRoot() const {
+    return QAccessible::queryAccessibleInterface(const_cast<AccessibleWindow*>(this));
+}
 
 void QtAccessibility::Attach(AccessibleSource source) {
     m_source = std::move(source);

@@ -1,8 +1,8 @@
-// What a screen reader finds in the window. To the toolkit the window is one widget without
+// What a screen reader finds in the window. To the toolkit the window is one without
 // content; here each visible control of the form becomes a child of it.
 #pragma once
 
-#include <QWidget>
+#include <QWindow>
 #include <functional>
 #include <vector>
 
@@ -21,7 +21,7 @@ struct AccessibleSource {
 /// are kept until the records may have changed.
 class QtAccessibility {
 public:
-    explicit QtAccessibility(QWidget& window) : m_window(window) {}
+    explicit QtAccessibility(QWindow& window) : m_window(window) {}
 
     /// From now on screen readers find the controls of `source`; before, a window without content.
     void Attach(AccessibleSource source);
@@ -40,7 +40,7 @@ public:
     void AnnounceChanges();
 
 private:
-    QWidget& m_window;
+    QWindow& m_window;
     AccessibleSource m_source;
     std::vector<AccessibleControl> m_controls;
     bool m_isBuilt = false;
@@ -48,9 +48,11 @@ private:
 };
 
 /// A window whose controls are no widgets, and which has them found by screen readers all the same.
-class AccessibleWindow : public QWidget {
+class AccessibleWindow : public QWindow {
 public:
     [[nodiscard]] QtAccessibility& Accessibility() { return m_accessibility; }
+    /// What the toolkit shows to screen readers as this window.
+    [[nodiscard]] QAccessibleInterface* accessibleRoot() const override;
 
 private:
     QtAccessibility m_accessibility{*this};

@@ -12,6 +12,7 @@
 #include "platform/paths.h"
 #include "platform/qt/portal_chooser.h"
 #include "platform/qt/qt_icon.h"
+#include "platform/qt/qt_owner.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_window.h"
 #include "platform/qt/toolkit_chooser.h"
@@ -32,15 +33,15 @@ void MakeRoomForCaption(QMessageBox& box) {
 
 // Prepares the opening of a dialog. Before the window is visible the dialog belongs to none: the
 // toolkit would centre it on a window that is nowhere.
-QWidget* QtDialogs::Owner() {
-    m_owner.Present();
+QWindow* QtDialogs::Owner() {
     ShowProgramIcon();
-    m_owner.FollowDesktop();
+    m_owner.PrepareDialog();
     return m_owner.isVisible() ? &m_owner : nullptr;
 }
 
 MessageAnswer QtDialogs::MessageBox(const Text& text, MessageButtons buttons, MessageIcon icon) {
-    QMessageBox box(Owner());
+    QMessageBox box;
+    PutBefore(box, Owner());
     box.setWindowTitle(QString::fromLatin1(kApplicationName));
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQString(text));
@@ -58,7 +59,8 @@ MessageAnswer QtDialogs::MessageBox(const Text& text, MessageButtons buttons, Me
 }
 
 Text QtDialogs::InputBox(const Text& prompt, const Text& title) {
-    QInputDialog box(Owner());
+    QInputDialog box;
+    PutBefore(box, Owner());
     box.setWindowTitle(ToQString(title));
     box.setLabelText(ToQString(prompt));
     return box.exec() == QDialog::Accepted ? ToText(box.textValue()) : Text();
@@ -74,7 +76,7 @@ QByteArray QtDialogs::FirstDirectory(const Text& directory) const {
 
 Text QtDialogs::ChooseFile(const Text& title, const Text& directory,
                            const std::vector<FilterRow>& rows) {
-    QWidget* owner = Owner();
+    QWindow* owner = Owner();
     const FileQuestion question{ToQString(title), FirstDirectory(directory), rows};
     PortalAnswer answer;
     if (!m_noPortal) answer = AskPortal(owner, question);

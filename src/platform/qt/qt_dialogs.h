@@ -6,7 +6,7 @@
 #include "platform/dialogs.h"
 
 class QtWindow;
-class QWidget;
+class QWindow;
 class ToolkitChooser;
 
 /// The dialogs of a window.
@@ -22,7 +22,7 @@ public:
                                   const std::vector<FilterRow>& rows) override;
 
 private:
-    [[nodiscard]] QWidget* Owner();
+    [[nodiscard]] QWindow* Owner();
     [[nodiscard]] QByteArray FirstDirectory(const Text& directory) const;
 
     QtWindow& m_owner;

@@ -1,16 +1,15 @@
-// The handle is the window as the platform has it, so this doesn't depend on what kind of object
-// draws into it.
+// What is no widget has no keys and no drops of its own: they are taken from its events.
 #include "platform/qt/qt_extras.h"
 
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QSocketNotifier>
-#include <QWindow>
 #include <algorithm>
 #include <utility>
 
 #include "platform/qt/qt_jump_list.h"
+#include "platform/qt/qt_owner.h"
 #include "platform/qt/qt_window.h"
 
 namespace {
@@ -53,10 +52,10 @@ QtExtras::QtExtras(QtWindow& window, QtLoop& loop, std::unique_ptr<Doorway> door
 
 void QtExtras::Listen(ExtraEvents& events) {
     m_events = &events;
-    m_window.windowHandle()->installEventFilter(this);
+    m_window.installEventFilter(this);
 }
 
-bool QtExtras::eventFilter(QObject* handle, QEvent* event) {
+bool QtExtras::eventFilter(QObject* window, QEvent* event) {
     switch (event->type()) {
     case QEvent::KeyPress:
         if (TakeKey(static_cast<QKeyEvent&>(*event))) return true;
@@ -69,7 +68,7 @@ bool QtExtras::eventFilter(QObject* handle, QEvent* event) {
     default:
         break;
     }
-    return QObject::eventFilter(handle, event);
+    return QObject::eventFilter(window, event);
 }
 
 bool QtExtras::TakeKey(const QKeyEvent& event) {
@@ -135,15 +134,15 @@ void QtExtras::LetIn() {
 }
 
 void QtExtras::Raise() {
-    QWindow& handle = *m_window.windowHandle();
-    if (handle.windowStates() & Qt::WindowMinimized) handle.showNormal();
-    handle.raise();
-    handle.requestActivate();
+    if (m_window.windowStates() & Qt::WindowMinimized) m_window.showNormal();
+    m_window.raise();
+    m_window.requestActivate();
     qunsetenv(kTokenVariable);
 }
 
 std::size_t QtExtras::ChooseRow(const std::vector<Text>& rows, std::size_t marked) {
-    m_window.FollowDesktop();
-    JumpList list(&m_window, rows, marked);
+    m_window.PrepareDialog();
+    JumpList list(rows, marked);
+    PutBefore(list, &m_window);
     return list.exec() == QDialog::Accepted ? list.Row() : 0;
 }

@@ -1,5 +1,5 @@
 // Keys and drops as the toolkit has them, the window's way to the front, the list, the door. All of
-// it stands beside the window and sees the events of its handle; the window knows nothing of it.
+// it stands beside the window and sees its events; the window knows nothing of it.
 #pragma once
 
 #include <QObject>
@@ -12,7 +12,6 @@
 class QDropEvent;
 class QKeyEvent;
 class QtWindow;
-class QWindow;
 
 /// The extras of one window.
 class QtExtras : public QObject, public WindowExtras {
@@ -27,7 +26,7 @@ public:
     [[nodiscard]] std::size_t ChooseRow(const std::vector<Text>& rows, std::size_t marked) override;
 
 protected:
-    bool eventFilter(QObject* handle, QEvent* event) override;
+    bool eventFilter(QObject* window, QEvent* event) override;
 
 private:
     [[nodiscard]] bool TakeKey(const QKeyEvent& event);

@@ -44,8 +44,8 @@ private:
 
 } // namespace
 
-JumpList::JumpList(QWidget* owner, const std::vector<Text>& rows, std::size_t marked)
-    : QDialog(owner), m_found(new QSortFilterProxyModel(this)), m_field(new QLineEdit(this)),
+JumpList::JumpList(const std::vector<Text>& rows, std::size_t marked)
+    : m_found(new QSortFilterProxyModel(this)), m_field(new QLineEdit(this)),
       m_list(new QListView(this)) {
     setWindowTitle(QStringLiteral("Jump"));
     auto* layout = new QVBoxLayout(this);

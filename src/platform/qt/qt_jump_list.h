@@ -13,7 +13,7 @@ class QSortFilterProxyModel;
 /// One question: which of the rows.
 class JumpList : public QDialog {
 public:
-    JumpList(QWidget* owner, const std::vector<Text>& rows, std::size_t marked);
+    JumpList(const std::vector<Text>& rows, std::size_t marked);
 
     /// The row that is chosen, counted from 1; 0 for none.
     [[nodiscard]] std::size_t Row() const;

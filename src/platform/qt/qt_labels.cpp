@@ -41,7 +41,7 @@ Text ShownText(const Figure& figure, int widthPx) {
     return text;
 }
 
-// Lays a glyph over the picture, at the pen's place on the base line.
+// Lays a glyph over the picture, at the pen's place on the base line. Twice is as good as once.
 void Stamp(QImage& picture, const Glyph& glyph, QPoint pen, QColor colour) {
     for (int y = 0; y < glyph.HeightPx; ++y)
         for (int x = 0; x < glyph.WidthPx; ++x) {
@@ -74,20 +74,49 @@ const QtLabels::Words& QtLabels::WordsOf(const Figure& figure) {
     const QSize size = VisibleSize(figure);
     Words& words = m_words[figure.Source];
     Text text = ShownText(figure, size.width());
-    if (text == words.Caption && figure.FontPx == words.FontPx && figure.Colour == words.Colour &&
-        size == words.Size)
-        return words;
-    words = {std::move(text), figure.FontPx, figure.Colour, size, {}, {}};
+    const bool looksAlike =
+        figure.FontPx == words.FontPx && figure.Colour == words.Colour && size == words.Size;
+    if (looksAlike && (text == words.Caption || Turn(text, words))) return words;
+    words = {std::move(text), figure.FontPx, figure.Colour, size, {}, {0}, {}};
     words.Letters = QImage(size, QImage::Format_ARGB32_Premultiplied);
     words.Letters.fill(Qt::transparent);
-    Compose(words.Caption, words);
+    Compose(words, 0);
     return words;
 }
 
-void QtLabels::Compose(const Text& text, Words& words) {
+bool QtLabels::Turn(const Text& text, Words& words) {
+    if (words.Caption.empty() || !words.Runs.empty() || words.Pens.size() < 2) return false;
+    const std::size_t gone = FirstCharacterLength(words.Caption);
+    if (text.compare(0, words.Caption.size() - gone, words.Caption, gone) != 0) return false;
+    const int sizePx = LetterPx(words.FontPx);
+    const Glyph* first = m_letters.Find(sizePx, ToQString(words.Caption).toUcs4().value(0));
+    const int byPx = words.Pens[1];
+    // A letter that reaches over its own width would leave a piece behind.
+    if (!first || first->LeftPx + first->WidthPx > byPx || byPx >= words.Size.width()) return false;
+
+    const int keptPx = words.Size.width() - byPx;
+    for (int y = 0; y < words.Size.height(); ++y) {
+        auto* row = reinterpret_cast<QRgb*>(words.Letters.scanLine(y));
+        std::copy(row + byPx, row + words.Size.width(), row);
+        std::fill(row + keptPx, row + words.Size.width(), 0U);
+    }
+    words.Caption = text;
+    words.Pens.erase(words.Pens.begin());
+    for (int& penPx : words.Pens)
+        penPx -= byPx;
+    // No letter is as wide as two sizes: those before reach no new column.
+    const auto from =
+        std::lower_bound(words.Pens.begin(), words.Pens.end() - 1, keptPx - 2 * sizePx);
+    const qsizetype at = from - words.Pens.begin();
+    words.Pens.erase(from + 1, words.Pens.end());
+    Compose(words, at);
+    return true;
+}
+
+void QtLabels::Compose(Words& words, qsizetype first) {
     const int sizePx = LetterPx(words.FontPx);
     const QColor colour = ToColour(words.Colour);
-    QPoint pen(0, sizePx);
+    QPoint pen(words.Pens.back(), sizePx);
     QString run;
     const auto endRun = [&] {
         if (run.isEmpty()) return;
@@ -96,8 +125,8 @@ void QtLabels::Compose(const Text& text, Words& words) {
             std::ceil(QFontMetricsF(m_fonts.FontOf(words.FontPx)).horizontalAdvance(run)));
         run.clear();
     };
-    const QList<uint> letters = ToQString(text).toUcs4();
-    for (qsizetype at = 0; at < letters.size() && pen.x() < words.Size.width(); ++at) {
+    const QList<uint> letters = ToQString(words.Caption).toUcs4();
+    for (qsizetype at = first; at < letters.size() && pen.x() < words.Size.width(); ++at) {
         const Glyph* glyph = m_letters.Find(sizePx, letters[at]);
         // What stands above or below a letter is shaped together with it.
         const bool isMarked =
@@ -110,6 +139,7 @@ void QtLabels::Compose(const Text& text, Words& words) {
         endRun();
         Stamp(words.Letters, *glyph, pen, colour);
         pen.rx() += glyph->AdvancePx;
+        words.Pens.push_back(pen.x());
     }
     endRun();
 }

@@ -29,12 +29,17 @@ private:
         int FontPx = 0;
         Long Colour = 0;
         QSize Size;
-        QImage Letters; ///< As large as what can be seen of the label.
+        QImage Letters;        ///< As large as what can be seen of the label.
+        std::vector<int> Pens; ///< Where each letter begins, and what follows the last one.
         std::vector<Run> Runs;
     };
 
     [[nodiscard]] const Words& WordsOf(const Figure& figure);
-    void Compose(const Text& text, Words& words);
+    /// Moves the words to the left by their first character, if `text` is those words without it
+    /// and with others behind.
+    [[nodiscard]] bool Turn(const Text& text, Words& words);
+    /// Draws the letters of `words` from letter `first` on.
+    void Compose(Words& words, qsizetype first);
 
     Letters m_letters;
     QtFonts m_fonts;

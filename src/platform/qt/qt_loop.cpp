@@ -1,35 +1,33 @@
-// A timer of the toolkit doesn't fire again while its own slot runs. A tick may wait in a nested
-// loop, so the slot only posts an event, and the tick happens there.
+// The one timer is single, so the next can be set inside its own slot, and fires there in a nested
+// loop, too.
 #include "platform/qt/qt_loop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
+#include <QTimer>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <utility>
 
+#include "platform/deadline.h"
+
 namespace {
 
 const auto kTaskEvent = static_cast<QEvent::Type>(QEvent::User + 1);
-const auto kTickEvent = static_cast<QEvent::Type>(QEvent::User + 2);
+// What is due later is looked at once more when this has passed.
+constexpr std::int64_t kLongestMs = 3'600'000;
 
 } // namespace
 
-QtLoop::QtLoop() {
-    m_tick.setSingleShot(true);
-    m_tick.setTimerType(Qt::PreciseTimer);
-    connect(&m_tick, &QTimer::timeout, this, [this] {
-        m_tickDueMs.reset();
-        QCoreApplication::postEvent(this, new QEvent(kTickEvent));
-    });
-}
-
-void QtLoop::Attach(const Form& form, FormEvents& events, std::function<void()> afterEvent) {
+void QtLoop::Attach(const Form& form, FormEvents& events, std::function<void()> afterEvents) {
     m_form = &form;
     m_events = &events;
-    m_afterEvent = std::move(afterEvent);
+    m_afterEvents = std::move(afterEvents);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &QtLoop::Settle, Qt::UniqueConnection);
 }
 
 void QtLoop::Run() {
@@ -38,8 +36,8 @@ void QtLoop::Run() {
 }
 
 void QtLoop::Wait(double seconds) {
-    if (m_afterEvent) m_afterEvent();
-    ScheduleTick();
+    m_isSettled = false;
+    Settle();
     if (seconds <= 0) {
         Turn();
         return;
@@ -69,21 +67,32 @@ void QtLoop::Post(std::function<void()> task) {
 
 void QtLoop::PostIn(std::int64_t delayMs, std::function<void()> task) {
     m_later.emplace(NowMs() + std::max<std::int64_t>(delayMs, 0), std::move(task));
-    ScheduleTick();
+    m_isSettled = false;
 }
 
 void QtLoop::Handle(const std::function<void()>& handler) {
+    // Before, since the handler may wait in a loop of the toolkit's.
+    m_isSettled = false;
     handler();
-    if (m_afterEvent) m_afterEvent();
+    m_isSettled = false;
+}
+
+void QtLoop::Settle() {
+    if (std::exchange(m_isSettled, true)) return;
+    if (m_afterEvents) m_afterEvents();
     ScheduleTick();
 }
 
 void QtLoop::customEvent(QEvent* event) {
     if (event->type() == kTaskEvent) RunOneTask();
-    if (event->type() == kTickEvent) {
-        RunDueTasks();
-        TickDueTimers();
-    }
+}
+
+void QtLoop::timerEvent(QTimerEvent*) {
+    m_tick.stop();
+    m_tickDueMs.reset();
+    m_isSettled = false;
+    RunDueTasks();
+    TickDueTimers();
 }
 
 void QtLoop::RunOneTask() {
@@ -101,8 +110,6 @@ void QtLoop::RunDueTasks() {
     while (!m_later.empty() && m_later.begin()->first <= NowMs()) {
         const std::function<void()> task = std::move(m_later.begin()->second);
         m_later.erase(m_later.begin());
-        // First, since the task may wait in a nested loop: then the others must not wait with it.
-        ScheduleTick();
         Handle(task);
     }
 }
@@ -110,23 +117,20 @@ void QtLoop::RunDueTasks() {
 void QtLoop::TickDueTimers() {
     if (!m_form) return;
     while (const Timer* timer = m_schedule.TakeDue(*m_form, NowMs())) {
-        // First, since the handler may wait in a nested loop: then the other timers go on.
-        ScheduleTick();
         Handle([&] { m_events->OnTimer(*timer); });
     }
-    ScheduleTick();
 }
 
 void QtLoop::ScheduleTick() {
     const std::int64_t nowMs = NowMs();
     std::optional<std::int64_t> dueMs;
-    if (m_form) dueMs = m_schedule.NextDue(*m_form, nowMs);
-    if (!m_later.empty())
-        dueMs = std::min(dueMs.value_or(m_later.begin()->first), m_later.begin()->first);
+    if (!m_later.empty()) dueMs = m_later.begin()->first;
+    if (m_form) dueMs = Earliest({dueMs, m_schedule.NextDue(*m_form, nowMs, dueMs)});
     if (dueMs == m_tickDueMs) return;
     m_tickDueMs = dueMs;
     if (dueMs)
-        m_tick.start(std::chrono::milliseconds(std::max<std::int64_t>(*dueMs - nowMs, 0)));
+        m_tick.start(static_cast<int>(std::clamp<std::int64_t>(*dueMs - nowMs, 0, kLongestMs)),
+                     Qt::PreciseTimer, this);
     else
         m_tick.stop();
 }

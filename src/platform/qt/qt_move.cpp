@@ -3,7 +3,6 @@
 #include "platform/qt/qt_move.h"
 
 #include <QMouseEvent>
-#include <QWidget>
 #include <QWindow>
 
 #include "platform/qt/qt_server.h"
@@ -30,24 +29,23 @@ bool IsUp(const X11Window& server, Integer button) {
 
 } // namespace
 
-QtMove::QtMove(QWidget& window) : m_window(window) {
+QtMove::QtMove(QWindow& window) : m_window(window) {
     m_managerMoves.setInterval(kLookMs);
     QObject::connect(&m_managerMoves, &QTimer::timeout, &m_managerMoves, [this] {
-        if (IsUp(ServerWindow(*m_window.windowHandle()), kLeftButton)) LetManagerEnd();
+        if (IsUp(ServerWindow(m_window), kLeftButton)) LetManagerEnd();
     });
 }
 
 void QtMove::Begin(Integer button) {
-    QWindow& handle = *m_window.windowHandle();
-    const X11Window server = ServerWindow(handle);
+    const X11Window server = ServerWindow(m_window);
     if (IsUp(server, button)) return;
-    if (button == kLeftButton && handle.startSystemMove()) {
+    if (button == kLeftButton && m_window.startSystemMove()) {
         if (server.Connection) m_managerMoves.start();
         return;
     }
     m_button = button;
     // From where the press was: the pointer has moved on since, and the window has to follow that.
-    m_from = m_pressedAt - m_window.pos();
+    m_from = m_pressedAt - m_window.position();
 }
 
 bool QtMove::Takes(const QMouseEvent& event) {
@@ -59,7 +57,7 @@ bool QtMove::Takes(const QMouseEvent& event) {
         return false;
     }
     if (IsHeld(event, m_button))
-        m_window.move(event.globalPosition().toPoint() - m_from);
+        m_window.setPosition(event.globalPosition().toPoint() - m_from);
     else
         m_button = kNoButton;
     return true;
@@ -67,5 +65,5 @@ bool QtMove::Takes(const QMouseEvent& event) {
 
 void QtMove::LetManagerEnd() {
     m_managerMoves.stop();
-    CancelMove(ServerWindow(*m_window.windowHandle()));
+    CancelMove(ServerWindow(m_window));
 }

@@ -8,13 +8,13 @@
 #include "platform/window.h"
 
 class QMouseEvent;
-class QWidget;
+class QWindow;
 
 /// The move of one window. A click can be over before its move begins, and a manager can begin
 /// late: no move outlasts the button that it was begun with.
 class QtMove {
 public:
-    explicit QtMove(QWidget& window);
+    explicit QtMove(QWindow& window);
 
     /// Begins a move with `button`, at the place of the last press. Does nothing if the button is
     /// up again.
@@ -27,7 +27,7 @@ public:
 private:
     void LetManagerEnd();
 
-    QWidget& m_window;
+    QWindow& m_window;
     Integer m_button = kNoButton; ///< The button of a move that we make.
     QPoint m_pressedAt;           ///< Where on the screen the last press was.
     QPoint m_from;                ///< Where in the window the pointer holds it.

@@ -105,12 +105,20 @@ QColor FormColour() {
 }
 
 void PaintScene(QPainter& painter, QtLabels& labels, const Scene& scene, const Rect& damage) {
-    for (const Figure& figure : scene.Figures) {
-        const Rect visible = Intersection(Intersection(figure.Place, figure.Clip), damage);
+    // What lies behind the visualisation needn't be painted for each of its pictures.
+    const auto covers = [&](const Figure& figure) {
+        const Rect visible = Intersection(figure.Place, figure.Clip);
+        return figure.Kind == ControlKind::Scope && Intersection(visible, damage) == damage;
+    };
+    const auto last = std::find_if(scene.Figures.rbegin(), scene.Figures.rend(), covers);
+    if (last == scene.Figures.rend()) painter.fillRect(ToQRect(damage), FormColour());
+    const auto first = last == scene.Figures.rend() ? scene.Figures.begin() : last.base() - 1;
+    for (auto figure = first; figure != scene.Figures.end(); ++figure) {
+        const Rect visible = Intersection(Intersection(figure->Place, figure->Clip), damage);
         if (visible.IsEmpty()) continue;
         painter.save();
         painter.setClipRect(ToQRect(visible), Qt::IntersectClip);
-        PaintFigure(painter, labels, scene, figure);
+        PaintFigure(painter, labels, scene, *figure);
         painter.restore();
     }
 }

@@ -6,8 +6,8 @@
 #include "platform/qt/qt_labels.h"
 #include "state/scene.h"
 
-/// Draws what `damage` covers of the figures of `scene`, from back to front, in skin pixels. The
-/// ground, and a clip to the window's shape, are the caller's.
+/// Draws what `damage` covers of the form's own colour and the figures of `scene`, from back to
+/// front, in skin pixels. A clip to the window's shape is the caller's.
 void PaintScene(QPainter& painter, QtLabels& labels, const Scene& scene, const Rect& damage);
 
 /// The form's own colour, visible where no control covers it.

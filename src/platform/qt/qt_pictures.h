@@ -17,6 +17,10 @@ public:
     explicit QtPicture(QImage image)
         : LoadedPicture(image.width(), image.height()), Image(std::move(image)) {}
 
+    [[nodiscard]] bool Covers(int xPx, int yPx) const override {
+        return qAlpha(Image.pixel(xPx, yPx)) > 0;
+    }
+
     const QImage Image;
 };
 

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QProcess>
-#include <QWidget>
+#include <QWindow>
 #include <unistd.h>
 #include <utility>
 

@@ -5,7 +5,7 @@
 
 #include "platform/system.h"
 
-class QWidget;
+class QWindow;
 
 /// The machine that the program runs on.
 class QtSystem : public System {
@@ -15,7 +15,7 @@ public:
     QtSystem(Text commandLine, std::function<bool(const Text&)> playSound);
 
     /// The window that `EndProcess` hides before the process ends.
-    void Attach(QWidget& window) { m_window = &window; }
+    void Attach(QWindow& window) { m_window = &window; }
 
     /// Called once when the process is about to end.
     std::function<void()> BeforeEnd;
@@ -35,5 +35,5 @@ private:
     Text m_commandLine;
     Text m_current;
     std::function<bool(const Text&)> m_playSound;
-    QWidget* m_window = nullptr;
+    QWindow* m_window = nullptr;
 };

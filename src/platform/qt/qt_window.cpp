@@ -6,14 +6,11 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QCursor>
-#include <QHelpEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QToolTip>
-#include <QWindow>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -57,12 +54,15 @@ Integer ShiftSet(Qt::KeyboardModifiers keys) {
 
 } // namespace
 
-QtWindow::QtWindow(QtLoop& loop) : m_loop(loop), m_move(*this) {
-    setAttribute(Qt::WA_TranslucentBackground);
-    // If a release gets lost, the next move without a button tells it.
-    setMouseTracking(true);
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+QtWindow::QtWindow(QtLoop& loop)
+    : m_loop(loop), m_store(this), m_move(*this), m_toolTip([this] { m_look.Follow(); }),
+      m_isCutByServer(HasServer()) {
+    QSurfaceFormat format = requestedFormat();
+    // Where it isn't needed it would be cleared before each painting.
+    format.setAlphaBufferSize(m_isCutByServer ? -1 : 8);
+    setFormat(format);
+    setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+             Qt::WindowCloseButtonHint);
 }
 
 void QtWindow::Attach(Form& form, FormEvents& events,
@@ -73,15 +73,15 @@ void QtWindow::Attach(Form& form, FormEvents& events,
 }
 
 void QtWindow::ShowFirst() {
-    m_shown = SceneOf(*m_form);
+    TakeScene(*m_form, m_shown);
     m_isUp = true;
     ShowSize(m_shown);
     create();
-    windowHandle()->installEventFilter(this);
     ShowFrame(m_shown);
     ShowShape(m_shown);
     ShowCaption(m_shown);
     CentreOnScreen();
+    Paint(QRect(QPoint(0, 0), m_store.size()));
     show();
     TellVisibility(m_shown);
 }
@@ -89,35 +89,28 @@ void QtWindow::ShowFirst() {
 void QtWindow::Present() {
     Accessibility().Forget();
     if (!m_isUp) return;
-    // Dialogs open where the handle is.
-    PlaceHandle();
-    Scene now = SceneOf(*m_form);
-    const QRegion damage = TakeDamage(now);
-    m_shown = std::move(now);
-    // Painting at once also sends it to the display; the toolkit's sync would let events happen.
-    // The call also paints what earlier events left to be painted.
-    if (!damage.isEmpty()) repaint(damage);
+    TakeScene(*m_form, m_now);
+    const QRegion damage = TakeDamage();
+    std::swap(m_shown, m_now);
+    Paint(damage);
 }
 
 void QtWindow::ShowChanges() {
-    Accessibility().Forget();
-    if (!m_isUp) return;
-    if (m_form->State == WindowState::Minimised && m_shown.State == WindowState::Minimised) {
+    if (m_isUp && m_form->State == WindowState::Minimised &&
+        m_shown.State == WindowState::Minimised) {
+        Accessibility().Forget();
         // Nothing but the caption is visible; the rest is compared when the window comes back.
-        if (m_form->Caption != m_shown.Caption) {
-            m_shown.Caption = m_form->Caption;
-            ShowCaption(m_shown);
-        }
+        if (m_form->Caption == m_shown.Caption) return;
+        m_shown.Caption = m_form->Caption;
+        ShowCaption(m_shown);
         return;
     }
-    Scene now = SceneOf(*m_form);
-    const QRegion damage = TakeDamage(now);
-    m_shown = std::move(now);
-    if (!damage.isEmpty()) update(damage);
-    Accessibility().AnnounceChanges();
+    Present();
+    if (m_isUp) Accessibility().AnnounceChanges();
 }
 
-QRegion QtWindow::TakeDamage(Scene& now) {
+QRegion QtWindow::TakeDamage() {
+    const Scene& now = m_now;
     const bool otherShape = now.Region != m_shown.Region || now.Client != m_shown.Client;
     if (now.Client != m_shown.Client) ShowSize(now);
     if (otherShape) {
@@ -125,46 +118,54 @@ QRegion QtWindow::TakeDamage(Scene& now) {
         ShowShape(now);
     }
     if (now.Caption != m_shown.Caption) ShowCaption(now);
-    if (now.State != m_shown.State && now.State == WindowState::Minimised) Minimise(now);
+    if (now.State != m_shown.State && now.State == WindowState::Minimised) Minimise();
     TellVisibility(now);
-    if (otherShape) return rect();
+    if (otherShape) return QRect(QPoint(0, 0), m_store.size());
     QRegion damage;
     for (const Rect& rect : DamageBetween(m_shown, now))
         damage += ToQRect(rect);
     return damage;
 }
 
-void QtWindow::Minimise(Scene& now) {
+void QtWindow::Minimise() {
     // A wish, until the platform says that it has come true. Not every window manager grants it.
     m_form->State = m_shown.State;
-    const X11Window server = ServerWindow(*windowHandle());
+    const X11Window server = ServerWindow(*this);
     if (server.Connection)
         AskToMinimise(server);
     else
         showMinimized();
-    now.State = m_form->State;
+    m_now.State = m_form->State;
 }
 
-void QtWindow::PlaceHandle() {
-    QWindow* handle = windowHandle();
-    if (handle && handle->position() != geometry().topLeft())
-        handle->setPosition(geometry().topLeft());
+void QtWindow::FindPlace() {
+    const std::optional<QPoint> corner = PlaceOnServer(*this);
+    // The manager, which is asked for the place where the window is already, moves nothing.
+    if (corner && *corner != position()) setPosition(*corner);
 }
 
 void QtWindow::ShowSize(const Scene& now) {
-    // A change of size would move the window to where the handle is.
-    PlaceHandle();
-    setFixedSize(now.Client.Right, now.Client.Bottom);
+    const QSize client(now.Client.Right, now.Client.Bottom);
+    // A change of size would move the window to where the toolkit thinks it is.
+    if (m_shown.Client != now.Client) FindPlace();
+    setMinimumSize(client);
+    setMaximumSize(client);
+    resize(client);
+    ResizeStore(now);
+}
+
+void QtWindow::ResizeStore(const Scene& now) {
+    const QSize client(now.Client.Right, now.Client.Bottom);
+    m_store.resize(m_isForced ? client.expandedTo(size()) : client);
 }
 
 void QtWindow::ShowFrame(const Scene& now) {
-    // On the handle: the widget's setter would hide the window and show it again.
-    windowHandle()->setFlag(Qt::FramelessWindowHint, now.Region != nullptr);
+    setFlag(Qt::FramelessWindowHint, now.Region != nullptr);
 }
 
 void QtWindow::ShowShape(const Scene& now) {
     if (!now.Region) {
-        clearMask();
+        setMask(QRegion());
         return;
     }
     const Rect client{kFrameLeftPx, kFrameTopPx, kFrameLeftPx + now.Client.Right,
@@ -179,8 +180,7 @@ void QtWindow::ShowShape(const Scene& now) {
 }
 
 void QtWindow::ShowCaption(const Scene& now) {
-    // The widget's setter would replace [*] in the text and append the program's name.
-    windowHandle()->setTitle(ToQString(TextView(now.Caption).substr(0, kMostCaption)));
+    setTitle(ToQString(TextView(now.Caption).substr(0, kMostCaption)));
 }
 
 void QtWindow::TellVisibility(const Scene& now) {
@@ -196,21 +196,38 @@ void QtWindow::TellVisibility(const Scene& now) {
 }
 
 void QtWindow::CentreOnScreen() {
-    const QRect screen = windowHandle()->screen()->availableGeometry();
+    const QRect area = screen()->availableGeometry();
     const QPoint outer(
-        screen.left() + (screen.width() - width() - kFrameLeftPx - kFrameRightPx) / 2,
-        screen.top() + (screen.height() - height() - kFrameTopPx - kFrameBottomPx) / 2);
+        area.left() + (area.width() - m_shown.Client.Right - kFrameLeftPx - kFrameRightPx) / 2,
+        area.top() + (area.height() - m_shown.Client.Bottom - kFrameTopPx - kFrameBottomPx) / 2);
     // With a region the frame isn't there, but its place is.
-    move(m_shown.Region ? outer + QPoint(kFrameLeftPx, kFrameTopPx) : outer);
+    if (m_shown.Region)
+        setPosition(outer + QPoint(kFrameLeftPx, kFrameTopPx));
+    else
+        setFramePosition(outer);
 }
 
-bool QtWindow::eventFilter(QObject* handle, QEvent* event) {
-    if (event->type() == QEvent::Expose && m_isExposed != windowHandle()->isExposed()) {
-        m_isExposed = !m_isExposed;
-        if (!m_isExposed) LosePointer();
-        TellVisibility(m_shown);
-    }
-    return QWidget::eventFilter(handle, event);
+void QtWindow::exposeEvent(QExposeEvent*) {
+    if (m_isExposed == isExposed()) return;
+    m_isExposed = isExposed();
+    if (!m_isExposed) LosePointer();
+    TellVisibility(m_shown);
+}
+
+void QtWindow::paintEvent(QPaintEvent* event) {
+    Paint(std::exchange(m_unpainted, {}));
+    // The display has lost it, but the store hasn't.
+    m_store.flush(event->region());
+}
+
+void QtWindow::resizeEvent(QResizeEvent*) {
+    if (!m_isUp) return;
+    // Of a size that is still on its way nothing has to be painted.
+    const QSize client(m_shown.Client.Right, m_shown.Client.Bottom);
+    m_isForced = size() != client;
+    if (m_store.size() == (m_isForced ? client.expandedTo(size()) : client)) return;
+    ResizeStore(m_shown);
+    Paint(QRect(QPoint(0, 0), m_store.size()));
 }
 
 void QtWindow::LosePointer() {
@@ -221,43 +238,32 @@ void QtWindow::LosePointer() {
 }
 
 bool QtWindow::IsBlocked() const {
-    return QApplication::activeModalWidget() != nullptr;
+    return QGuiApplication::modalWindow() != nullptr;
+}
+
+void QtWindow::PrepareDialog() {
+    Present();
+    FindPlace();
+    m_look.Follow();
 }
 
 bool QtWindow::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip) {
-        ShowToolTip(static_cast<QHelpEvent&>(*event));
-        return true;
-    }
     // A dialog takes the mouse; a release will not come here.
     if (event->type() == QEvent::WindowBlocked) LosePointer();
-    return QWidget::event(event);
+    if (event->type() == QEvent::Leave) m_toolTip.Forget();
+    if (event->type() == QEvent::WindowStateChange && m_isUp) FollowState();
+    return QWindow::event(event);
 }
 
-void QtWindow::ShowToolTip(QHelpEvent& event) {
-    const Control* control = ControlAt(*m_form, event.pos().x(), event.pos().y());
-    if (!control || control->ToolTip.empty()) {
-        QToolTip::hideText();
-        return;
-    }
-    FollowDesktop();
-    // The rectangle hides the tip when the pointer goes on to another control.
-    const QRect place(control->Left + m_form->picBackground.Left,
-                      control->Top + m_form->picBackground.Top, control->Width, control->Height);
-    QToolTip::showText(event.globalPos(), ToQString(control->ToolTip), this, place);
-}
-
-void QtWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::WindowStateChange && m_isUp) {
-        // Not only we change the state. Without this a window that the user brought back could not
-        // be minimised again, since the record would still say so.
-        m_form->State = isMinimized() ? WindowState::Minimised : WindowState::Normal;
-        m_shown.State = m_form->State;
-        TellVisibility(m_shown);
-        if (isMinimized()) LosePointer();
-        m_loop.Handle([] {});
-    }
-    QWidget::changeEvent(event);
+void QtWindow::FollowState() {
+    // Not only we change the state. Without this a window that the user brought back could not be
+    // minimised again, since the record would still say so.
+    const bool isMinimised = windowStates().testFlag(Qt::WindowMinimized);
+    m_form->State = isMinimised ? WindowState::Minimised : WindowState::Normal;
+    m_shown.State = m_form->State;
+    TellVisibility(m_shown);
+    if (isMinimised) LosePointer();
+    m_loop.Handle([] {});
 }
 
 void QtWindow::closeEvent(QCloseEvent* event) {
@@ -266,30 +272,36 @@ void QtWindow::closeEvent(QCloseEvent* event) {
     m_loop.Post([this] { m_events->OnClose(); });
 }
 
-void QtWindow::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
+void QtWindow::Paint(const QRegion& region) {
+    if (region.isEmpty()) return;
+    if (!isExposed()) {
+        m_unpainted += region;
+        return;
+    }
+    m_store.beginPaint(region);
+    if (QPaintDevice* device = m_store.paintDevice()) PaintOn(*device, region);
+    m_store.endPaint();
+    m_store.flush(region);
+    if (AfterPaint) AfterPaint(region);
+}
+
+void QtWindow::PaintOn(QPaintDevice& device, const QRegion& region) {
+    QPainter painter(&device);
     // Where the server itself cuts the window to its shape nothing is clipped here: at scales that
     // are no whole number the two would round otherwise, and leave specks along the edge.
-    if (m_shown.Region && !ServerWindow(*windowHandle()).Connection) {
+    if (m_shown.Region && !m_isCutByServer) {
         painter.setCompositionMode(QPainter::CompositionMode_Source);
-        painter.fillRect(event->rect(), Qt::transparent);
+        painter.fillRect(region.boundingRect(), Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        painter.setClipRegion(m_shape & event->region());
+        painter.setClipRegion(m_shape & region);
     }
     // Piece by piece, so that nothing is drawn between two changes that are far from each other.
-    for (const QRect& piece : event->region()) {
-        painter.fillRect(piece, FormColour());
+    for (const QRect& piece : region)
         PaintScene(painter, m_labels, m_shown, FromQRect(piece));
-    }
-    if (AfterFirstPaint) m_loop.Post(std::exchange(AfterFirstPaint, nullptr));
 }
 
 void QtWindow::mousePressEvent(QMouseEvent* event) {
     Report(PointerKind::Press, *event, ButtonNumber(event->button()));
-}
-
-void QtWindow::mouseDoubleClickEvent(QMouseEvent* event) {
-    mousePressEvent(event);
 }
 
 void QtWindow::mouseReleaseEvent(QMouseEvent* event) {
@@ -312,19 +324,21 @@ void QtWindow::Report(PointerKind kind, const QMouseEvent& event, Integer button
                               ButtonSet(event.buttons()),
                               ShiftSet(event.modifiers())};
     m_held = report.Held;
+    m_toolTip.Follow(*m_form, report, event.globalPosition().toPoint());
     m_loop.Handle([&] { m_events->OnPointer(report); });
 }
 
 void QtWindow::BeginMove(Integer button) {
-    QToolTip::hideText();
-    // The window manager is told where the pointer is, counted from the handle.
-    PlaceHandle();
+    m_toolTip.Forget();
+    // The manager is told where the pointer is, counted from the window's corner.
+    FindPlace();
     m_move.Begin(button);
 }
 
 std::size_t QtWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t root) {
     Accessibility().Forget();
-    FollowDesktop();
+    m_toolTip.Forget();
+    m_look.Follow();
     QMenu popup;
     // A press beside the menu only closes it.
     popup.setAttribute(Qt::WA_NoMouseReplay);

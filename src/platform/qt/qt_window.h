@@ -1,7 +1,7 @@
 // The one window: shows what the form's records say, and reports the mouse.
 #pragma once
 
-#include <QWidget>
+#include <QBackingStore>
 #include <functional>
 
 #include "platform/qt/qt_accessible.h"
@@ -9,14 +9,14 @@
 #include "platform/qt/qt_look.h"
 #include "platform/qt/qt_loop.h"
 #include "platform/qt/qt_move.h"
+#include "platform/qt/qt_tool_tip.h"
 #include "platform/window.h"
 #include "state/form_events.h"
 #include "state/scene.h"
 
-class QHelpEvent;
-
-/// The client area of frmMain on a real display. The controls are no widgets: all of them are
-/// painted on this one.
+/// The client area of frmMain on a real display. Neither it nor a control is a widget: all of them
+/// are painted on this one plain window, which spares the toolkit's machinery for widgets at each
+/// frame and at the start.
 class QtWindow : public AccessibleWindow, public Window {
 public:
     explicit QtWindow(QtLoop& loop);
@@ -32,62 +32,70 @@ public:
     void BeginMove(Integer button) override;
     [[nodiscard]] std::size_t PopupMenu(std::span<const MenuEntry> menu, std::size_t root) override;
 
-    /// Compares the form with what was shown last, and has the toolkit paint what differs in its
-    /// next turn. The loop calls it after each event. Nothing happens before `ShowFirst`.
+    /// Compares the form with what was shown last, and paints what differs. The loop calls it
+    /// before it sleeps. Nothing happens before `ShowFirst`.
     void ShowChanges();
 
     /// Whether a dialog keeps the user from the window.
     [[nodiscard]] bool IsBlocked() const;
 
-    /// Gives dialogs, menus and tool tips the look that the desktop has now. Called before each of
-    /// them opens.
-    void FollowDesktop() { m_look.Follow(); }
+    /// Makes the window ready for a dialog in front of it: shows the records as they are, has the
+    /// toolkit know where the window is, and gives the dialog the look that the desktop has now.
+    void PrepareDialog();
 
-    /// Called once, on the loop, after the window has been painted for the first time: for work
-    /// that may be done a moment later than the start.
-    std::function<void()> AfterFirstPaint;
+    /// Called after each painting, with what was painted.
+    std::function<void(const QRegion& painted)> AfterPaint;
 
 protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* handle, QEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void exposeEvent(QExposeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     /// Shows size, frame, shape, caption and state where they differ from what was shown last; what
     /// has to be painted is the result.
-    [[nodiscard]] QRegion TakeDamage(Scene& now);
-    void Minimise(Scene& now);
+    [[nodiscard]] QRegion TakeDamage();
+    void Minimise();
     void ShowFrame(const Scene& now);
     void ShowShape(const Scene& now);
     void ShowSize(const Scene& now);
-    /// Moves the handle (the window as the platform has it) to where the widget says that it is. A
-    /// window manager can put a new window at another place without the widget being told.
-    void PlaceHandle();
     void ShowCaption(const Scene& now);
+    void ResizeStore(const Scene& now);
+    /// The platform has minimised the window, or brought it back.
+    void FollowState();
     void TellVisibility(const Scene& now);
-    void ShowToolTip(QHelpEvent& event);
+    /// Has the toolkit know where the window is.
+    void FindPlace();
+    /// Paints `region` and sends it to the display, or keeps it until there is one to see it.
+    void Paint(const QRegion& region);
+    void PaintOn(QPaintDevice& device, const QRegion& region);
     void Report(PointerKind kind, const QMouseEvent& event, Integer button);
     void CentreOnScreen();
     /// Tells that no release will come for the buttons that are held.
     void LosePointer();
 
     QtLoop& m_loop;
+    QBackingStore m_store;
     QtLabels m_labels;
     QtLook m_look;
     QtMove m_move;
+    QtToolTip m_toolTip;
+    const bool m_isCutByServer; ///< To the form's region. Elsewhere transparent pixels do it.
     Form* m_form = nullptr;
     FormEvents* m_events = nullptr;
     std::function<void(bool, bool)> m_tellVisibility;
     bool m_isWindowVisible = false; ///< As told last, like the next.
     bool m_isScopeVisible = false;
     bool m_isExposed = true; ///< The platform can hide the window otherwise than minimised.
+    bool m_isForced = false; ///< A manager gave the window another size than was asked for.
     Scene m_shown;
+    Scene m_now; ///< Here for its memory alone: most scenes differ from the last one in little.
+    QRegion m_unpainted;        ///< What changed while nobody could see it.
     QRegion m_shape;            ///< The form's region in client pixels; used only while it has one.
     Integer m_held = kNoButton; ///< The buttons held at the event told last.
     bool m_isUp = false;        ///< Whether `ShowFirst` was called.

@@ -8,6 +8,7 @@
 #include <QFileIconProvider>
 #include <QFileSystemModel>
 
+#include "platform/qt/qt_owner.h"
 #include "platform/qt/qt_text.h"
 
 namespace {
@@ -54,11 +55,11 @@ QLineEdit* ToolkitChooser::NameField() const {
     return findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
 }
 
-QByteArray ToolkitChooser::Ask(QWidget* owner, const FileQuestion& question) {
+QByteArray ToolkitChooser::Ask(QWindow* owner, const FileQuestion& question) {
     // After the answer, but before exec() returns, a press on the owner can ask again.
     if (m_asking) return {};
     m_asking = true;
-    setParent(owner, windowFlags());
+    PutBefore(*this, owner);
     setWindowTitle(question.Title);
     QStringList filters;
     for (const FilterRow& row : question.Rows)

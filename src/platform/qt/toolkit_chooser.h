@@ -14,7 +14,7 @@ public:
     /// Shows the chooser, in front of `owner` unless that is null, and returns when the user has
     /// answered: the bytes of the chosen file's path, empty if the user cancels. Empty at once
     /// while an earlier question is still open.
-    [[nodiscard]] QByteArray Ask(QWidget* owner, const FileQuestion& question);
+    [[nodiscard]] QByteArray Ask(QWindow* owner, const FileQuestion& question);
 
     /// Called by the toolkit when the user confirms: takes the file whose name is in the name
     /// field; if that is none, does what the toolkit would do.

@@ -70,6 +70,15 @@ std::optional<Integer> ButtonsDown(const X11Window& window) {
     return down;
 }
 
+std::optional<RootPlace> CornerOf(const X11Window& window) {
+    const xcb_window_t root = RootOf(window);
+    const ReplyPtr<xcb_translate_coordinates_reply_t> reply(xcb_translate_coordinates_reply(
+        window.Connection, xcb_translate_coordinates(window.Connection, window.Id, root, 0, 0),
+        nullptr));
+    if (!reply) return std::nullopt;
+    return RootPlace{reply->dst_x, reply->dst_y};
+}
+
 void AskToMinimise(const X11Window& window) {
     TellManager(window, "WM_CHANGE_STATE", {kIconicState, 0, 0, 0, 0});
 }

@@ -19,6 +19,16 @@ struct X11Window {
 /// answer. Nothing if the server is gone.
 [[nodiscard]] std::optional<Integer> ButtonsDown(const X11Window& window);
 
+/// A place on the root window, in the server's pixels.
+struct RootPlace {
+    int XPx = 0;
+    int YPx = 0;
+};
+
+/// Where the window's own corner, inside any frame, is by the server's word. Waits for its answer.
+/// Nothing if the server is gone.
+[[nodiscard]] std::optional<RootPlace> CornerOf(const X11Window& window);
+
 /// Asks the window manager to minimise the window, and returns. It may do so late, or never;
 /// without a manager nobody hears it. Source: ICCCM, 4.1.4.
 void AskToMinimise(const X11Window& window);

@@ -255,24 +255,23 @@ const Row kRows[] = {
     {"TellsTagStreamLengthPlacesAndOnceItsEnd",
      "details due start due pump title kbps=0 frames=1300 length=1300 facts run=9000 due",
      "@0 due=never dial due=never open=Moon buffer/-1/24000/4/8000/-1 "
-     "tag=Moon/Sun/Sky/1999/None/Folk stream=0/2000/2 length=650 uncork @40 ask @200 ask p200 "
-     "@400 p400 "
-     "@600 p600 @651 p650 @1151 drop @6151 leave free @9000 due=never"},
+     "tag=Moon/Sun/Sky/1999/None/Folk stream=0/2000/2 length=650 uncork @40 ask @240 ask p240 "
+     "@480 p480 @651 p650 @1151 drop @6151 leave free @9000 due=never"},
     {"APauseHoldsThePlaceAndTellsNothing", "play=500 pause run=1000 due pause run=500",
-     "@500 cork ask @1500 due=never uncork ask ask @1700 p700 @1900 p900"},
+     "@500 cork ask @1500 due=never uncork ask ask @1740 p740 @1980 p980"},
     {"ASeekToAPlaceThatWasJustToldTellsItAgain", "play=250 seek=-9 run=250",
-     "@250 find=0 drop uncork @290 ask @450 ask p200"},
+     "@250 find=0 drop uncork @290 ask @490 ask p240"},
     {"SeeksAddUpAlsoWhileOneGoesOn", "play=450 limit=0 seek=2 seek=1 pump queued seek=2 pump due",
-     "@450 find=6900 queued=6800 find=10900 due=1000000"},
+     "@450 find=6900 queued=6480 find=10900 due=1040000"},
     {"ASeekWhileHeldStaysHeldAndGoesOnFromThere", "play=500 pause seek=3 run=400 due pause run=300",
-     "@500 cork ask find=7000 drop w=7001..7700 @900 due=never uncork ask @940 ask @1100 ask "
-     "p3700"},
+     "@500 cork ask find=7000 drop w=7001..7700 @900 due=never uncork ask @940 ask @1140 ask "
+     "p3740"},
     {"ASeekToTheVeryEndEnds", "play=0 seek=10 run=100", "drop p10000"},
     {"AfterTheEndASeekOnAndAPauseTellTheEndAgain",
      "frames=1300 length=1300 play=700 seek=5 run=100 volume=50 pause run=100 pause run=100",
      "@700 drop p650 @900 p650"},
     {"PlacesWaitForTheScannedLength", "unknown play=500 scan=20000 run=300",
-     "@500 length=10000 p500 @600 p600"},
+     "@500 length=10000 p500 @740 p740"},
     {"ASoughtEndWaitsForTheScan", "unknown play=300 seek=100 run=300 due scan=20000 run=100",
      "@300 find=200600 drop @600 due=never length=10000 p10000"},
     {"ASoughtEndIsToldWhenTheScanFails", "unknown play=300 seek=100 run=100 noscan run=100",
@@ -282,38 +281,37 @@ const Row kRows[] = {
     {"WhatWasPlayedToItsEndHasALength", "unknown frames=1300 play=600 run=900",
      "@651 length=650 p650 @1151 drop"},
     {"AFileLongerThanItsTagSaysEndsWithTheTagsLength", "length=700 frames=1300 play=100 run=700",
-     "@100 ask @200 p200 @400 p349 @651 p350"},
+     "@100 ask @240 p240 @480 p349 @651 p350"},
     {"ADeadServerIsWaitedFor", "play=500 dies deaf run=4500 due deaf=0 run=500",
-     "@500 leave free @1500 hangup forget dial @5000 due=never "
-     "open=file.mp3 w=1001..7000 uncork @5040 ask @5200 ask p700 @5400 p900"},
+     "@500 leave free @1500 hangup forget dial @5000 due=never open=file.mp3 w=1001..7000 uncork "
+     "@5040 ask @5240 ask p740 @5480 p980"},
     {"AServerThatNeverAnswersIsGivenUpForTheSilentClock", "deaf start facts run=2500 stop run=100",
-     "@0 dial facts @2200 p200 @2400 p400"},
+     "@0 dial facts @2240 p240 @2480 p480"},
     {"AServerThatComesLateIsHeardFromThePlaceThatIsShown",
      "deaf start facts run=2500 slow deaf=0 run=300 slow=0 run=300",
-     "@0 dial facts @2200 p200 @2400 p400 @2500 open=file.mp3 @2700 p700 @2800 name=file.mp3 drop "
-     "w=1601..7600 uncork @2840 ask @3000 ask p1000"},
+     "@0 dial facts @2240 p240 @2480 p480 @2500 open=file.mp3 @2740 p740 @2800 name=file.mp3 drop "
+     "w=1601..7600 uncork @2840 ask @3040 ask p1040"},
     {"AStreamThatComesLateIsHeardFromThePlaceThatIsShown",
      "slow start facts run=2500 slow=0 run=500",
-     "@0 dial facts open=file.mp3 @2200 p200 @2400 p400 @2500 name=file.mp3 drop w=1001..7000 "
-     "uncork @2540 ask @2700 ask p700 @2900 p900"},
+     "@0 dial facts open=file.mp3 @2240 p240 @2480 p480 @2500 name=file.mp3 drop w=1001..7000 "
+     "uncork @2540 ask @2740 ask p740 @2980 p980"},
     {"WhatHasNotComeIsNotWaitedForAgain", "slow start facts run=2500 start facts run=250",
-     "@0 dial facts open=file.mp3 @2200 p200 @2400 p400 @2500 quit facts @2700 p200"},
+     "@0 dial facts open=file.mp3 @2240 p240 @2480 p480 @2500 quit facts @2740 p240"},
     {"ARestingStreamOfAServerThatHangsIsLeftForTheSilentClock",
      "play=100 stop mute start facts run=2500 mute=0 run=300",
-     "@100 drop quit name=file.mp3 drop facts @2300 p200 @2500 p400 @2600 name=file.mp3 drop "
-     "w=1001..7000 uncork @2640 ask @2800 ask p700"},
+     "@100 drop quit name=file.mp3 drop facts @2340 p240 @2580 p480 @2600 name=file.mp3 drop "
+     "w=1001..7000 uncork @2640 ask @2840 ask p740"},
     {"ASeekWhoseAnswerFailsIsFoundByTheNextOne", "play=300 knows=0 seek=3 run=300 knows=1 run=400",
-     "@300 find=6600 drop w=6601..7300 uncork @340 ask @500 p3300 @540 ask @740 ask @900 ask "
-     "p3900"},
+     "@300 find=6600 drop w=6601..7300 uncork @340 ask @540 ask p3300 @740 ask @940 ask p3940"},
     {"APauseWhileTheStreamOpensHoldsIt",
      "slow start facts run=100 pause slow=0 run=4000 pause run=300",
-     "@0 dial facts open=file.mp3 @4100 uncork ask @4140 ask @4300 ask p200"},
+     "@0 dial facts open=file.mp3 @4100 uncork ask @4140 ask @4340 ask p240"},
     {"AStreamThatIsStoppedWhileItOpensLeaves", "slow play=100 stop run=100 slow=0 run=6000",
      "@5200 leave free"},
     {"AStreamThatASeekEndsWhileItOpensLeaves", "slow play=100 seek=99 run=100 slow=0 run=6000",
      "@100 p10000 @5200 leave free"},
     {"TheNextTrackTakesTheStreamThatStillOpens", "slow play=100 start facts run=100 slow=0 run=300",
-     "@100 quit facts @200 name=file.mp3 uncork @240 ask @300 ask p100"},
+     "@100 quit facts @200 name=file.mp3 uncork @240 ask @340 ask p140"},
     {"AStreamOfAnotherFormatLeavesAsSoonAsItIsUp",
      "slow play=100 mono start facts run=100 slow=0 run=100",
      "@100 quit free open=file.mp3 tag=///// stream=128/2000/1 length=10000 @200 leave uncork "
@@ -324,12 +322,12 @@ const Row kRows[] = {
      "open=file.mp3 w=3481..9480 uncork @4840 ask"},
     {"AnAnswerToAPauseThatComesLateDoesNotMoveThePlace",
      "play=450 mute pause run=1000 pause run=250 mute=0 run=250",
-     "@450 cork ask @1450 uncork ask @1650 p450 @1700 ask @1850 p850"},
-    {"ARefusalLeavesTheSilentClock", "refuses start facts run=300", "@0 dial facts @200 p200"},
+     "@450 cork ask @1450 uncork ask @1690 p450 @1700 ask @1930 p930"},
+    {"ARefusalLeavesTheSilentClock", "refuses start facts run=300", "@0 dial facts @240 p240"},
     {"AStreamThatNeverOpensIsGivenUpForTheSilentClock", "slow start facts run=2500",
-     "@0 dial facts open=file.mp3 @2200 p200 @2400 p400"},
+     "@0 dial facts open=file.mp3 @2240 p240 @2480 p480"},
     {"NeverMoreThanFourSecondsAreQueued", "room=100000 play=0 queued run=300 queued",
-     "queued=8000 @40 ask @200 ask p200 @300 queued=8400"},
+     "queued=8000 @40 ask @240 ask p240 @300 queued=8480"},
     {"OneFrameIsWorthWritingButNotWhenNoRoomIsTold",
      "room=1 play=0 queued run=50 queued room=-2 run=100 queued",
      "queued=1 @40 ask @50 queued=4 @150 queued=4"},
@@ -337,81 +335,79 @@ const Row kRows[] = {
      "@3900 queued=12000 w=7841..3960/-4160 sum=27346903 queued=3960 w=3960..4158 w=4158..4389 "
      "w=4389..4554 p3900 @4100 queued=4554"},
     {"ATrackThatRunsDryStandsAndGoesOn", "limit=900 play=500 run=500 due limit=99999 run=500",
-     "@600 p450 @1000 due=0 @1040 ask @1200 ask p650 @1400 p850"},
+     "@1000 due=200000 @1040 ask @1200 ask p650 @1440 p890"},
     {"TheVolumeBeforeAStreamIsOpenIsThere",
      "slow play=100 volume=-3 volume=107 volume=50 slow=0 run=100 queued",
      "@100 uncork @140 ask @200 queued=3040"},
     {"TheVolumeIsWrittenAnewShortlyBehindWhatIsHeard",
      "play=500 volume=57 sum run=300 room=500 seek=-9 pump sum",
-     "@500 w=1041..3876/-5760 sum=25750067 @600 p600 @800 find=0 drop uncork sum=290703"},
+     "@500 w=1041..3967/-5920 sum=27004996 @720 p720 @800 find=0 drop uncork sum=290703"},
     {"TheVolumeLastsOverTracks", "play=500 volume=50 room=500 start facts pump queued",
-     "@500 w=1041..3400/-5760 drop quit name=file.mp3 drop facts uncork queued=250"},
+     "@500 w=1041..3480/-5920 drop quit name=file.mp3 drop facts uncork queued=250"},
     {"OfAnInvisibleWindowThePlaceIsToldOnceASecond",
      "window=0 play=0 run=2600 window=1 run=100 window=1 run=200",
-     "@40 ask @240 ask @1000 p1000 @2000 p2000 @2600 p2600 @2800 p2800"},
+     "@40 ask @240 ask @1000 p1000 @2000 p2000 @2600 p2600 @2840 p2840"},
     {"AfterALateWakeUpPlacesKeepApart", "play=100 sleep=170000 pump due sleep=310000 pump due",
-     "@270 ask p270 due=130000 @580 p580 due=100000"},
+     "@270 ask p270 due=240000 @580 p580 due=240000"},
     {"TheScopeGetsFramesAheadOfTheirMoments", "scope play=370 scope=0 run=250 scope=1 pump frames?",
-     "@396 vis=13 @400 p400 @429 vis=14 @462 vis=15 @495 vis=16 @528 vis=17 @561 vis=18 @594 "
-     "vis=19 @600 p600 @620 627:5136384 660:5406720 693:5677056 726:5947392 759:6217728 "
-     "792:6488064 825:6758400 858:7028736"},
-    {"ABusyLoopIsToldTheFactsAndTheLastPlace", "busy play=900 busy=0 run=10", "@900 facts p800"},
+     "@400 vis=13 @434 vis=14 @467 vis=15 @500 vis=16 p500 @534 vis=17 @567 vis=18 @600 vis=19 "
+     "@620 633:5181440 666:5455872 699:5726208 733:6000640 766:6275072 799:6545408 833:6819840 "
+     "866:7094272"},
+    {"ABusyLoopIsToldTheFactsAndTheLastPlace", "busy play=900 busy=0 run=10", "@900 facts p900"},
     {"APlaceFromBeforeAPauseIsNotTold", "busy play=300 pause busy=0 pump", "@300 cork ask facts"},
     {"NothingIsToldOfATrackThatIsGone", "busy play=300 start facts run=250 busy=0 pump",
-     "@300 drop quit name=file.mp3 drop uncork @340 ask @500 ask @550 facts p200"},
+     "@300 drop quit name=file.mp3 drop uncork @340 ask @540 ask @550 facts p240"},
     {"AFrameIsShownUpToAMillisecondEarly", "scope play=60 sleep=40500 pump run=60",
-     "@100+ ask vis=4 @131+ vis=5"},
+     "@100+ ask vis=4 @133+ vis=5"},
     {"TheScopeTakesOneChannelAsItIs", "clock=10 mono scope start facts run=60 frames?",
-     "@0 tag=///// stream=128/2000/1 length=10000 vis=1 @33 vis=2 @60 0:0 33:1189190 66:1337492 "
-     "99:1494506 132:1660232 165:1834670 198:2017820 231:2209682 264:2410256"},
+     "@0 tag=///// stream=128/2000/1 length=10000 vis=1 @34 vis=2 @60 0:0 33:1189190 66:1339806 "
+     "99:1496952 133:1665390 166:1842806 199:2026352 233:2221590 266:2425806"},
     {"AfterASeekTheScopeSeesNothingElse",
      "scope play=100 seek=3 run=40 frames? limit=6900 seek=0 run=20 frames?",
-     "find=6200 drop w=6201..6900 uncork @132 vis=12 @133 vis=13 @140 100:13746176 133:13746176 "
-     "ask find=6200 drop w=6201..6900 uncork vis=14 @160 140:9170000"},
+     "ask find=6199 drop w=6200..6899 uncork vis=11 @133+ vis=12 @140 100:13744128 133:13744128 "
+     "ask find=6199 drop w=6200..6899 uncork vis=13 @160 140:9182399"},
     {"AfterAPauseTheScopeGoesOnAtOnce", "scope play=100 pause run=100 due pause run=20 frames?",
-     "cork ask @200 due=never uncork ask vis=12 ask @220 200:1498176 233:1664100 266:1838736 "
-     "299:2022084 332:2214144 365:2414916 398:2624400 431:2842596"},
+     "cork ask @200 due=never uncork ask vis=11 ask @220 200:1495729 233:1661521 266:1838736 "
+     "299:2022084 333:2217121 366:2421136 399:2630884 433:2852721"},
     {"TheNextTracksScopeBeginsAtOnce", "scope play=100 start facts run=10 frames?",
-     "drop quit name=file.mp3 drop facts uncork @110 100:1048576"},
+     "drop quit name=file.mp3 drop facts uncork vis=11 @110 100:1048576"},
     {"WhatIsNotDecodedYetWaitsForItsMoment", "limit=1400 scope start facts run=150 frames?",
-     "@0 dial facts open=file.mp3 uncork vis=1 @33 vis=2 @40 ask @66 vis=3 @99 ask vis=4 @132 "
-     "vis=5 @150 "
-     "0:1048576 33:1048576 66:1336336 99:1493284 132:1658944 165:1833316"},
+     "@0 dial facts open=file.mp3 uncork vis=1 @33+ vis=2 @40 ask @67 vis=3 @100 ask vis=4 @134 "
+     "vis=5 @150 0:1048576 33:1048576 66:1336336 99:1493284 133:1661521 166:1838736"},
     {"AtTheSilentClockTimeStandsWhileHeld",
      "clock=10 play=300 pause run=100 due pause run=300 seek=2 run=300",
-     "@400 due=never @600 p500 @700 find=5200 @900 p2800"},
+     "@400 due=never @640 p540 @700 find=5200 @940 p2840"},
     {"TheClockBeginsAnewWithEachTrack", "clock=10 play=300 pause stop run=500 start facts run=250",
-     "@800 quit facts @1000 p200"},
+     "@800 quit facts @1040 p240"},
     {"AFastClockPlaysTheSameInLessTime", "clock=40 frames=9000 length=9000 play=100 run=1700 due",
-     "@200 p800 @400 p1600 @600 p2400 @800 p3200 @1000 p4000 @1125 p4500 @1800 due=never"},
+     "@240 p960 @480 p1920 @720 p2880 @960 p3840 @1125 p4500 @1800 due=never"},
     {"TheSilentClockStandsWhereItRunsDry", "clock=10 limit=900 play=0 run=1000 limit=99999 run=500",
-     "@200 p200 @400 p400 @600 p450 @1200 p650 @1400 p850"},
+     "@240 p240 @480 p450 @1200 p650 @1440 p890"},
     {"TheEndComesWhenTheSinkHasPlayedAll", "latency=100 frames=1300 length=1300 play=0 run=2000",
-     "@40 ask @200 ask p100 @400 p300 @600 p500 @751 p650 @1251 drop"},
-    {"AnAnswerIsAsOldAsItsWay", "transport=30 play=0 run=300", "@40 ask @200 ask p230"},
+     "@40 ask @240 ask p140 @480 p380 @720 p620 @751 p650 @1251 drop"},
+    {"AnAnswerIsAsOldAsItsWay", "transport=30 play=0 run=300", "@40 ask @240 ask p270"},
     {"ABadOrFailedAnswerIsNone", "corrupt play=0 run=300 corrupt=0 knows=0 run=200 knows=1 run=400",
-     "@40 ask @200 p0 @240 ask @440 ask @640 ask @800 ask p800"},
+     "@40 ask @240 ask p0 @440 ask @640 ask @840 ask p840"},
     {"AHeldPlaceIsKnownBeforeTheServerTellsIt", "play=450 mute pause seek=3 pump",
      "@450 cork ask find=6900 drop w=6901..7600"},
     {"ASuspendedSinkStands", "play=300 suspend run=500 suspend=0 run=500",
-     "@300 ask @400 p300 @800 ask @1000 ask p500 @1200 p700"},
+     "@300 ask @480 p300 @800 ask @960 ask p460 @1200 p700"},
     {"AnswersBeforeASeekDoNotCount", "play=300 mute seek=3 run=300 seek=1 run=300 mute=0 run=300",
-     "@300 find=6600 drop w=6601..7300 uncork @500 p3300 @600 find=8600 drop w=8601..9300 uncork "
-     "@800 p4300 @900 ask @1000 ask p4700"},
+     "@300 find=6600 drop w=6601..7300 uncork @540 p3300 @600 find=8600 drop w=8601..9300 uncork "
+     "@840 p4300 @900 ask @1080 ask p4780"},
     {"AnotherFormatTakesAnotherStream", "play=100 stop mono start facts run=250 queued",
      "@100 drop quit leave free open=file.mp3 tag=///// stream=128/2000/1 length=10000 uncork "
-     "@140 ask "
-     "@300 ask p200 @350 queued=6400"},
+     "@140 ask @340 ask p240 @350 queued=6480"},
     {"AHoldBeforeTheNewPlaceIsQueuedStaysHeld",
      "play=300 room=0 seek=3 pump pause run=100 pause run=100 room=-1 run=300",
-     "@300 find=6600 drop cork ask @400 ask @500 w=6601..7300 uncork @540 ask @600 ask p3400"},
+     "@300 find=6600 drop cork ask @400 ask @500 w=6601..7300 uncork @540 ask @640 ask p3440"},
     {"ARestingStreamThatDiesGoes", "play=100 stop kills pump", "@100 drop leave free"},
     {"ANewTrackDoesNotWaitForTheOldOnesServer", "play=300 kills pump stop due start facts run=250",
-     "@300 leave free due=never quit open=file.mp3 facts uncork @340 ask @500 ask p200"},
+     "@300 leave free due=never quit open=file.mp3 facts uncork @340 ask @540 ask p240"},
     {"NothingOfATrackIsLeftForTheNext",
      "play=300 limit=0 seek=3 pump pause start limit=99999 facts run=250 seek=4 unknown start "
      "facts run=250",
-     "@300 find=6600 cork ask drop quit name=file.mp3 drop facts uncork @340 ask @500 ask p200 "
+     "@300 find=6600 cork ask drop quit name=file.mp3 drop facts uncork @340 ask @540 ask p240 "
      "@550 drop quit name=file.mp3 drop tag=///// stream=128/2000/2 uncork @590 ask @790 ask"},
 };
 

@@ -30,7 +30,7 @@ protected:
         m_window.Accessibility().Attach(
             {[this] { return ++m_builds, m_spoken; },
              [this](int x, int y) { Note(QString::asprintf("%d,%d", x, y)); }});
-        m_window.move(100, 200);
+        m_window.setPosition(100, 200);
     }
 
     std::vector<AccessibleControl> m_spoken{

@@ -50,12 +50,12 @@ TEST_F(QtDialogsTest, AMessageHasTheAnswerThatWasGivenAndKeepsTheWindowFromClosi
         QString shown;
         m_form.Caption = buttons == MessageButtons::Ok ? u"one" : u"two";
         WhenUp<QMessageBox>([&](QMessageBox& box) {
-            shown = box.windowTitle() + "|" + box.text() + "|" +
-                    (box.textFormat() == Qt::PlainText ? "" : "rich") +
-                    QString::number(box.icon()) +
-                    (box.parentWidget() == &m_window ? "|before " + m_window.windowHandle()->title()
-                                                     : "") +
-                    (box.width() < 240 ? "|narrow" : "");
+            shown =
+                box.windowTitle() + "|" + box.text() + "|" +
+                (box.textFormat() == Qt::PlainText ? "" : "rich") + QString::number(box.icon()) +
+                (box.windowHandle()->transientParent() == &m_window ? "|before " + m_window.title()
+                                                                    : "") +
+                (box.width() < 240 ? "|narrow" : "");
             for (const QAbstractButton* each : box.buttons())
                 shown += "|" + each->text();
             EXPECT_FALSE(m_window.close());
@@ -81,13 +81,13 @@ TEST_F(QtDialogsTest, EachQuestionBeginsAnewWhereTheLastFileWasAndNoFileIsReadFo
         QString shown;
         const Text answer = Choose(
             [&] {
-                shown = m_chooser->windowTitle() + "|" + m_chooser->nameFilters().join(";") + "|" +
-                        m_chooser->selectedNameFilter() + "|" + Name().text() +
-                        (Name().completer() ? "|proposals" : "") +
-                        (m_chooser->parentWidget() == &m_window && m_chooser->isWindow() ? "|owned|"
-                                                                                         : "|") +
-                        QString::number(m_chooser->fileMode() + m_chooser->options().toInt()) +
-                        "|" + QDir::home().relativeFilePath(m_chooser->directory().path());
+                shown =
+                    m_chooser->windowTitle() + "|" + m_chooser->nameFilters().join(";") + "|" +
+                    m_chooser->selectedNameFilter() + "|" + Name().text() +
+                    (Name().completer() ? "|proposals" : "") +
+                    (m_chooser->windowHandle()->transientParent() == &m_window ? "|owned|" : "|") +
+                    QString::number(m_chooser->fileMode() + m_chooser->options().toInt()) + "|" +
+                    QDir::home().relativeFilePath(m_chooser->directory().path());
                 m_chooser->selectNameFilter("All (*)");
                 Enter(typed);
             },

@@ -15,7 +15,7 @@ TEST(QtJumpList, FindsWhatIsTypedInALongListAndMarksWhatPlays) {
     std::vector<Text> rows;
     for (int number = 1; number <= 2500; ++number)
         rows.push_back(u"Track " + Decimal(number) + u".mp3");
-    JumpList list(nullptr, rows, 1800);
+    JumpList list(rows, 1800);
     list.show();
     auto& view = *list.findChild<QListView*>();
     auto& field = *list.findChild<QLineEdit*>();

@@ -14,13 +14,16 @@ protected:
         m_form.VFmp3scope1.Visible = m_form.shpPercent[0].Visible = false;
     }
 
-    QImage Draw(double scale = 1, Rect damage = {0, 0, 120, 50}) {
+    QImage Draw(QtLabels& labels, double scale = 1, Rect damage = {0, 0, 120, 50}) {
         QImage image(QSize(120, 50) * scale, QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(scale);
         image.fill(FormColour());
         QPainter painter(&image);
-        PaintScene(painter, m_labels, SceneOf(m_form), damage);
+        PaintScene(painter, labels, SceneOf(m_form), damage);
         return image;
+    }
+    QImage Draw(double scale = 1, Rect damage = {0, 0, 120, 50}) {
+        return Draw(m_labels, scale, damage);
     }
 
     // A label at 10,10 with these words.
@@ -222,4 +225,16 @@ TEST_F(Paint, ATextIsOneLineFromTheLeftWithoutControlCharacters) {
         EXPECT_EQ(Write(text), Write(same)) << QString::fromStdU16String(text).toStdString();
     for (const char16_t seen : {u'!', u'~', u'\u00A1'})
         EXPECT_NE(Write(Text(u"a") + seen), Write(u"a")) << int(seen);
+}
+
+TEST_F(Paint, ARunningTextIsMovedToWhatDrawingItAnewWouldShow) {
+    // Letters of all widths, some that reach over their own, a piece that the font lacks, and a
+    // text that ends inside the label.
+    for (Text words : {Text(u"iiWjfAVgT.|\u0416m l'~@\u00C4 a\u5B57b 0123456789"), Text(u"jW f")})
+        for (std::size_t turn = 0; turn < 2 * words.size(); ++turn) {
+            const QImage moved = Write(words);
+            QtLabels fresh;
+            EXPECT_EQ(moved, Draw(fresh)) << turn;
+            std::rotate(words.begin(), words.begin() + 1, words.end());
+        }
 }

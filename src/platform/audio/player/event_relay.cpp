@@ -50,7 +50,12 @@ void EventRelay::Raise(const EventStamp& stamp, PlayerEvent event) {
                 return;
             }
         }
+        const bool rides = m_framesRun && IsPassing(event);
         m_waiting.push_back({stamp, std::move(event)});
+        if (rides) {
+            ++m_riding;
+            return;
+        }
     }
     m_loop.Post([relay = shared_from_this()] { relay->DeliverOne(); });
 }
@@ -82,12 +87,24 @@ std::optional<Long> EventRelay::TakeDueFrame(std::optional<std::int64_t>& nextUs
     return due;
 }
 
+void EventRelay::DeliverRiding() {
+    int riding = 0;
+    {
+        const std::lock_guard lock(m_mutex);
+        riding = std::exchange(m_riding, 0);
+    }
+    for (; riding > 0; --riding)
+        m_loop.Post([relay = shared_from_this()] { relay->DeliverOne(); });
+}
+
 void EventRelay::DeliverFrame() {
     std::optional<std::int64_t> nextUs;
     const std::optional<Long> due = TakeDueFrame(nextUs);
-    // Before the handler, which may wait.
+    // Before the handler, which may wait. Nobody rides once no frame is on its way.
+    DeliverRiding();
     if (nextUs)
-        m_loop.PostIn(*nextUs / 1000, [relay = shared_from_this()] { relay->DeliverFrame(); });
+        m_loop.PostIn((*nextUs + 999) / 1000,
+                      [relay = shared_from_this()] { relay->DeliverFrame(); });
     if (due && m_events) m_events->OnVisData(*due);
 }
 

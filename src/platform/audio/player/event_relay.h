@@ -36,9 +36,10 @@ struct EventStamp {
     int Command = 0;
 };
 
-/// One task delivers one event. An event is dropped at its delivery if its track is no longer the
-/// present one, and a position or frame of samples also if it was raised before the last pause or
-/// seek.
+/// One task delivers one event; a position goes along with the next frame, where one is on its way,
+/// so that the loop's thread needn't wake up for it. An event is dropped at its delivery if its
+/// track is no longer the present one, and a position or frame of samples also if it was raised
+/// before the last pause or seek.
 class EventRelay : public std::enable_shared_from_this<EventRelay> {
 public:
     explicit EventRelay(Loop& loop) : m_loop(loop) {}
@@ -77,6 +78,7 @@ private:
     void DeliverOne();
     void DeliverFrame();
     [[nodiscard]] std::optional<Long> TakeDueFrame(std::optional<std::int64_t>& nextUs);
+    void DeliverRiding();
     [[nodiscard]] bool IsWanted(const Waiting& waiting) const;
 
     Loop& m_loop;
@@ -87,4 +89,5 @@ private:
     std::deque<WaitingFrame> m_frames;
     /// Whether a task is on its way that delivers frames, and leads to the next such task.
     bool m_framesRun = false;
+    int m_riding = 0; ///< How many of `m_waiting` have no task, and go along with that one.
 };

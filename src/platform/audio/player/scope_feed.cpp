@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::int64_t kScopeUs = 33'000;
+constexpr std::int64_t kScopeUs = 33'333;
 /// Beyond the next position, so that the frames need no wake-up of their own.
 constexpr std::int64_t kScopeAheadUs = 260'000;
 

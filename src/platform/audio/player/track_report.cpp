@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr std::int64_t kTellUs = 200'000;
-constexpr std::int64_t kTellInvisibleUs = 1'000'000;
-/// A place that nobody sees goes along with whatever else woke the thread.
-constexpr std::int64_t kTellEarlyUs = 500'000;
+/// Places go along with whatever else wakes the thread, if that is early by no more than this. With
+/// the server's requests that makes five a second.
+constexpr std::int64_t kTellUs = 240'000, kTellEarlyUs = 80'000;
+constexpr std::int64_t kTellInvisibleUs = 1'000'000, kTellInvisibleEarlyUs = 500'000;
 
 Integer ClampToInteger(int number) {
     return static_cast<Integer>(std::clamp<int>(number, 0, std::numeric_limits<Integer>::max()));
@@ -39,9 +39,8 @@ void TrackReport::TellLength(std::int64_t frames) {
 }
 
 void TrackReport::TellPlace(std::int64_t frame, std::int64_t lengthFrames, std::int64_t nowUs) {
-    if (nowUs < m_tellAtUs - (m_windowVisible ? 0 : kTellEarlyUs)) return;
-    m_tellAtUs = m_windowVisible ? std::max(m_tellAtUs + kTellUs, nowUs + kTellUs / 2)
-                                 : nowUs + kTellInvisibleUs;
+    if (nowUs < m_tellAtUs - (m_windowVisible ? kTellEarlyUs : kTellInvisibleEarlyUs)) return;
+    m_tellAtUs = nowUs + (m_windowVisible ? kTellUs : kTellInvisibleUs);
     // The length itself is kept for the end.
     const Long ms = std::min<Long>(MsOf(frame), std::max<Long>(0, MsOf(lengthFrames) - 1));
     if (m_lastToldMs == ms) return;

@@ -6,6 +6,7 @@
 #include <functional>
 #include <kiss_fftr.h>
 #include <numbers>
+#include <utility>
 
 namespace {
 
@@ -52,6 +53,13 @@ struct AudioScope::Transform {
         kiss_fftr(Plan, Windowed.data(), Spectrum.data());
     }
 
+    /// Reckons the edges of the bands at a rate, unless it is the one of the last frame.
+    void TakeRate(int rateHz) {
+        if (std::exchange(RateHz, rateHz) == rateHz) return;
+        for (std::size_t band = 0; band < Edges.size(); ++band)
+            Edges[band] = FirstLine(band, rateHz);
+    }
+
     [[nodiscard]] float Loudest(std::size_t first, std::size_t last) const {
         float power = 0;
         for (std::size_t i = first; i < last; ++i)
@@ -63,6 +71,8 @@ struct AudioScope::Transform {
     std::array<float, SampleFrame::kCount> Window{};
     std::array<float, SampleFrame::kCount> Windowed{};
     std::array<kiss_fft_cpx, kLines> Spectrum{};
+    int RateHz = 0;
+    std::array<std::size_t, ScopeBars::kCount + 1> Edges{};
 };
 
 AudioScope::AudioScope(const SampleRing& ring, ScopeBars& bars)
@@ -73,14 +83,13 @@ AudioScope::~AudioScope() = default;
 void AudioScope::ShowVisData(Long& VisData) {
     if (!m_transform->Plan || !m_ring.Take(VisData, m_frame)) return;
     m_transform->Work(m_frame);
+    m_transform->TakeRate(m_frame.RateHz);
     std::array<float, ScopeBars::kCount> heights{};
-    std::size_t first = FirstLine(0, m_frame.RateHz);
     for (std::size_t band = 0; band < heights.size(); ++band) {
-        const std::size_t next = FirstLine(band + 1, m_frame.RateHz);
+        const std::size_t first = m_transform->Edges[band];
         // Low bands are narrower than a line, and those above half the rate have none.
-        const std::size_t end = std::min(std::max(first + 1, next), kLines);
+        const std::size_t end = std::min(std::max(first + 1, m_transform->Edges[band + 1]), kLines);
         heights[band] = HeightOf(m_transform->Loudest(first, end));
-        first = next;
     }
     const std::int64_t stepMs =
         std::clamp<std::int64_t>(m_frame.AtMs - m_lastMs, 0, kLongestStepMs);
