@@ -4,10 +4,12 @@
 #include <QPixmapCache>
 #include <csignal>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "main_comforts.h"
 #include "platform/audio/click/click_sound.h"
 #include "platform/audio/player/audio_player.h"
 #include "platform/audio/scope/audio_scope.h"
@@ -60,9 +62,9 @@ void PrepareApplication() {
 // The state, and the scope that draws into its form: each knows the other.
 struct Logic {
     Logic(QtWindow& window, QtDialogs& dialogs, QtLoop& loop, QtPictures& pictures,
-          QtSystem& system, AudioPlayer& player)
+          QtSystem& system, Player& player, SampleRing& ring)
         : State({window, dialogs, loop, pictures, system, player, Scope}),
-          Scope(player.Ring(), State.frmMain.VFmp3scope1.Bars) {}
+          Scope(ring, State.frmMain.VFmp3scope1.Bars) {}
 
     Velora State;
     AudioScope Scope;
@@ -89,6 +91,8 @@ void LetScreenReadersIn(QtWindow& window, QtLoop& loop, Velora& velora, FormHand
 int main(int count, char** arguments) {
     const Text commandLine = CommandLineText(
         std::vector<std::string>(arguments + 1, arguments + count), ProcessDirectory());
+    std::optional<WantedComforts> wanted = PrepareComforts(commandLine);
+    if (!wanted) return 0;
     PrepareToolkit();
 
     QtLoop loop;
@@ -107,26 +111,32 @@ int main(int count, char** arguments) {
     QtPictures pictures;
     ClickSound click;
     QtSystem system{commandLine, [&](const Text& path) { return click.PlayAndWait(path); }};
-    Logic logic(window, dialogs, loop, pictures, system, player);
+    MainComforts comforts(std::move(*wanted), player, loop, window);
+    Logic logic(window, dialogs, loop, pictures, system, comforts.PlayerOf(player), player.Ring());
     Velora& velora = logic.State;
     FormHandlers formHandlers(velora);
     PlayerHandlers playerHandlers(velora);
 
     system.Attach(window);
-    player.Attach(playerHandlers);
+    comforts.Attach(velora, player, playerHandlers, formHandlers, system);
     window.Attach(velora.frmMain, formHandlers,
                   [&](bool visible, bool scope) { player.SetVisibility(visible, scope); });
-    loop.Attach(velora.frmMain, formHandlers, [&] { window.ShowChanges(); });
+    loop.Attach(velora.frmMain, formHandlers, [&] {
+        comforts.Look();
+        window.ShowChanges();
+    });
     LetScreenReadersIn(window, loop, velora, formHandlers);
     if (!WatchEndSignals([&] { formHandlers.OnClose(); })) return 1;
 
     Form_Load(velora);
+    comforts.Load();
     bool isPainted = false;
     window.AfterPaint = [&](const QRegion&) {
         if (std::exchange(isPainted, true)) return;
         loop.Post([&] {
             ShowProgramIcon();
             click.Prepare(system.ApplicationDirectory() + u"\\click.wav");
+            comforts.Begin();
         });
     };
     window.ShowFirst();

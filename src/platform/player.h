@@ -9,8 +9,8 @@
 /// What a player reports. Each call comes on the loop's thread, from the loop, never from inside
 /// one of the player's operations. For a track the order is: `OnTagInfo`, `OnStreamInfo`,
 /// `OnTrackLength`, each once, then `OnPosition` about five times a second, or once while the
-/// window isn't visible; a file that can't be played raises nothing. Events of a track that has
-/// been stopped don't arrive any more.
+/// window isn't visible; a file that can't be played raises `OnUnplayable` alone. Events of a track
+/// that has been stopped don't arrive any more.
 class PlayerEvents {
 public:
     virtual ~PlayerEvents() = default;
@@ -33,10 +33,13 @@ public:
     /// The place that is heard, in milliseconds. `Length` itself comes last, when a track has
     /// played to its end; the track stays loaded then.
     virtual void OnPosition(Long Position) = 0;
+
+    /// The file can't be played, and nothing else is raised for it. Nobody needs to listen.
+    virtual void OnUnplayable() {}
 };
 
 /// Plays one file at a time. No operation waits for a file, a sound server or another thread, and
-/// none reports a failure: what can't be played raises no events.
+/// none reports a failure by itself: what can't be played tells so by an event.
 class Player {
 public:
     virtual ~Player() = default;
@@ -61,6 +64,9 @@ public:
     /// Moves the playing place by `seconds` from the place that is heard, clamped to the track. 0
     /// does nothing.
     virtual void Seek(Long seconds) = 0;
+
+    /// The same by milliseconds.
+    virtual void SeekBy(Long milliseconds) = 0;
 
     /// The amplitude in percent, 0 to 100; other values are clamped. It lasts over tracks. Starts
     /// at 100.

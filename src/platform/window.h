@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -17,6 +18,8 @@ struct MenuEntry {
     Text Caption; ///< "-" is a separator.
     bool Visible = true;
     bool Enabled = true;
+    std::optional<bool> Marked = std::nullopt; ///< One that can have a mark, and whether it has.
+    bool OpensMenu = false;                    ///< Its children show in a menu of their own.
 };
 
 /// The mouse buttons as mouse events number them; a set of held buttons is their sum.
@@ -40,8 +43,8 @@ public:
     virtual void BeginMove(Integer button) = 0;
 
     /// Pops up the children of `menu[root]` at the pointer, visible ones only, and waits, with
-    /// events going on. The index in `menu` of the chosen entry, or `root` if the user dismissed
-    /// it.
+    /// events going on. Children of children show only where they are asked for. The index in
+    /// `menu` of the chosen entry, or `root` if the user dismissed it.
     [[nodiscard]] virtual std::size_t PopupMenu(std::span<const MenuEntry> menu,
                                                 std::size_t root) = 0;
 };

@@ -13,21 +13,27 @@ namespace {
 constexpr double kSecondsBetweenTracks = 0.2;
 constexpr int kSuffixCharacters = 4;
 
+void Step(Velora& velora, StepDirection direction) {
+    const Integer current = velora.CurrentTrack;
+    const auto beside = [&] {
+        return direction == StepDirection::Forward ? IndexAfter(current, velora.Count)
+                                                   : IndexBefore(current, velora.Count);
+    };
+    const auto& choose = velora.Listeners.ChooseStep;
+    const std::optional<Integer> chosen = choose ? choose(direction) : beside();
+    if (!chosen) return;
+    velora.VFmp3player1.Stop();
+    ResetDisplay(velora);
+    Delay(velora.Loop, kSecondsBetweenTracks);
+    StartTrack(velora, choose ? *chosen : beside().value_or(Integer{0}));
+}
+
+} // namespace
+
 bool IsPlayable(const MediaEntry& entry) {
     if (entry.Type != kMp1Media && entry.Type != kMp2Media && entry.Type != kMp3Media) return false;
     return entry.Enabled && !(entry.Path.empty() && entry.File.empty());
 }
-
-void Step(Velora& velora, std::optional<Integer> (*indexBeside)(Integer current, Integer count)) {
-    const Integer current = velora.CurrentTrack;
-    if (!indexBeside(current, velora.Count)) return;
-    velora.VFmp3player1.Stop();
-    ResetDisplay(velora);
-    Delay(velora.Loop, kSecondsBetweenTracks);
-    StartTrack(velora, indexBeside(current, velora.Count).value_or(Integer{0}));
-}
-
-} // namespace
 
 Text DisplayName(TextView fileName) {
     TextView name = fileName;
@@ -83,9 +89,9 @@ std::optional<Integer> IndexBefore(Integer current, Integer count) {
 }
 
 void NextTrack(Velora& velora) {
-    Step(velora, IndexAfter);
+    Step(velora, StepDirection::Forward);
 }
 
 void PreviousTrack(Velora& velora) {
-    Step(velora, IndexBefore);
+    Step(velora, StepDirection::Backward);
 }

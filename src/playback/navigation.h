@@ -3,6 +3,9 @@
 
 #include "state/velora.h"
 
+/// Whether `StartTrack` starts the entry: it is filled, and of a kind that is played.
+[[nodiscard]] bool IsPlayable(const MediaEntry& entry);
+
 /// The name that runs through the title until the stream is known: `fileName` without its last four
 /// characters, followed by " ... ". A name too short to be cut stands alone.
 [[nodiscard]] Text DisplayName(TextView fileName);
@@ -25,7 +28,7 @@ void StartTrack(Velora& velora, Integer Index);
 
 /// Stop, reset, wait, and start the next entry; with fewer than 2 entries nothing happens. Takes
 /// about half a second with events running; a second step during it leads to the same entry, and a
-/// file that is chosen during it counts.
+/// file that is chosen during it counts. A listener of `ChooseStep` decides where it goes instead.
 void NextTrack(Velora& velora);
 
 /// The same backwards. With one entry the track stops.

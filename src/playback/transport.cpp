@@ -57,6 +57,12 @@ EjectCommand DecideEject(bool atRest, Integer Shift) {
     return Shift == 0 ? EjectCommand::SelectMedia : EjectCommand::SelectPlaylist;
 }
 
+void StopTrack(Velora& velora) {
+    SetPicture(velora.frmMain.picPlay, velora.frmMain.picPlay1.Picture);
+    velora.VFmp3player1.Stop();
+    ResetDisplay(velora);
+}
+
 void SelectMediaFile(Velora& velora) {
     StartTrack(velora, AskForMedia(velora));
 }
@@ -90,9 +96,7 @@ void picPlay_MouseUp(Velora& velora, const MouseEvent&) {
     case PlayCommand::ShowStop:
         return SetPicture(form.picPlay, form.picStop1.Picture);
     case PlayCommand::StopTrack:
-        SetPicture(form.picPlay, form.picPlay1.Picture);
-        velora.VFmp3player1.Stop();
-        return ResetDisplay(velora);
+        return StopTrack(velora);
     }
 }
 

@@ -27,6 +27,9 @@ enum class EjectCommand { None, SelectMedia, SelectPlaylist };
 /// `atRest` ends a press that was dragged off; `Shift` is any modifier key.
 [[nodiscard]] EjectCommand DecideEject(bool atRest, Integer Shift);
 
+/// Stops the track and the display.
+void StopTrack(Velora& velora);
+
 /// Asks for a file and starts it.
 void SelectMediaFile(Velora& velora);
 

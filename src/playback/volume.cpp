@@ -42,7 +42,11 @@ void RestoreVolume(Velora& velora) {
     const std::optional<Integer> step =
         FlooredNumber<Integer>(ReadProfileString(velora.SettingsIni, u"Settings", u"Volume", {}));
     if (!step || *step < 1 || *step > kVolumeSteps) return;
-    if (velora.frmMain.lCurVol != 0) ShowVolumeStep(velora.frmMain, *step);
-    Integer value = VolumeValue(*step);
+    GoToVolumeStep(velora, *step);
+}
+
+void GoToVolumeStep(Velora& velora, Integer step) {
+    if (velora.frmMain.lCurVol != 0) ShowVolumeStep(velora.frmMain, step);
+    Integer value = VolumeValue(step);
     SendVolume(velora.VFmp3player1, value);
 }

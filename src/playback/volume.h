@@ -28,6 +28,9 @@ void ShowVolumeStep(Form& form, Integer step);
 /// other, and `Value` itself where that doesn't fit.
 void SendVolume(Player& player, Integer& Value);
 
+/// Goes to `step`, 1 to 7, from any other. It shows only on a skin that has a volume object.
+void GoToVolumeStep(Velora& velora, Integer step);
+
 /// Applies the volume that the settings file holds, a number from 1 to 7, as if the user had
 /// dragged to that step; without one nothing is sent. It shows only on a skin that has a volume
 /// object.

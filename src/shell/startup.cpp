@@ -15,13 +15,13 @@ namespace {
 constexpr Integer kMediaLimit = 2500;
 constexpr Integer kCommandLineFlag = 1;
 
-void StartFromCommandLine(Velora& velora) {
-    CommandLineFile file = FileOfCommandLine(velora.System.CommandLine());
+} // namespace
+
+void StartFromCommandLine(Velora& velora, TextView commandLine) {
+    CommandLineFile file = FileOfCommandLine(commandLine);
     if (file.Directory.empty()) return;
     StartTrack(velora, AddMedia(velora, kCommandLineFlag, file.Directory, file.FileName));
 }
-
-} // namespace
 
 CommandLineFile FileOfCommandLine(TextView commandLine) {
     const TextView path = WithoutFirstCharacter(WithoutLastCharacter(commandLine));
@@ -32,7 +32,7 @@ CommandLineFile FileOfCommandLine(TextView commandLine) {
 void Form_Load(Velora& velora) {
     ResetObjects(velora.frmMain);
     InitialiseApplication(velora);
-    StartFromCommandLine(velora);
+    StartFromCommandLine(velora, velora.System.CommandLine());
     SetPicture(velora.frmMain.picPlay, velora.frmMain.picPlay1.Picture);
 }
 

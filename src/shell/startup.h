@@ -21,3 +21,6 @@ struct CommandLineFile {
 
 /// `commandLine` is the text behind the program's name.
 [[nodiscard]] CommandLineFile FileOfCommandLine(TextView commandLine);
+
+/// Enters the file of a command line and starts it; nothing happens if it means none.
+void StartFromCommandLine(Velora& velora, TextView commandLine);

@@ -23,8 +23,10 @@ void PopUpMenu(Velora& velora) {
     ForgetCapture(velora.Capture);
     const std::size_t chosen =
         velora.Window.PopupMenu(menu, MenuIndex(velora.frmMain, "mnuHidden"));
+    const std::string_view name = menu[chosen].Name;
     for (const MenuCommand& command : kMenuCommands)
-        if (command.Name == menu[chosen].Name) command.Run(velora);
+        if (command.Name == name) return command.Run(velora);
+    if (velora.Listeners.MenuChosen) velora.Listeners.MenuChosen(name);
 }
 
 } // namespace

@@ -16,6 +16,7 @@
 #include "platform/window.h"
 #include "state/capture.h"
 #include "state/form.h"
+#include "state/listeners.h"
 #include "state/media_index.h"
 #include "state/records.h"
 
@@ -38,6 +39,7 @@ struct Velora : PlatformParts {
 
     Form frmMain;
     MouseCapture Capture; ///< Which control has the mouse.
+    ::Listeners Listeners;
 
     ::PlayerState PlayerState = ::PlayerState::Stopped;
 

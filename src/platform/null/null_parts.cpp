@@ -63,6 +63,10 @@ void NullPlayer::Seek(Long seconds) {
     m_journal.Note("Player.Seek " + Utf8(Decimal(seconds)));
 }
 
+void NullPlayer::SeekBy(Long milliseconds) {
+    m_journal.Note("Player.SeekBy " + Utf8(Decimal(milliseconds)));
+}
+
 void NullPlayer::SetVolume(Integer& percent) {
     m_journal.Note("Player.SetVolume " + Utf8(Decimal(percent)));
 }

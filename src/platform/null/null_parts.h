@@ -85,6 +85,7 @@ public:
     void Stop() override { m_journal.Note("Player.Stop"); }
     void TogglePause() override { m_journal.Note("Player.TogglePause"); }
     void Seek(Long seconds) override;
+    void SeekBy(Long milliseconds) override;
     void SetVolume(Integer& percent) override;
 
     std::vector<Text> Directories; ///< What the last `LookIn` was given.

@@ -43,6 +43,7 @@ void QtSystem::PlaySoundAndWait(const Text& path) {
 }
 
 void QtSystem::EndProcess() {
+    if (const auto before = std::exchange(BeforeEnd, nullptr)) before();
     // Hiding reaches the display by itself; the toolkit's sync would let events happen.
     if (m_window) m_window->hide();
     VELORA_CHECK_LEAKS();

@@ -17,6 +17,9 @@ public:
     /// The window that `EndProcess` hides before the process ends.
     void Attach(QWindow& window) { m_window = &window; }
 
+    /// Called once when the process is about to end.
+    std::function<void()> BeforeEnd;
+
     [[nodiscard]] Text ApplicationDirectory() const override { return m_directory; }
     [[nodiscard]] Text IniFile(const Text& name) const override;
     [[nodiscard]] Text OwnIniFile(const Text& name) const override;

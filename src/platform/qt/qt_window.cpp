@@ -15,6 +15,7 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/qt/qt_menu.h"
 #include "platform/qt/qt_paint.h"
 #include "platform/qt/qt_rect.h"
 #include "platform/qt/qt_server.h"
@@ -345,15 +346,7 @@ std::size_t QtWindow::PopupMenu(std::span<const MenuEntry> menu, std::size_t roo
     QMenu popup;
     // A press beside the menu only closes it.
     popup.setAttribute(Qt::WA_NoMouseReplay);
-    for (std::size_t index = root + 1; index < menu.size() && menu[index].Level > menu[root].Level;
-         ++index) {
-        const MenuEntry& entry = menu[index];
-        if (entry.Level != menu[root].Level + 1 || !entry.Visible) continue;
-        QAction* action = entry.Caption == u"-" ? popup.addSeparator()
-                                                : popup.addAction(ToQString(entry.Caption));
-        action->setEnabled(entry.Enabled);
-        action->setData(static_cast<qulonglong>(index));
-    }
+    FillMenu(popup, menu, root);
     const QAction* chosen = popup.exec(QCursor::pos());
     return chosen ? static_cast<std::size_t>(chosen->data().toULongLong()) : root;
 }

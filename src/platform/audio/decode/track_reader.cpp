@@ -64,7 +64,7 @@ void DecodeInto(TrackSession& session, MpegDecoder& decoder) {
 void ReadTrack(const TrackSource& source, const std::shared_ptr<TrackSession>& session) {
     const std::unique_ptr<MpegDecoder> decoder =
         MpegDecoder::Open(OpenSource(source), session->QuitFlag());
-    if (!decoder) return;
+    if (!decoder) return session->Refuse();
     const TrackFacts& facts = decoder->Facts();
     session->SetFacts(facts, FramesOfMs(kQueueMs, facts.Format.RateHz));
     if (!facts.LengthFrames) {
@@ -78,8 +78,7 @@ void ReadTrack(const TrackSource& source, const std::shared_ptr<TrackSession>& s
 
 void StartReading(TrackSource source, std::shared_ptr<TrackSession> session) {
     // Without a thread the track is one that can't be played.
-    [[maybe_unused]] const bool started =
-        StartDetached("velora-reader", [source = std::move(source), session = std::move(session)] {
-            ReadTrack(source, session);
-        });
+    if (!StartDetached("velora-reader",
+                       [source = std::move(source), session] { ReadTrack(source, session); }))
+        session->Refuse();
 }

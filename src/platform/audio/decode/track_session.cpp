@@ -28,6 +28,11 @@ std::optional<TrackFacts> TrackSession::TakeFacts() {
     return std::exchange(m_facts, std::nullopt);
 }
 
+bool TrackSession::TakeRefusal() {
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_refused, false);
+}
+
 std::optional<std::int64_t> TrackSession::TakeScannedLength() {
     const std::lock_guard lock(m_mutex);
     return std::exchange(m_scannedLength, std::nullopt);
@@ -64,6 +69,14 @@ void TrackSession::SetFacts(TrackFacts facts, std::size_t queueFrames) {
         const std::lock_guard lock(m_mutex);
         m_queueLimit = queueFrames * static_cast<std::size_t>(facts.Format.Channels);
         m_facts = std::move(facts);
+    }
+    m_bell->Ring();
+}
+
+void TrackSession::Refuse() {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_refused = true;
     }
     m_bell->Ring();
 }

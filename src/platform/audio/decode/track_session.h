@@ -39,6 +39,8 @@ public:
     void RequestSeek(std::int64_t frame);
     /// The facts, given once, when the reader has found them.
     [[nodiscard]] std::optional<TrackFacts> TakeFacts();
+    /// Whether the reader has found that the file can't be played; told once.
+    [[nodiscard]] bool TakeRefusal();
     /// The exact length in frames, given once, if a scan had to find it.
     [[nodiscard]] std::optional<std::int64_t> TakeScannedLength();
     /// The next chunk from the place asked for last. Nothing if none is ready; the bell rings when
@@ -55,6 +57,8 @@ public:
     [[nodiscard]] const std::atomic<bool>* QuitFlag() const { return &m_quit; }
     /// What the file is, and how many frames the queue of chunks is to hold.
     void SetFacts(TrackFacts facts, std::size_t queueFrames);
+    /// The file can't be played; neither facts nor chunks follow.
+    void Refuse();
     /// The result of a scan; nothing if it failed.
     void SetScan(std::optional<LengthScan> scan);
     /// The index of the scan, given once.
@@ -78,6 +82,7 @@ private:
     std::optional<std::int64_t> m_scannedLength;
     std::optional<FrameIndex> m_index;
     bool m_scanFailed = false;
+    bool m_refused = false;
     std::deque<Chunk> m_chunks;
     std::size_t m_queuedSamples = 0;
     std::size_t m_queueLimit = 0; ///< In samples.

@@ -1,6 +1,7 @@
 // What the window's thread can ask of the player's.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <variant>
 
@@ -20,7 +21,7 @@ struct TogglePauseCommand {
 };
 struct SeekCommand {
     int Number = 0; ///< `EventStamp::Command` of the events that follow.
-    Long Seconds = 0;
+    std::int64_t Ms = 0;
 };
 struct SetVolumeCommand {
     int Percent = 0;

@@ -43,7 +43,7 @@ struct AudioEngine::Parts {
                 [&](PlayCommand& play) { Play(play, nowUs); },
                 [&](StopCommand&) { Track.Stop(nowUs); },
                 [&](TogglePauseCommand& toggle) { Track.TogglePause(toggle.Number, nowUs); },
-                [&](SeekCommand& seek) { Track.Seek(seek.Seconds, seek.Number, nowUs); },
+                [&](SeekCommand& seek) { Track.SeekBy(seek.Ms, seek.Number, nowUs); },
                 [&](SetVolumeCommand& volume) { Track.SetVolume(volume.Percent, nowUs); },
                 [&](SetVisibilityCommand& visible) { Track.SetVisibility(visible.Window, nowUs); },
                 [&](QuitCommand&) {

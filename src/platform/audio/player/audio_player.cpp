@@ -75,8 +75,16 @@ void AudioPlayer::TogglePause() {
 }
 
 void AudioPlayer::Seek(Long seconds) {
-    if (!m_loaded || seconds == 0) return;
-    Engine().Send(SeekCommand{NextCommand(), seconds});
+    SendSeek(std::int64_t{seconds} * 1000);
+}
+
+void AudioPlayer::SeekBy(Long milliseconds) {
+    SendSeek(milliseconds);
+}
+
+void AudioPlayer::SendSeek(std::int64_t milliseconds) {
+    if (!m_loaded || milliseconds == 0) return;
+    Engine().Send(SeekCommand{NextCommand(), milliseconds});
 }
 
 void AudioPlayer::SetVolume(Integer& percent) {

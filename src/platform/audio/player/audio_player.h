@@ -46,6 +46,7 @@ public:
     void Stop() override;
     void TogglePause() override;
     void Seek(Long seconds) override;
+    void SeekBy(Long milliseconds) override;
     void SetVolume(Integer& percent) override;
 
 private:
@@ -53,6 +54,7 @@ private:
     AudioEngine& Engine();
     /// The number of a new pause or seek; events from before it are dropped from now on.
     int NextCommand();
+    void SendSeek(std::int64_t milliseconds);
 
     AudioSettings m_settings;
     std::shared_ptr<SampleRing> m_ring;

@@ -29,6 +29,7 @@ void Tell(PlayerEvents& events, const PlayerEvent& event) {
                    },
                    [&](const LengthEvent& told) { events.OnTrackLength(told.LengthMs); },
                    [&](const PositionEvent& told) { events.OnPosition(told.PositionMs); },
+                   [&](const UnplayableEvent&) { events.OnUnplayable(); },
                },
                event);
 }

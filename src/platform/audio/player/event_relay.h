@@ -26,7 +26,9 @@ struct LengthEvent {
 struct PositionEvent {
     Long PositionMs = 0;
 };
-using PlayerEvent = std::variant<TagEvent, StreamEvent, LengthEvent, PositionEvent>;
+struct UnplayableEvent {};
+using PlayerEvent =
+    std::variant<TagEvent, StreamEvent, LengthEvent, PositionEvent, UnplayableEvent>;
 
 /// How old an event is: the number of its track, and of the last pause or seek before it.
 struct EventStamp {

@@ -52,10 +52,13 @@ void TrackPlayer::TogglePause(int command, std::int64_t nowUs) {
 }
 
 void TrackPlayer::Seek(Long seconds, int command, std::int64_t nowUs) {
+    SeekBy(std::int64_t{seconds} * 1000, command, nowUs);
+}
+
+void TrackPlayer::SeekBy(std::int64_t milliseconds, int command, std::int64_t nowUs) {
     if (m_track.Stage == TrackStage::Empty) return;
     m_report.SetCommand(command);
-    const std::int64_t distanceUs = static_cast<std::int64_t>(seconds) * 1'000'000;
-    m_track.SeekToUs = std::max<std::int64_t>(0, GoalUs(nowUs) + distanceUs);
+    m_track.SeekToUs = std::max<std::int64_t>(0, GoalUs(nowUs) + milliseconds * 1000);
 }
 
 /// Where the track is, or will be when the seeks that go on are done.
@@ -105,7 +108,10 @@ void TrackPlayer::Pump(std::int64_t nowUs) {
 
 void TrackPlayer::TakeFacts(std::int64_t nowUs) {
     const std::optional<TrackFacts> facts = m_track.Session->TakeFacts();
-    if (!facts) return;
+    if (!facts) {
+        if (m_track.Session->TakeRefusal()) m_report.TellUnplayable();
+        return;
+    }
     m_track.Stage = TrackStage::Ready;
     m_sound.Restart(facts->Format, 0, nowUs);
     if (!facts->Tags.Title.empty())

@@ -31,6 +31,7 @@ public:
     void TogglePause(int command, std::int64_t nowUs);
     /// Several seeks before a place is found add up.
     void Seek(Long seconds, int command, std::int64_t nowUs);
+    void SeekBy(std::int64_t milliseconds, int command, std::int64_t nowUs);
     void SetVolume(int percent, std::int64_t nowUs);
     /// Whether the window can be seen.
     void SetVisibility(bool window, std::int64_t nowUs);

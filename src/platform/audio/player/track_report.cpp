@@ -48,6 +48,10 @@ void TrackReport::TellPlace(std::int64_t frame, std::int64_t lengthFrames, std::
     m_relay.Raise(m_stamp, PositionEvent{ms});
 }
 
+void TrackReport::TellUnplayable() {
+    m_relay.Raise(m_stamp, UnplayableEvent{});
+}
+
 void TrackReport::TellEnd(std::int64_t lengthFrames) {
     m_relay.Raise(m_stamp, PositionEvent{MsOf(lengthFrames)});
 }

@@ -27,6 +27,8 @@ public:
     /// Tells that `frame` is heard, if it is time to. Of a track that has the length `lengthFrames`
     /// the very end isn't told here.
     void TellPlace(std::int64_t frame, std::int64_t lengthFrames, std::int64_t nowUs);
+    /// The file can't be played.
+    void TellUnplayable();
     /// The very end.
     void TellEnd(std::int64_t lengthFrames);
 
