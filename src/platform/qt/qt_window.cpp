@@ -215,6 +215,8 @@ void QtWindow::exposeEvent(QExposeEvent*) {
 }
 
 void QtWindow::paintEvent(QPaintEvent* event) {
+    // At another scale the store is a new one.
+    if (m_paintedRatio != devicePixelRatio()) m_unpainted = QRect(QPoint(0, 0), m_store.size());
     Paint(std::exchange(m_unpainted, {}));
     // The display has lost it, but the store hasn't.
     m_store.flush(event->region());
@@ -276,12 +278,15 @@ void QtWindow::closeEvent(QCloseEvent* event) {
     m_loop.Post([this] { m_events->OnClose(); });
 }
 
-void QtWindow::Paint(const QRegion& region) {
-    if (region.isEmpty()) return;
+void QtWindow::Paint(const QRegion& changed) {
+    if (changed.isEmpty()) return;
     if (!isExposed()) {
-        m_unpainted += region;
+        m_unpainted += changed;
         return;
     }
+    const double ratio = devicePixelRatio();
+    const bool isOtherScale = std::exchange(m_paintedRatio, ratio) != ratio;
+    const QRegion region = isOtherScale ? QRegion(QRect(QPoint(0, 0), m_store.size())) : changed;
     m_store.beginPaint(region);
     if (QPaintDevice* device = m_store.paintDevice()) PaintOn(*device, region);
     m_store.endPaint();

@@ -71,8 +71,9 @@ private:
     void TellVisibility(const Scene& now);
     /// Has the toolkit know where the window is.
     void FindPlace();
-    /// Paints `region` and sends it to the display, or keeps it until there is one to see it.
-    void Paint(const QRegion& region);
+    /// Paints `changed`, or all if the scale is another one, and sends it to the display; or keeps
+    /// it until there is one to see it.
+    void Paint(const QRegion& changed);
     void PaintOn(QPaintDevice& device, const QRegion& region);
     void Report(PointerKind kind, const QMouseEvent& event, Integer button);
     void CentreOnScreen();
@@ -95,6 +96,7 @@ private:
     bool m_isForced = false; ///< A manager gave the window another size than was asked for.
     Scene m_shown;
     Scene m_now; ///< Here for its memory alone: most scenes differ from the last one in little.
+    double m_paintedRatio = 0;  ///< Device pixels to one of the toolkit's, when it painted last.
     QRegion m_unpainted;        ///< What changed while nobody could see it.
     QRegion m_shape;            ///< The form's region in client pixels; used only while it has one.
     Integer m_held = kNoButton; ///< The buttons held at the event told last.
