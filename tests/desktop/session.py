@@ -126,14 +126,15 @@ class Session:
         # are the same as elsewhere. One refuses to be root.
         place = self.directory / name
         place.mkdir(mode=0o700)
-        told = {"weston": f"[core]\nidle-time=0\n[shell]\npanel-position=none\nlocking=false\n"
+        told = {"weston": f"[core]\nidle-time=0\nuse-pixman=true\nrenderer=pixman\n"
+                          f"[shell]\npanel-position=none\nlocking=false\n"
                           f"animation=none\nstartup-animation=none\nclose-animation=none\n"
                           f"background-color=0xff{GROUND[1:]}\nbackground-type=tile\n",
                 "sway": f"output * bg {GROUND} solid_color\ndefault_border none\n"
                         f"xwayland disable\nfor_window [app_id=velora] floating enable\n"}[name]
         (place / "config").write_text(told)
-        command = {"weston": ("weston", "--backend=x11-backend.so", "--use-pixman",
-                              "--width=1280", "--height=800"),
+        command = {"weston": ("weston", "--backend=x11-backend.so", "--width=1280",
+                              "--height=800"),
                    "sway": ("sway",)}[name]
         if os.geteuid() == 0:
             self.directory.chmod(0o711)
