@@ -126,7 +126,7 @@ class Session:
         # are the same as elsewhere. One refuses to be root.
         place = self.directory / name
         place.mkdir(mode=0o700)
-        told = {"weston": f"[core]\nidle-time=0\nuse-pixman=true\nrenderer=pixman\n"
+        told = {"weston": f"[core]\nidle-time=0\nuse-pixman=true\n"
                           f"[shell]\npanel-position=none\nlocking=false\n"
                           f"animation=none\nstartup-animation=none\nclose-animation=none\n"
                           f"background-color=0xff{GROUND[1:]}\nbackground-type=tile\n",

@@ -52,6 +52,14 @@ Integer ShiftSet(Qt::KeyboardModifiers keys) {
                                 (keys & Qt::AltModifier ? 4 : 0));
 }
 
+// The region with one more pixel on each side of its pieces.
+QRegion WithNeighbours(const QRegion& region) {
+    QRegion wider;
+    for (const QRect& piece : region)
+        wider += piece.adjusted(-1, -1, 1, 1);
+    return wider;
+}
+
 } // namespace
 
 QtWindow::QtWindow(QtLoop& loop)
@@ -288,9 +296,12 @@ void QtWindow::Paint(const QRegion& changed) {
     const bool isOtherScale = std::exchange(m_paintedRatio, ratio) != ratio;
     const QRegion region = isOtherScale ? QRegion(QRect(QPoint(0, 0), m_store.size())) : changed;
     m_store.beginPaint(region);
-    if (QPaintDevice* device = m_store.paintDevice()) PaintOn(*device, region);
+    // Where a piece ends within a device pixel its neighbours belong to it: clearing, painting and
+    // clipping round otherwise there, and would leave seams.
+    const QRegion painted = ratio == std::floor(ratio) ? region : WithNeighbours(region);
+    if (QPaintDevice* device = m_store.paintDevice()) PaintOn(*device, painted);
     m_store.endPaint();
-    m_store.flush(region);
+    m_store.flush(painted);
     if (AfterPaint) AfterPaint(region);
 }
 
@@ -299,6 +310,7 @@ void QtWindow::PaintOn(QPaintDevice& device, const QRegion& region) {
     // Where the server itself cuts the window to its shape nothing is clipped here: at scales that
     // are no whole number the two would round otherwise, and leave specks along the edge.
     if (m_shown.Region && !m_isCutByServer) {
+        painter.setClipRegion(region);
         painter.setCompositionMode(QPainter::CompositionMode_Source);
         painter.fillRect(region.boundingRect(), Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);

@@ -83,7 +83,7 @@ TEST_F(QtDialogsTest, EachQuestionBeginsAnewWhereTheLastFileWasAndNoFileIsReadFo
             [&] {
                 shown =
                     m_chooser->windowTitle() + "|" + m_chooser->nameFilters().join(";") + "|" +
-                    m_chooser->selectedNameFilter() + "|" + Name().text() +
+                    m_chooser->selectedNameFilter().section(" (", 0, 0) + "|" + Name().text() +
                     (Name().completer() ? "|proposals" : "") +
                     (m_chooser->windowHandle()->transientParent() == &m_window ? "|owned|" : "|") +
                     QString::number(m_chooser->fileMode() + m_chooser->options().toInt()) + "|" +
