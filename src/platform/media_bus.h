@@ -1,5 +1,5 @@
 // The desktop's media controls: what they are told of the player, and what they ask of it. The
-// interface behind is MPRIS 2 (https://specifications.freedesktop.org/mpris-spec/latest/).
+// interface behind is the one that desktops call MPRIS 2, `org.mpris.MediaPlayer2`.
 #pragma once
 
 #include <cstdint>

@@ -28,8 +28,9 @@ MEDIA, LIST, SKIN, MESSAGE = "Select Media ...", "Select Playlist ...", "Select 
 WAV_HEADER_BYTES = 44
 
 
-def play(script, *parts, **options):
-    with Velora(*parts, **options) as velora:
+def play(script, *parts, stage=None, **options):
+    # On a stage of another kind, if one is given.
+    with (stage or Velora)(*parts, **options) as velora:
         for name, scene in list(script.items()):
             if inspect.isfunction(scene) and [*inspect.signature(scene).parameters] == ["velora"]:
                 begun = time.monotonic()

@@ -1,4 +1,4 @@
-// As the specification has them; the toolkit describes the interfaces that every object has.
+// As desktops know them; the toolkit describes the interfaces that every object has.
 #include "platform/qt/mpris_names.h"
 
 namespace {
