@@ -4,6 +4,7 @@
 
 #include <QMouseEvent>
 #include <QWindow>
+#include <utility>
 
 #include "platform/qt/qt_server.h"
 
@@ -29,7 +30,14 @@ bool IsUp(const X11Window& server, Integer button) {
 
 } // namespace
 
-QtMove::QtMove(QWindow& window) : m_window(window) {
+void MoveTo(QWindow& window, QPoint place) {
+    // On its way to another screen the toolkit takes a size for what it was on the last one.
+    const QSize fixed = window.maximumSize();
+    window.setGeometry(QRect(place, fixed == window.minimumSize() ? fixed : window.size()));
+}
+
+QtMove::QtMove(QWindow& window, std::function<void()> ended)
+    : m_window(window), m_ended(std::move(ended)) {
     m_managerMoves.setInterval(kLookMs);
     QObject::connect(&m_managerMoves, &QTimer::timeout, &m_managerMoves, [this] {
         if (IsUp(ServerWindow(m_window), kLeftButton)) LetManagerEnd();
@@ -57,7 +65,7 @@ bool QtMove::Takes(const QMouseEvent& event) {
         return false;
     }
     if (IsHeld(event, m_button))
-        m_window.setPosition(event.globalPosition().toPoint() - m_from);
+        MoveTo(m_window, event.globalPosition().toPoint() - m_from);
     else
         m_button = kNoButton;
     return true;
@@ -66,4 +74,5 @@ bool QtMove::Takes(const QMouseEvent& event) {
 void QtMove::LetManagerEnd() {
     m_managerMoves.stop();
     CancelMove(ServerWindow(m_window));
+    m_ended();
 }

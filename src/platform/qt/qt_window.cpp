@@ -25,6 +25,8 @@
 namespace {
 
 constexpr std::size_t kMostCaption = 1000;
+// The most that the toolkit takes: no limit.
+constexpr int kAnySizePx = (1 << 24) - 1;
 
 Integer ButtonNumber(Qt::MouseButton button) {
     switch (button) {
@@ -63,14 +65,16 @@ QRegion WithNeighbours(const QRegion& region) {
 } // namespace
 
 QtWindow::QtWindow(QtLoop& loop)
-    : m_loop(loop), m_store(this), m_move(*this), m_toolTip([this] { m_look.Follow(); }),
-      m_isCutByServer(HasServer()) {
+    : m_loop(loop), m_store(this), m_move(*this, [this] { FollowScale(); }),
+      m_toolTip([this] { m_look.Follow(); }), m_isCutByServer(HasServer()) {
     QSurfaceFormat format = requestedFormat();
     // Where it isn't needed it would be cleared before each painting.
     format.setAlphaBufferSize(m_isCutByServer ? -1 : 8);
     setFormat(format);
     setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
              Qt::WindowCloseButtonHint);
+    // Once all that belongs to the change has been heard.
+    connect(this, &QWindow::screenChanged, this, &QtWindow::FollowScale, Qt::QueuedConnection);
 }
 
 void QtWindow::Attach(Form& form, FormEvents& events,
@@ -88,6 +92,7 @@ void QtWindow::ShowFirst() {
     ShowFrame(m_shown);
     ShowShape(m_shown);
     ShowCaption(m_shown);
+    m_sizedRatio = devicePixelRatio();
     CentreOnScreen();
     Paint(QRect(QPoint(0, 0), m_store.size()));
     show();
@@ -149,7 +154,7 @@ void QtWindow::Minimise() {
 void QtWindow::FindPlace() {
     const std::optional<QPoint> corner = PlaceOnServer(*this);
     // The manager, which is asked for the place where the window is already, moves nothing.
-    if (corner && *corner != position()) setPosition(*corner);
+    if (corner && *corner != position()) MoveTo(*this, *corner);
 }
 
 void QtWindow::ShowSize(const Scene& now) {
@@ -238,6 +243,31 @@ void QtWindow::resizeEvent(QResizeEvent*) {
     if (m_store.size() == (m_isForced ? client.expandedTo(size()) : client)) return;
     ResizeStore(m_shown);
     Paint(QRect(QPoint(0, 0), m_store.size()));
+}
+
+void QtWindow::FollowScale() {
+    const double ratio = devicePixelRatio();
+    const QSize client(m_shown.Client.Right, m_shown.Client.Bottom);
+    // While a manager moves it to a screen of another scale it lets it have no other size.
+    if (m_isUp && m_isCutByServer &&
+        (std::exchange(m_sizedRatio, ratio) != ratio || size() != client))
+        AskForSize();
+}
+
+void QtWindow::AskForSize() {
+    // The middle decides on which screen a window is. It stays, or a window that grows could be on
+    // the other screen again, and shrink, without end.
+    QRect place(PlaceOnServer(*this).value_or(position()), size());
+    const QPoint middle = place.center();
+    place.setSize(QSize(m_shown.Client.Right, m_shown.Client.Bottom));
+    place.moveCenter(middle);
+    // The toolkit passes on what is new to it alone, and none of it is.
+    setMinimumSize(QSize());
+    setMaximumSize(QSize(kAnySizePx, kAnySizePx));
+    setMinimumSize(place.size());
+    setMaximumSize(place.size());
+    setGeometry(place);
+    ShowShape(m_shown);
 }
 
 void QtWindow::LosePointer() {

@@ -69,6 +69,11 @@ private:
     /// The platform has minimised the window, or brought it back.
     void FollowState();
     void TellVisibility(const Scene& now);
+    /// The window may be on a screen of another scale, or a manager's move may have ended.
+    void FollowScale();
+    /// Has the X server, which counts in its own pixels, know size and shape anew. Elsewhere the
+    /// platform does it.
+    void AskForSize();
     /// Has the toolkit know where the window is.
     void FindPlace();
     /// Paints `changed`, or all if the scale is another one, and sends it to the display; or keeps
@@ -96,7 +101,8 @@ private:
     bool m_isForced = false; ///< A manager gave the window another size than was asked for.
     Scene m_shown;
     Scene m_now; ///< Here for its memory alone: most scenes differ from the last one in little.
-    double m_paintedRatio = 0;  ///< Device pixels to one of the toolkit's, when it painted last.
+    double m_sizedRatio = 0;    ///< Device pixels to one of the toolkit's, at the last size.
+    double m_paintedRatio = 0;  ///< The same, when it painted last.
     QRegion m_unpainted;        ///< What changed while nobody could see it.
     QRegion m_shape;            ///< The form's region in client pixels; used only while it has one.
     Integer m_held = kNoButton; ///< The buttons held at the event told last.
