@@ -3,7 +3,7 @@
 # started in a session ends with it. Each wait is for a condition.
 #
 # As a program it runs a command in a session: session.py PART... -- COMMAND...
-# The parts are display, sound or shared_sound, manager, bus; SESSION_DIRECTORY is the session's own
+# The parts are display or screens, sound or shared_sound, manager, bus; SESSION_DIRECTORY is the session's own
 # directory.
 import contextlib
 import os
@@ -29,6 +29,35 @@ GROUND, NOBODY = "#204060", 65534
 BUS = """<busconfig><type>session</type><listen>{}</listen><policy context="default">
 <allow own="*"/>
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/></policy></busconfig>"""
+
+
+# No monitor says what it can show.
+SCREENS = """
+Section "ServerFlags"
+  Option "AutoAddDevices" "false"
+EndSection
+Section "Device"
+  Identifier "card"
+  Driver "dummy"
+  VideoRam 65536
+EndSection
+Section "Monitor"
+  Identifier "monitor"
+  HorizSync 5-1000
+  VertRefresh 5-200
+EndSection
+Section "Screen"
+  Identifier "screen"
+  Device "card"
+  Monitor "monitor"
+  DefaultDepth 24
+  SubSection "Display"
+    Depth 24
+    Virtual 2400 1200
+    Modes "800x600"
+  EndSubSection
+EndSection
+"""
 
 
 class GaveUp(Exception):
@@ -85,12 +114,36 @@ class Session:
         return process
 
     def start_display(self):
+        self.start_server("Xvfb", "-screen", 0, self.screen, "-r")
+
+    def start_screens(self):
+        # A display with screens that come and go, DUMMY0 and so on. It looks for no devices, and
+        # for no terminal to take over, since its seat isn't the first.
+        file = self.directory / "screens.conf"
+        file.write_text(SCREENS)
+        self.start_server("/usr/lib/xorg/Xorg", "-config", file, "-seat", "none", "-novtswitch",
+                          "-logfile", self.directory / "server.said")
+
+    def set_screens(self, places):
+        # To those that are named, each with its rectangle.
+        words = []
+        for name in "DUMMY0", "DUMMY1":
+            if name in places:
+                left, top, width, height = places[name]
+                subprocess.run(["xrandr", "--addmode", name, f"{width}x{height}"],
+                               capture_output=True)
+                words += ["--output", name, "--mode", f"{width}x{height}", "--pos", f"{left}x{top}"]
+            else:
+                words += ["--output", name, "--off"]
+        subprocess.run(["xrandr", *words], check=True, capture_output=True)
+
+    def start_server(self, *command):
         # The server chooses a free number and tells it. It must not start afresh whenever its last
         # client leaves, and not repeat a key whose release comes late on a busy machine, or a path
         # would be typed wrong.
         told, tells = os.pipe()
-        self.display = self.start("Xvfb", "-displayfd", tells, "-screen", 0, self.screen, "-r",
-                                  "-noreset", "-nolisten", "tcp", pass_fds=[tells])
+        self.display = self.start(*command, "-displayfd", tells, "-noreset", "-nolisten", "tcp",
+                                  pass_fds=[tells])
         os.close(tells)
         with os.fdopen(told) as number:
             os.environ.update(DISPLAY=":" + number.readline().strip(), QT_QPA_PLATFORM="xcb")
