@@ -18,7 +18,6 @@
 #include "platform/qt/qt_icon.h"
 #include "platform/qt/qt_loop.h"
 #include "platform/qt/qt_pictures.h"
-#include "platform/qt/qt_screens.h"
 #include "platform/qt/qt_signals.h"
 #include "platform/qt/qt_system.h"
 #include "platform/qt/qt_window.h"
@@ -107,7 +106,6 @@ int main(int count, char** arguments) {
     if (!commandLine.empty()) player.Prepare();
     PrepareApplication();
 
-    const QtScreens screens;
     QtWindow window(loop);
     QtDialogs dialogs(window);
     QtPictures pictures;

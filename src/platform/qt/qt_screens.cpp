@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QWindow>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 #include "platform/qt/qt_move.h"
@@ -41,12 +42,6 @@ void BringBack(QWindow& window) {
     if (place) MoveTo(window, ToQRect(*place).marginsRemoved(frame).topLeft());
 }
 
-void BringAllBack() {
-    for (QWindow* window : QGuiApplication::topLevelWindows())
-        if (window->isVisible() && window->type() != Qt::Popup && window->type() != Qt::ToolTip)
-            BringBack(*window);
-}
-
 } // namespace
 
 std::optional<Rect> PlaceOnScreens(const Rect& window, std::span<const Rect> screens) {
@@ -60,20 +55,28 @@ std::optional<Rect> PlaceOnScreens(const Rect& window, std::span<const Rect> scr
     return unseen.isEmpty() ? std::nullopt : nearest;
 }
 
-QtScreens::QtScreens() {
+QtScreens::QtScreens(std::function<void()> changed) : m_changed(std::move(changed)) {
     for (const QScreen* screen : QGuiApplication::screens())
         Watch(*screen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this,
             [this](const QScreen* screen) { Watch(*screen); });
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &QtScreens::BringBackSoon);
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &QtScreens::FollowSoon);
 }
 
 void QtScreens::Watch(const QScreen& screen) {
-    connect(&screen, &QScreen::geometryChanged, this, &QtScreens::BringBackSoon);
+    connect(&screen, &QScreen::geometryChanged, this, &QtScreens::FollowSoon);
+    connect(&screen, &QScreen::logicalDotsPerInchChanged, this, &QtScreens::FollowSoon);
 }
 
-void QtScreens::BringBackSoon() {
-    QTimer::singleShot(0, this, &BringAllBack);
+void QtScreens::FollowSoon() {
+    QTimer::singleShot(0, this, &QtScreens::Follow);
     // Meanwhile a manager may have moved a window, and another scale has given it another size.
-    QTimer::singleShot(kSettledMs, this, &BringAllBack);
+    QTimer::singleShot(kSettledMs, this, &QtScreens::Follow);
+}
+
+void QtScreens::Follow() const {
+    m_changed();
+    for (QWindow* window : QGuiApplication::topLevelWindows())
+        if (window->isVisible() && window->type() != Qt::Popup && window->type() != Qt::ToolTip)
+            BringBack(*window);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QObject>
+#include <functional>
 #include <optional>
 #include <span>
 
@@ -20,11 +21,16 @@ class QScreen;
 /// nobody else would.
 class QtScreens : public QObject {
 public:
-    QtScreens();
+    /// `changed` is called whenever a screen has gone or has another size or scale, before any
+    /// window is brought back.
+    explicit QtScreens(std::function<void()> changed);
 
 private:
     void Watch(const QScreen& screen);
     /// Once the toolkit itself knows of all that has changed, and once more when others have
     /// answered it.
-    void BringBackSoon();
+    void FollowSoon();
+    void Follow() const;
+
+    std::function<void()> m_changed;
 };

@@ -66,7 +66,8 @@ QRegion WithNeighbours(const QRegion& region) {
 
 QtWindow::QtWindow(QtLoop& loop)
     : m_loop(loop), m_store(this), m_move(*this, [this] { FollowScale(); }),
-      m_toolTip([this] { m_look.Follow(); }), m_isCutByServer(HasServer()) {
+      m_screens([this] { FollowScale(); }), m_toolTip([this] { m_look.Follow(); }),
+      m_isCutByServer(HasServer()) {
     QSurfaceFormat format = requestedFormat();
     // Where it isn't needed it would be cleared before each painting.
     format.setAlphaBufferSize(m_isCutByServer ? -1 : 8);
@@ -268,6 +269,9 @@ void QtWindow::AskForSize() {
     setMaximumSize(place.size());
     setGeometry(place);
     ShowShape(m_shown);
+    // Nor does it give the store as many pixels as the scale wants, where there was none until now.
+    m_store.resize(m_store.size());
+    Paint(QRect(QPoint(0, 0), m_store.size()));
 }
 
 void QtWindow::LosePointer() {

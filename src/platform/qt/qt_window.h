@@ -9,6 +9,7 @@
 #include "platform/qt/qt_look.h"
 #include "platform/qt/qt_loop.h"
 #include "platform/qt/qt_move.h"
+#include "platform/qt/qt_screens.h"
 #include "platform/qt/qt_tool_tip.h"
 #include "platform/window.h"
 #include "state/form_events.h"
@@ -69,7 +70,7 @@ private:
     /// The platform has minimised the window, or brought it back.
     void FollowState();
     void TellVisibility(const Scene& now);
-    /// The window may be on a screen of another scale, or a manager's move may have ended.
+    /// The window may be at another scale, or a manager's move may have ended.
     void FollowScale();
     /// Has the X server, which counts in its own pixels, know size and shape anew. Elsewhere the
     /// platform does it.
@@ -90,6 +91,7 @@ private:
     QtLabels m_labels;
     QtLook m_look;
     QtMove m_move;
+    QtScreens m_screens;
     QtToolTip m_toolTip;
     const bool m_isCutByServer; ///< To the form's region. Elsewhere transparent pixels do it.
     Form* m_form = nullptr;
