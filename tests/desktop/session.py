@@ -3,8 +3,8 @@
 # started in a session ends with it. Each wait is for a condition.
 #
 # As a program it runs a command in a session: session.py PART... -- COMMAND...
-# The parts are display or screens, sound or shared_sound, manager, bus; SESSION_DIRECTORY is the session's own
-# directory.
+# The parts are display or screens, sound or shared_sound, manager, bus; SESSION_DIRECTORY is the
+# session's own directory.
 import contextlib
 import os
 import pathlib
