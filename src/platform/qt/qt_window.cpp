@@ -54,6 +54,10 @@ Integer ShiftSet(Qt::KeyboardModifiers keys) {
                                 (keys & Qt::AltModifier ? 4 : 0));
 }
 
+QSize ClientSize(const Scene& scene) {
+    return QSize(scene.Client.Right, scene.Client.Bottom);
+}
+
 // The region with one more pixel on each side of its pieces.
 QRegion WithNeighbours(const QRegion& region) {
     QRegion wider;
@@ -95,7 +99,7 @@ void QtWindow::ShowFirst() {
     ShowCaption(m_shown);
     m_sizedRatio = devicePixelRatio();
     CentreOnScreen();
-    Paint(QRect(QPoint(0, 0), m_store.size()));
+    Paint(WholeStore());
     show();
     TellVisibility(m_shown);
 }
@@ -134,7 +138,7 @@ QRegion QtWindow::TakeDamage() {
     if (now.Caption != m_shown.Caption) ShowCaption(now);
     if (now.State != m_shown.State && now.State == WindowState::Minimised) Minimise();
     TellVisibility(now);
-    if (otherShape) return QRect(QPoint(0, 0), m_store.size());
+    if (otherShape) return WholeStore();
     QRegion damage;
     for (const Rect& rect : DamageBetween(m_shown, now))
         damage += ToQRect(rect);
@@ -159,18 +163,21 @@ void QtWindow::FindPlace() {
 }
 
 void QtWindow::ShowSize(const Scene& now) {
-    const QSize client(now.Client.Right, now.Client.Bottom);
+    const QSize client = ClientSize(now);
     // A change of size would move the window to where the toolkit thinks it is.
     if (m_shown.Client != now.Client) FindPlace();
     setMinimumSize(client);
     setMaximumSize(client);
     resize(client);
-    ResizeStore(now);
+    m_store.resize(StoreSize(now));
 }
 
-void QtWindow::ResizeStore(const Scene& now) {
-    const QSize client(now.Client.Right, now.Client.Bottom);
-    m_store.resize(m_isForced ? client.expandedTo(size()) : client);
+QSize QtWindow::StoreSize(const Scene& now) const {
+    return m_isForced ? ClientSize(now).expandedTo(size()) : ClientSize(now);
+}
+
+QRect QtWindow::WholeStore() const {
+    return QRect(QPoint(0, 0), m_store.size());
 }
 
 void QtWindow::ShowFrame(const Scene& now) {
@@ -230,7 +237,7 @@ void QtWindow::exposeEvent(QExposeEvent*) {
 
 void QtWindow::paintEvent(QPaintEvent* event) {
     // At another scale the store is a new one.
-    if (m_paintedRatio != devicePixelRatio()) m_unpainted = QRect(QPoint(0, 0), m_store.size());
+    if (m_paintedRatio != devicePixelRatio()) m_unpainted = WholeStore();
     Paint(std::exchange(m_unpainted, {}));
     // The display has lost it, but the store hasn't.
     m_store.flush(event->region());
@@ -239,20 +246,18 @@ void QtWindow::paintEvent(QPaintEvent* event) {
 void QtWindow::resizeEvent(QResizeEvent*) {
     if (!m_isUp) return;
     // Of a size that is still on its way nothing has to be painted.
-    const QSize client(m_shown.Client.Right, m_shown.Client.Bottom);
-    m_isForced = size() != client;
-    if (m_store.size() == (m_isForced ? client.expandedTo(size()) : client)) return;
-    ResizeStore(m_shown);
-    Paint(QRect(QPoint(0, 0), m_store.size()));
+    m_isForced = size() != ClientSize(m_shown);
+    if (m_store.size() == StoreSize(m_shown)) return;
+    m_store.resize(StoreSize(m_shown));
+    Paint(WholeStore());
 }
 
 void QtWindow::FollowScale() {
+    if (!m_isUp || !m_isCutByServer) return;
     const double ratio = devicePixelRatio();
-    const QSize client(m_shown.Client.Right, m_shown.Client.Bottom);
+    const bool isOtherScale = std::exchange(m_sizedRatio, ratio) != ratio;
     // While a manager moves it to a screen of another scale it lets it have no other size.
-    if (m_isUp && m_isCutByServer &&
-        (std::exchange(m_sizedRatio, ratio) != ratio || size() != client))
-        AskForSize();
+    if (isOtherScale || size() != ClientSize(m_shown)) AskForSize();
 }
 
 void QtWindow::AskForSize() {
@@ -260,7 +265,7 @@ void QtWindow::AskForSize() {
     // the other screen again, and shrink, without end.
     QRect place(PlaceOnServer(*this).value_or(position()), size());
     const QPoint middle = place.center();
-    place.setSize(QSize(m_shown.Client.Right, m_shown.Client.Bottom));
+    place.setSize(ClientSize(m_shown));
     place.moveCenter(middle);
     // The toolkit passes on what is new to it alone, and none of it is.
     setMinimumSize(QSize());
@@ -271,7 +276,7 @@ void QtWindow::AskForSize() {
     ShowShape(m_shown);
     // Nor does it give the store as many pixels as the scale wants, where there was none until now.
     m_store.resize(m_store.size());
-    Paint(QRect(QPoint(0, 0), m_store.size()));
+    Paint(WholeStore());
 }
 
 void QtWindow::LosePointer() {
@@ -328,7 +333,7 @@ void QtWindow::Paint(const QRegion& changed) {
     }
     const double ratio = devicePixelRatio();
     const bool isOtherScale = std::exchange(m_paintedRatio, ratio) != ratio;
-    const QRegion region = isOtherScale ? QRegion(QRect(QPoint(0, 0), m_store.size())) : changed;
+    const QRegion region = isOtherScale ? QRegion(WholeStore()) : changed;
     m_store.beginPaint(region);
     // Where a piece ends within a device pixel its neighbours belong to it: clearing, painting and
     // clipping round otherwise there, and would leave seams.

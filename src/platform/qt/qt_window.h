@@ -66,7 +66,9 @@ private:
     void ShowShape(const Scene& now);
     void ShowSize(const Scene& now);
     void ShowCaption(const Scene& now);
-    void ResizeStore(const Scene& now);
+    /// What the store has to have: more than the client area where a manager enforces it.
+    [[nodiscard]] QSize StoreSize(const Scene& now) const;
+    [[nodiscard]] QRect WholeStore() const;
     /// The platform has minimised the window, or brought it back.
     void FollowState();
     void TellVisibility(const Scene& now);
